@@ -1,0 +1,7 @@
+#include "HostApplication.h"
+
+HostApplication* hostApplication()
+{
+  static HostApplication app;
+  return &app;
+}

@@ -1,0 +1,3 @@
+#pragma once
+
+#define HOST_EXPORT __attribute__((visibility("default")))

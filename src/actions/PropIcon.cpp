@@ -1,0 +1,3 @@
+#include "PropIcon.h"
+
+PropIcon::~PropIcon() = default;

@@ -1,0 +1,199 @@
+#include "PropUiQControl.h"
+
+#include "HostDocManager.h"
+#include "PropBag.h"
+#include "PropUiActionToolButtonsCtrl.h"
+#include "PropUiCommonToolTipFilter.h"
+#include "PropUiFocusReactorFilter.h"
+#include "PropUiQDefaultFormatter.h"
+#include "PropUiRedirectFocusPolicyFilter.h"
+#include "QHostMessageBoxOd.h"
+#include <QTimer>
+
+PropUiQControl::PropUiQControl(QWidget* parent)
+  : PropUiQWidget(parent), m_formatter(new PropUiQDefaultFormatter(this))
+{
+}
+
+// Toolbar, filters and formatter are Qt children; the bag is never ours.
+PropUiQControl::~PropUiQControl() = default;
+
+bool PropUiQControl::setupUi()
+{
+  if (m_actionsToolbar)
+    m_actionsToolbar->setupUi();
+  useToolTipFilter(this);
+  return true;
+}
+
+void PropUiQControl::updateUi()
+{
+  if (m_actionsToolbar)
+    m_actionsToolbar->updateUi();
+  if (m_toolTipFilter)
+    m_toolTipFilter->update();
+}
+
+void PropUiQControl::setPropBagItem(PropBag* bag, int index)
+{
+  if (m_formatter)
+    m_formatter->setPropBag(bag);
+  if (m_actionsToolbar)
+    m_actionsToolbar->setPropBagItem(bag, index);
+  if (m_focusReactorFilter)
+    m_focusReactorFilter->setPropBagItem(bag, index);
+  if (m_toolTipFilter)
+    m_toolTipFilter->setPropBagItem(bag, index);
+  m_bag = bag;
+  m_index = index;
+  m_isPropertyElement = false;
+}
+
+void PropUiQControl::setPropBagItem(PropBag* bag, int index, unsigned long element)
+{
+  if (m_formatter)
+    m_formatter->setPropBag(bag);
+  if (m_actionsToolbar)
+    m_actionsToolbar->setPropBagItem(bag, index, element);
+  if (m_focusReactorFilter)
+    m_focusReactorFilter->setPropBagItem(bag, index, element);
+  if (m_toolTipFilter)
+    m_toolTipFilter->setPropBagItem(bag, index, element);
+  m_bag = bag;
+  m_index = index;
+  m_element = element;
+  m_isPropertyElement = true;
+}
+
+void PropUiQControl::disableActionsToolbar(bool disable)
+{
+  m_actionsToolbarDisabled = disable;
+}
+
+void PropUiQControl::updateData()
+{
+  if (m_actionsToolbar)
+    m_actionsToolbar->updateData();
+}
+
+int PropUiQControl::getOptions() const
+{
+  return m_options;
+}
+
+void PropUiQControl::setOptions(int options)
+{
+  m_options = options;
+}
+
+void PropUiQControl::onUpdateDisplay()
+{
+  if (HostDocManager())
+    HostUpdateDisplay();
+}
+
+bool PropUiQControl::isVaries() const
+{
+  return false;
+}
+
+void PropUiQControl::setVaries(bool) {}
+
+PropUiQFormatter* PropUiQControl::getFormatter() const
+{
+  return m_formatter;
+}
+
+void PropUiQControl::setFormatter(PropUiQFormatter* formatter)
+{
+  m_formatter = formatter;
+}
+
+PropUiActionToolButtonsCtrl* PropUiQControl::createActionsToolBar()
+{
+  if (m_actionsToolbar)
+  {
+    delete m_actionsToolbar.data();
+    m_actionsToolbar = nullptr;
+  }
+  if (!m_bag || !(m_bag->getFlags(m_index) & PropBag::kHasActions))
+    return nullptr;
+  if (!m_actionsToolbarDisabled)
+  {
+    auto* toolbar = new PropUiActionToolButtonsCtrl(this);
+    toolbar->setObjectName(QStringLiteral("actionsToolbar"));
+    toolbar->setOptions(kNoFocusButtons);
+    toolbar->setPropBagItem(m_bag, m_index, m_element);
+    toolbar->setupUi();
+    toolbar->updateUi();
+    m_actionsToolbar = toolbar;
+  }
+  return m_actionsToolbar ? m_actionsToolbar.data() : nullptr;
+}
+
+bool PropUiQControl::showInfoMessage(const OdString& message)
+{
+  return postMessage(message, false);
+}
+
+bool PropUiQControl::showErrorMessage(const OdString& message)
+{
+  return postMessage(message, true);
+}
+
+// The box must not open inside the focus or key event that caused the write.
+bool PropUiQControl::postMessage(const OdString& message, bool error)
+{
+  if (m_messagesSuppressed || message.isEmpty())
+    return false;
+  const OdString text = message;
+  QTimer::singleShot(0, [text, error]() {
+    if (error)
+      host_qt_ui::QHostMessageBoxOd::critical(text, host_qt_ui::QHostMessageBoxOd::Ok);
+    else
+      host_qt_ui::QHostMessageBoxOd::information(text, host_qt_ui::QHostMessageBoxOd::Ok);
+  });
+  return true;
+}
+
+void PropUiQControl::useFocusReactor(QWidget* widget)
+{
+  if (!m_focusReactorFilter)
+  {
+    m_focusReactorFilter = new PropUiFocusReactorFilter(this);
+    installEventFilter(m_focusReactorFilter);
+    if (m_bag)
+    {
+      if (m_isPropertyElement)
+        m_focusReactorFilter->setPropBagItem(m_bag, m_index, m_element);
+      else
+        m_focusReactorFilter->setPropBagItem(m_bag, m_index);
+    }
+  }
+  if (widget && widget != this)
+    widget->installEventFilter(m_focusReactorFilter);
+}
+
+void PropUiQControl::useFocusRedirect(QWidget* widget, QWidget* target)
+{
+  QWidget* owner = target ? target : this;
+  auto* filter = new PropUiRedirectFocusPolicyFilter(owner);
+  filter->setup(widget, owner);
+}
+
+void PropUiQControl::useToolTipFilter(QWidget* widget)
+{
+  if (!m_toolTipFilter && (m_options & kToolTipFilter))
+  {
+    m_toolTipFilter = new PropUiCommonToolTipFilter(this);
+    if (m_bag)
+    {
+      if (m_isPropertyElement)
+        m_toolTipFilter->setPropBagItem(m_bag, m_index, m_element);
+      else
+        m_toolTipFilter->setPropBagItem(m_bag, m_index);
+    }
+  }
+  if (widget && m_toolTipFilter)
+    widget->installEventFilter(m_toolTipFilter);
+}

@@ -1,0 +1,3 @@
+#include "PropUiQWidget.h"
+
+PropUiQWidget::PropUiQWidget(QWidget* parent) : QWidget(parent) {}

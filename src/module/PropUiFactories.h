@@ -1,0 +1,122 @@
+#pragma once
+
+// The shapes of the built-in factories. A factory holds nothing but its
+// interface pointer (the registry deletes it through the interface), so each
+// kind is a stateless template over the control it makes.
+
+#include "PropUiQWidget.h"
+#include "PropUiQWidgetFactory.h"
+#include <type_traits>
+
+namespace propui
+{
+
+/** Option bit every built-in factory copies from the caller into the control. */
+constexpr int kFactoryToolTipBit = 0x40;
+
+/** Finishes a control the way every factory does: the caller's tool-tip bit is kept. */
+template <class Control>
+Control* withToolTipBit(Control* control, int options)
+{
+  control->setOptions(control->getOptions() | (options & kFactoryToolTipBit));
+  return control;
+}
+
+/** Makes the control and keeps only the caller's tool-tip bit. */
+template <class Control>
+class PlainFactory : public PropUiQWidgetFactory
+{
+public:
+  PropUiQWidget* createWidget(int options, QWidget* parent) override
+  {
+    return withToolTipBit(new Control(parent), options);
+  }
+  PropUiQWidget* createEditor(int options, QWidget* parent) override { return createWidget(options, parent); }
+};
+
+/** Hands the caller's whole option word to the control, whose bits then mean what it makes of them. */
+template <class Control>
+class PassOptionsFactory : public PropUiQWidgetFactory
+{
+public:
+  PropUiQWidget* createWidget(int options, QWidget* parent) override
+  {
+    auto* control = new Control(parent);
+    control->setOptions(options);
+    return withToolTipBit(control, options);
+  }
+  PropUiQWidget* createEditor(int options, QWidget* parent) override { return createWidget(options, parent); }
+};
+
+/** Option bit: the multi-line form of a line-edit kind. */
+constexpr int kFactoryMultiLineBit = 0x8;
+/** Option bit: the text-combo form of a value kind. */
+constexpr int kFactoryTextComboBit = 0x2;
+/** Option bit the plain line-edit form takes over from the caller (elided text). */
+constexpr int kFactoryElidedBit = 0x10000;
+
+/**
+ * A line-edit kind: the multi-line form for 0x8, the text combo for the
+ * combo bits (when the kind has one), otherwise the plain control, which
+ * also keeps the caller's 0x10000. Editor, when not void, is the bare
+ * control an item view gets instead, built without any option step.
+ */
+template <class Control, class MultiLine, class TextCombo, int ComboBits, class Editor = void>
+class LineEditFactory : public PropUiQWidgetFactory
+{
+public:
+  PropUiQWidget* createWidget(int options, QWidget* parent) override
+  {
+    PropUiQWidget* control = nullptr;
+    if (options & kFactoryMultiLineBit)
+      control = new MultiLine(parent);
+    else if (ComboBits != 0 && (options & ComboBits))
+      control = makeCombo(parent);
+    if (!control)
+    {
+      control = new Control(parent);
+      if (options & kFactoryElidedBit)
+        control->setOptions(control->getOptions() | kFactoryElidedBit);
+    }
+    return withToolTipBit(control, options);
+  }
+  PropUiQWidget* createEditor(int options, QWidget* parent) override
+  {
+    if constexpr (std::is_void<Editor>::value)
+      return createWidget(options, parent);
+    else
+      return new Editor(parent);
+  }
+
+private:
+  static PropUiQWidget* makeCombo(QWidget* parent)
+  {
+    if constexpr (std::is_void<TextCombo>::value)
+      return nullptr;
+    else
+      return new TextCombo(parent);
+  }
+};
+
+/**
+ * A choice kind (check boxes, switches): the text combo for 0x2, otherwise
+ * the control, which is handed the caller's whole option word when
+ * PassOptions is set.
+ */
+template <class Control, class TextCombo, bool PassOptions>
+class ChoiceFactory : public PropUiQWidgetFactory
+{
+public:
+  PropUiQWidget* createWidget(int options, QWidget* parent) override
+  {
+    if (options & kFactoryTextComboBit)
+      return withToolTipBit(new TextCombo(parent), options);
+    auto* control = new Control(parent);
+    if (PassOptions)
+      control->setOptions(options);
+    return withToolTipBit(control, options);
+  }
+  PropUiQWidget* createEditor(int options, QWidget* parent) override { return createWidget(options, parent); }
+};
+
+} // namespace propui

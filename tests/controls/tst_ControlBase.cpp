@@ -1,0 +1,251 @@
+#include "HostDocManager.h"
+#include "PropUiActionToolButtonsCtrl.h"
+#include "PropUiCommonToolTipFilter.h"
+#include "PropUiFocusReactorFilter.h"
+#include "PropUiQControl.h"
+#include "PropUiQDefaultFormatter.h"
+#include "QHostMessageBoxOd.h"
+#include "RecordingBag.h"
+#include <QtTest>
+#include <QtWidgets>
+
+using host_qt_ui::QHostMessageBoxOd;
+
+namespace
+{
+
+struct Shown
+{
+  QHostMessageBoxOd::Kind kind;
+  QString text;
+  int buttons;
+};
+
+class CountingDocManager : public HostDocumentManager
+{
+public:
+  void updateDisplay() override { ++redraws; }
+  int redraws = 0;
+};
+
+/** A control that lets the tests flip the base's message switch. */
+class ProbeControl : public PropUiQControl
+{
+public:
+  using PropUiQControl::setMessagesSuppressed;
+};
+
+} // namespace
+
+class TestControlBase : public QObject
+{
+  Q_OBJECT
+
+  QVector<Shown> m_shown;
+
+private slots:
+  void init()
+  {
+    m_shown.clear();
+    QHostMessageBoxOd::setInterceptor([this](QHostMessageBoxOd::Kind kind, const QString& text, int buttons) {
+      m_shown.append({kind, text, buttons});
+      return int(QHostMessageBoxOd::Ok);
+    });
+  }
+  void cleanup() { QHostMessageBoxOd::setInterceptor(QHostMessageBoxOd::Interceptor()); }
+
+  void bindingFormsAndPropagation()
+  {
+    RecordingBag bag;
+    bag.addItem(QStringLiteral("Width"));
+    bag.addItem(QStringLiteral("Vertices"));
+    PropUiQControl control;
+    QCOMPARE(control.itemIndex(), -1);
+    QVERIFY(!control.propBag());
+    QVERIFY(control.getFormatter());
+    QCOMPARE(control.getFormatter()->parent(), &control);
+
+    control.setPropBagItem(&bag, 1, 4);
+    QVERIFY(control.isPropertyElement());
+    QCOMPARE(control.element(), 4ul);
+    QCOMPARE(control.getFormatter()->propBag(), &bag);
+
+    // The two-argument form clears the flag but leaves the element as it was.
+    control.setPropBagItem(&bag, 0);
+    QVERIFY(!control.isPropertyElement());
+    QCOMPARE(control.element(), 4ul);
+    QCOMPARE(control.itemIndex(), 0);
+
+    PropUiQDefaultFormatter other(nullptr);
+    control.setFormatter(&other);
+    QCOMPARE(control.getFormatter(), &other);
+    control.setFormatter(nullptr);
+    control.setPropBagItem(&bag, 0); // no formatter: the step is skipped
+    QCOMPARE(other.propBag(), nullptr);
+  }
+
+  void unboundControlDoesNothing()
+  {
+    PropUiQControl control;
+    QVERIFY(control.setupUi());
+    control.updateUi();
+    control.updateData();
+    QVERIFY(!control.createActionsToolBar());
+    QVERIFY(!control.isVaries());
+    QVERIFY(control.findChildren<QWidget*>().isEmpty());
+  }
+
+  void actionsToolbarFollowsTheItemFlag()
+  {
+    RecordingBag bag;
+    const int plain = bag.addItem(QStringLiteral("Plain"));
+    const int withActions = bag.addItem(QStringLiteral("Style"));
+    bag.item(withActions).flags = PropBag::kHasActions;
+    bag.item(withActions).actions.append(OdSharedPtr<PropAction>(new TestAction(QStringLiteral("Edit"))));
+
+    PropUiQControl control;
+    control.setPropBagItem(&bag, withActions);
+    PropUiActionToolButtonsCtrl* toolbar = control.createActionsToolBar();
+    QVERIFY(toolbar);
+    QCOMPARE(toolbar->parentWidget(), &control);
+    QCOMPARE(toolbar->getOptions(), 0x1000000);
+    QVERIFY(toolbar->isPropertyElement()); // always the element form, with the stored element
+    QCOMPARE(toolbar->element(), 0ul);
+    QPointer<PropUiActionToolButtonsCtrl> first = toolbar;
+
+    // A rebuild replaces the toolbar; an item without the flag destroys it.
+    QVERIFY(control.createActionsToolBar());
+    QVERIFY(!first);
+    QPointer<PropUiActionToolButtonsCtrl> second = control.findChild<PropUiActionToolButtonsCtrl*>();
+    control.setPropBagItem(&bag, plain);
+    QVERIFY(!control.createActionsToolBar());
+    QVERIFY(!second);
+
+    control.setPropBagItem(&bag, withActions);
+    control.disableActionsToolbar(true);
+    QVERIFY(!control.createActionsToolBar());
+    QVERIFY(!control.findChild<PropUiActionToolButtonsCtrl*>());
+
+    // Rebinding the control rebinds the toolbar with it.
+    control.disableActionsToolbar(false);
+    toolbar = control.createActionsToolBar();
+    control.setPropBagItem(&bag, withActions, 9);
+    QCOMPARE(toolbar->element(), 9ul);
+    control.setPropBagItem(&bag, plain);
+    QVERIFY(!toolbar->isPropertyElement());
+    QCOMPARE(toolbar->itemIndex(), plain);
+  }
+
+  void messagesAreDeferredAndCanBeSuppressed_data()
+  {
+    QTest::addColumn<bool>("error");
+    QTest::addColumn<int>("kind");
+    QTest::newRow("error") << true << int(QHostMessageBoxOd::Critical);
+    QTest::newRow("information") << false << int(QHostMessageBoxOd::Information);
+  }
+
+  void messagesAreDeferredAndCanBeSuppressed()
+  {
+    QFETCH(bool, error);
+    QFETCH(int, kind);
+    ProbeControl control;
+    auto show = [&](const char* text) {
+      const OdString message(text);
+      return error ? control.showErrorMessage(message) : control.showInfoMessage(message);
+    };
+
+    QVERIFY(!show(""));
+    control.setMessagesSuppressed(true);
+    QVERIFY(!show("Radius must be positive"));
+    control.setMessagesSuppressed(false);
+    QVERIFY(show("Radius must be positive"));
+    QVERIFY(m_shown.isEmpty()); // never inside the event that caused it
+    QTRY_COMPARE(m_shown.size(), 1);
+    QCOMPARE(int(m_shown[0].kind), kind);
+    QCOMPARE(m_shown[0].text, QStringLiteral("Radius must be positive"));
+    QCOMPARE(m_shown[0].buttons, 0x400);
+    QCoreApplication::processEvents();
+    QCOMPARE(m_shown.size(), 1);
+  }
+
+  void toolTipFilterNeedsTheOptionBit()
+  {
+    RecordingBag bag;
+    bag.addItem(QStringLiteral("Width"));
+    PropUiQControl without;
+    without.setPropBagItem(&bag, 0);
+    without.setupUi();
+    QVERIFY(!without.findChild<PropUiCommonToolTipFilter*>());
+
+    PropUiQControl with;
+    with.setOptions(0x40);
+    with.setPropBagItem(&bag, 0, 2);
+    with.setupUi();
+    QLabel inner(&with);
+    with.useToolTipFilter(&inner);
+    const auto filters = with.findChildren<PropUiCommonToolTipFilter*>();
+    QCOMPARE(filters.size(), 1);
+    QVERIFY(filters[0]->isBoundWithSubIndex());
+    QCOMPARE(filters[0]->subIndex(), 2ul);
+
+    with.updateUi();
+    QVERIFY(bag.called(QStringLiteral("getDescription")));
+  }
+
+  void focusReactorIsCreatedOnceAndBound()
+  {
+    RecordingBag bag;
+    bag.addItem(QStringLiteral("Width"));
+    PropUiQControl control;
+    control.setPropBagItem(&bag, 0, 3);
+    QLineEdit a(&control), b(&control);
+    control.useFocusReactor(&a);
+    control.useFocusReactor(&b);
+    control.useFocusReactor(nullptr);
+    const auto filters = control.findChildren<PropUiFocusReactorFilter*>();
+    QCOMPARE(filters.size(), 1);
+    QCOMPARE(filters[0]->propBag(), &bag);
+    QCOMPARE(filters[0]->subIndex(), 3ul);
+    control.setPropBagItem(&bag, 0);
+    QVERIFY(!filters[0]->isBoundWithSubIndex());
+  }
+
+  void redrawOnlyWithADocumentManager()
+  {
+    PropUiQControl control;
+    control.onUpdateDisplay(); // no manager: nothing to call
+    CountingDocManager manager;
+    hostSetDocManager(&manager);
+    control.onUpdateDisplay();
+    hostSetDocManager(nullptr);
+    QCOMPARE(manager.redraws, 1);
+  }
+
+  void defaultFormatterAsksTheBag()
+  {
+    RecordingBag bag;
+    const int item = bag.addItem(QStringLiteral("Style"));
+    bag.item(item).icons.insert(7, QIcon(QPixmap(4, 4)));
+    PropUiQDefaultFormatter formatter(nullptr);
+    PropVariant value;
+    value.setInt32(12);
+    QVERIFY(formatter.getText(item, value).isNull()); // no bag yet
+    formatter.setPropBag(&bag);
+    QCOMPARE(formatter.getText(item, value), QStringLiteral("12"));
+    QVERIFY(formatter.getText(item, PropVariant()).isNull()); // the bag cannot format it
+    QVERIFY(formatter.getIcon(item, value).isNull());
+    QVERIFY(formatter.getChoiceIcon(item, value, 7).value<QIcon>().availableSizes().size() > 0);
+    QVERIFY(!formatter.getChoiceIcon(item, value, 8).isValid());
+
+    const OdStringArray names{OdString(L"Solid"), OdString(L"Dashed")};
+    const OdUInt64Array keys{7, 8};
+    QCOMPARE(formatter.getValueListTexts(item, value, names, keys), QStringList({QStringLiteral("Solid"), QStringLiteral("Dashed")}));
+    const QVariantList icons = formatter.getValueListIcons(item, value, names, keys);
+    QCOMPARE(icons.size(), 2);
+    QVERIFY(icons[0].isValid() && !icons[1].isValid());
+    QCOMPARE(formatter.getNameListIcons(item, value, names).size(), 2);
+  }
+};
+
+QTEST_MAIN(TestControlBase)
+#include "tst_ControlBase.moc"
