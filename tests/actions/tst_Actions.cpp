@@ -1,0 +1,242 @@
+#include "HostQtStyleManager.h"
+#include "PropUiActionPushButtonsCtrl.h"
+#include "PropUiActionToolButtonsCtrl.h"
+#include "PropUiIcons.h"
+#include "PropUiPlaceholder.h"
+#include "PropUiQAction.h"
+#include "PropUiQActionsToolBar.h"
+#include "RecordingBag.h"
+#include <QtTest>
+#include <QtWidgets>
+
+namespace
+{
+
+/** A control that counts how often it was asked to re-read its value. */
+class CountingControl : public PropUiQControl
+{
+public:
+  void updateData() override
+  {
+    PropUiQControl::updateData();
+    ++reads;
+  }
+  int reads = 0;
+};
+
+QImage pictureOf(const QIcon& icon)
+{
+  return icon.pixmap(16, 16).toImage();
+}
+
+QList<QAbstractButton*> buttonsOf(QWidget& control)
+{
+  QList<QAbstractButton*> buttons = control.findChildren<QAbstractButton*>();
+  std::sort(buttons.begin(), buttons.end(), [](QAbstractButton* a, QAbstractButton* b) { return a->x() < b->x(); });
+  return buttons;
+}
+
+int addActions(RecordingBag& bag, int count)
+{
+  const int item = bag.addItem(QStringLiteral("Tools"));
+  for (int i = 0; i < count; ++i)
+    bag.item(item).actions.append(OdSharedPtr<PropAction>(new TestAction(QStringLiteral("Command %1").arg(i))));
+  return item;
+}
+
+} // namespace
+
+class TestActions : public QObject
+{
+  Q_OBJECT
+
+private slots:
+  void mirrorCopiesTheActionAndResetsForNull()
+  {
+    TestAction toggle(QStringLiteral("Lock"), false);
+    toggle.isCheckable = true;
+    toggle.isChecked = true;
+    toggle.iconToGive = QIcon(QPixmap(8, 8));
+    PropUiQAction mirror(nullptr);
+    QVERIFY(!mirror.getPropAction());
+    mirror.setPropAction(&toggle);
+    QCOMPARE(mirror.getPropAction(), &toggle);
+    QCOMPARE(mirror.iconText(), QStringLiteral("Lock"));
+    QVERIFY(mirror.isCheckable() && mirror.isChecked() && !mirror.isEnabled());
+    QVERIFY(!mirror.icon().isNull());
+
+    mirror.setPropAction(nullptr);
+    QVERIFY(!mirror.getPropAction());
+    QVERIFY(!mirror.isCheckable() && !mirror.isChecked() && mirror.isEnabled());
+    QVERIFY(mirror.icon().isNull());
+    QVERIFY(mirror.iconText().isEmpty());
+  }
+
+  void missingPicturesFallBackToTheThemedButton_data()
+  {
+    QTest::addColumn<int>("theme");
+    QTest::newRow("dark") << 0;
+    QTest::newRow("light") << 1;
+  }
+
+  void missingPicturesFallBackToTheThemedButton()
+  {
+    QFETCH(int, theme);
+    hostGetQtStyleManager()->setTheme(theme);
+    TestAction plain; // every default: no caption, no picture
+    PropUiQAction mirror(nullptr);
+    mirror.setPropAction(&plain);
+    QVERIFY(mirror.isEnabled() && !mirror.isCheckable());
+    QVERIFY(mirror.iconText().isEmpty());
+    QVERIFY(!mirror.icon().isNull());
+    QCOMPARE(pictureOf(mirror.icon()), pictureOf(propUiGetIcon(QStringLiteral("default_button"))));
+
+    // A placeholder's picture is present but empty: a blank, disabled button.
+    PropUiPlaceholder placeholder;
+    mirror.setPropAction(&placeholder);
+    QVERIFY(!mirror.isEnabled());
+    QVERIFY(pictureOf(mirror.icon()).isNull());
+    PropVariant in, out;
+    QVERIFY(!placeholder.execute(in, out));
+    hostGetQtStyleManager()->setTheme(1);
+  }
+
+  void buttonsFollowTheListByPosition_data()
+  {
+    QTest::addColumn<bool>("push");
+    QTest::newRow("tool buttons") << false;
+    QTest::newRow("push buttons") << true;
+  }
+
+  void buttonsFollowTheListByPosition()
+  {
+    QFETCH(bool, push);
+    RecordingBag bag;
+    const int item = addActions(bag, 3);
+    QScopedPointer<PropUiActionButtonGroupCtrl> row(push ? static_cast<PropUiActionButtonGroupCtrl*>(new PropUiActionPushButtonsCtrl)
+                                                         : new PropUiActionToolButtonsCtrl);
+    row->setPropBagItem(&bag, item);
+    QVERIFY(row->setupUi());
+    row->updateData();
+    QButtonGroup* group = row->findChild<QButtonGroup*>();
+    QCOMPARE(group->buttons().size(), 3);
+    for (int i = 0; i < 3; ++i)
+      QCOMPARE(group->id(group->buttons()[i]), i);
+
+    QTest::mouseClick(group->buttons()[1], Qt::LeftButton);
+    QCOMPARE(bag.executed.size(), 1);
+    QCOMPARE(bag.executed[0], bag.item(item).actions[1].get());
+
+    // The list shrank since the last update: the click takes the list as it is now.
+    bag.item(item).actions.resize(1);
+    QTest::mouseClick(group->buttons()[2], Qt::LeftButton);
+    QCOMPARE(bag.executed.size(), 1);
+    QCOMPARE(bag.count(QStringLiteral("getValue")), 0);
+
+    row->updateData();
+    QCOMPARE(group->buttons().size(), 1);
+    QCOMPARE(row->findChildren<QAbstractButton*>().size(), 1);
+  }
+
+  void pushButtonsCanShowIconsOnly()
+  {
+    RecordingBag bag;
+    const int item = addActions(bag, 2);
+    for (int options : {0, 0x40000})
+    {
+      PropUiActionPushButtonsCtrl row;
+      row.setOptions(options);
+      row.setPropBagItem(&bag, item);
+      row.setupUi();
+      row.updateData();
+      const QList<QAbstractButton*> buttons = buttonsOf(row);
+      QCOMPARE(buttons.size(), 2);
+      QCOMPARE(buttons[1]->toolTip(), QStringLiteral("Command 1"));
+      QCOMPARE(buttons[1]->text(), options ? QString() : QStringLiteral("Command 1"));
+    }
+  }
+
+  void focusAndAlignmentOptions()
+  {
+    RecordingBag bag;
+    const int item = addActions(bag, 2);
+    PropUiActionToolButtonsCtrl focusable;
+    focusable.setPropBagItem(&bag, item);
+    focusable.setupUi();
+    focusable.updateData();
+    QCOMPARE(buttonsOf(focusable)[0]->focusPolicy() == Qt::NoFocus, false);
+
+    PropUiActionToolButtonsCtrl inert;
+    inert.setOptions(0x1000000 | 0x20000);
+    inert.setPropBagItem(&bag, item);
+    inert.setupUi();
+    inert.updateData();
+    for (QAbstractButton* button : buttonsOf(inert))
+      QCOMPARE(button->focusPolicy(), Qt::NoFocus);
+    // Right-aligned: the buttons sit behind a leading spacer.
+    QVERIFY(inert.layout()->itemAt(0)->spacerItem());
+    QCOMPARE(inert.findChild<QButtonGroup*>()->buttons().size(), 2);
+  }
+
+  void toolbarRefreshesItsControlOnlyOnSuccess()
+  {
+    RecordingBag bag;
+    const int item = addActions(bag, 2);
+    CountingControl embedding;
+    auto* toolbar = new PropUiQActionsToolBar(&embedding);
+    toolbar->setPropBagItem(&bag, item);
+    QVERIFY(toolbar->setupUi());
+    toolbar->updateData();
+    QCOMPARE(toolbar->toolBar()->actions().size(), 2);
+
+    toolbar->toolBar()->actions()[1]->trigger();
+    QCOMPARE(bag.executed.last(), bag.item(item).actions[1].get());
+    QCOMPARE(embedding.reads, 1);
+
+    bag.item(item).executeResult = false;
+    toolbar->toolBar()->actions()[0]->trigger();
+    QCOMPARE(bag.executed.size(), 2);
+    QCOMPARE(embedding.reads, 1);
+
+    bag.item(item).actions.resize(0);
+    toolbar->updateData();
+    QVERIFY(toolbar->toolBar()->actions().isEmpty());
+  }
+
+  void buttonRowNeverRefreshes()
+  {
+    RecordingBag bag;
+    const int item = addActions(bag, 1);
+    CountingControl embedding;
+    auto* row = new PropUiActionToolButtonsCtrl(&embedding);
+    row->setPropBagItem(&bag, item);
+    row->setupUi();
+    row->updateData();
+    QTest::mouseClick(buttonsOf(*row)[0], Qt::LeftButton);
+    QCOMPARE(bag.executed.size(), 1);
+    QCOMPARE(embedding.reads, 0);
+  }
+
+  void unboundOrEmptyDoesNothing()
+  {
+    PropUiActionToolButtonsCtrl row;
+    row.setupUi();
+    row.updateData();
+    row.onIdClicked(0);
+    row.onIdClicked(-1);
+    QVERIFY(buttonsOf(row).isEmpty());
+
+    RecordingBag bag;
+    bag.addItem(QStringLiteral("No actions"));
+    row.setPropBagItem(&bag, 0);
+    row.updateData();
+    row.onIdClicked(0);
+    row.setPropBagItem(&bag, 9);
+    row.updateData();
+    row.onIdClicked(0);
+    QVERIFY(bag.executed.isEmpty());
+  }
+};
+
+QTEST_MAIN(TestActions)
+#include "tst_Actions.moc"
