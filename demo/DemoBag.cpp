@@ -1,0 +1,645 @@
+#include "DemoBag.h"
+
+#include "DemoActions.h"
+#include "DemoExpression.h"
+#include "OdStringQt.h"
+#include "PropUiGuids.h"
+#include "PropUiQIcon.h"
+#include <QDate>
+#include <QLocale>
+#include <QPainter>
+#include <QPixmap>
+#include <cmath>
+
+namespace
+{
+
+// Option bits the demo asks of its controls through the item flags:
+// tool tips from the description, and elided line edits.
+constexpr unsigned int kToolTips = 0x40;
+constexpr unsigned int kElided = 0x10000;
+
+QIcon letterIcon(const QString& letter, const QColor& color)
+{
+  QPixmap pixmap(16, 16);
+  pixmap.fill(Qt::transparent);
+  QPainter p(&pixmap);
+  p.setRenderHint(QPainter::Antialiasing);
+  p.setPen(Qt::NoPen);
+  p.setBrush(color);
+  p.drawRoundedRect(QRectF(0.5, 0.5, 15, 15), 3, 3);
+  p.setPen(Qt::white);
+  QFont font = p.font();
+  font.setPixelSize(11);
+  font.setBold(true);
+  p.setFont(font);
+  p.drawText(pixmap.rect(), Qt::AlignCenter, letter);
+  return QIcon(pixmap);
+}
+
+// An arrow pointing from the centre to one of the nine cells of a 3x3 grid.
+QIcon cellIcon(int cell)
+{
+  QPixmap pixmap(16, 16);
+  pixmap.fill(Qt::transparent);
+  QPainter p(&pixmap);
+  p.setRenderHint(QPainter::Antialiasing);
+  p.setPen(QPen(QColor(0x80, 0x86, 0x8f), 1));
+  p.setBrush(Qt::NoBrush);
+  p.drawRect(QRectF(2.5, 2.5, 11, 11));
+  p.setPen(Qt::NoPen);
+  p.setBrush(QColor(0x35, 0x74, 0xf0));
+  const QPointF dot(3.0 + (cell % 3) * 5.0, 3.0 + (cell / 3) * 5.0);
+  p.drawEllipse(dot + QPointF(0.5, 0.5), 2.2, 2.2);
+  return QIcon(pixmap);
+}
+
+PropVariant number(double d)
+{
+  PropVariant v;
+  v.setDouble(d);
+  return v;
+}
+
+PropVariant integer(int i)
+{
+  PropVariant v;
+  v.setInt32(i);
+  return v;
+}
+
+PropVariant text(const QString& s)
+{
+  PropVariant v;
+  v.setString(toOdString(s));
+  return v;
+}
+
+PropVariant boolean(bool b)
+{
+  PropVariant v;
+  v.setBool(b);
+  return v;
+}
+
+} // namespace
+
+struct DemoBag::Item
+{
+  Kind kind = Text;
+  QString name;
+  QString description;
+  QString category;
+  OdGUID guid;
+  unsigned int flags = kToolTips;
+  PropVariant value;
+  int decimals = 3;
+  bool hasRange = false;
+  int min = 0;
+  int max = 0;
+  QStringList choiceNames;
+  QVector<PropVariant> choiceValues;
+  QVector<QIcon> choiceIcons;
+  /** An error message for a value the item refuses, empty when it accepts it. */
+  std::function<QString(const PropVariant&)> check;
+  QVector<OdSharedPtr<PropAction> > actions;
+  QVector<double> elements;
+  QStringList elementCaptions;
+  /** The selection disagrees on the value (or on each element). */
+  bool mixed = false;
+  QVector<bool> elementMixed;
+  std::unique_ptr<ItemType> type;
+};
+
+class DemoBag::ItemType : public PropItemType
+{
+public:
+  ItemType(int id, const OdGUID& guid) : m_id(id), m_guid(guid) {}
+  int typeId() const override { return m_id; }
+  OdString typeName() const override { return OdString("demo"); }
+  OdGUID editorGuid() const override { return m_guid; }
+
+private:
+  int m_id;
+  OdGUID m_guid;
+};
+
+DemoBag::DemoBag()
+{
+  buildItems();
+}
+
+DemoBag::~DemoBag() = default;
+
+DemoBag::Item& DemoBag::add(Kind kind, const QString& name, const OdGUID& guid, const QString& description)
+{
+  auto item = std::make_unique<Item>();
+  item->kind = kind;
+  item->name = name;
+  item->guid = guid;
+  item->description = description;
+  // Editors pick their validators by the type's GUID: numbers are numbers whatever control shows them.
+  OdGUID typeGuid = guid;
+  if (kind == Number || kind == Vertices)
+    typeGuid = PropUiGuidDouble;
+  else if (kind == Integer)
+    typeGuid = PropUiGuidInteger;
+  else if (kind == Text)
+    typeGuid = PropUiGuidText;
+  item->type = std::make_unique<ItemType>(int(m_items.size()), typeGuid);
+  m_items.push_back(std::move(item));
+  return *m_items.back();
+}
+
+void DemoBag::buildItems()
+{
+  add(Caption, QObject::tr("General"), PropUiGuidLabel, QObject::tr("What the object is called and how it behaves"));
+
+  Item& name = add(Text, QObject::tr("Name"), PropUiGuidText, QObject::tr("The name shown in the object browser"));
+  name.value = text(QStringLiteral("Wheel hub, front left"));
+  name.flags |= kElided;
+  name.check = [](const PropVariant& v) {
+    return toQString(v.getString()).trimmed().isEmpty() ? QObject::tr("A name cannot be empty.") : QString();
+  };
+
+  Item& note = add(Text, QObject::tr("Revision note"), PropUiGuidVariant, QObject::tr("Free text kept with the object"));
+  note.value = text(QStringLiteral("Bore widened to 42 mm after the fit test of rev. C"));
+  note.flags |= kElided;
+
+  Item& visible = add(Bool, QObject::tr("Visible"), PropUiGuidBool, QObject::tr("Whether the object is drawn"));
+  visible.value = boolean(true);
+
+  Item& locked = add(Bool, QObject::tr("Locked"), PropUiGuidBoolText, QObject::tr("A locked object cannot be moved"));
+  locked.value = boolean(false);
+  locked.choiceNames = QStringList{QObject::tr("Protect from edits")};
+  locked.choiceValues = {boolean(true)};
+
+  Item& snap = add(Bool, QObject::tr("Snap to grid"), PropUiGuidSwitch, QObject::tr("Moves snap the object to the grid"));
+  snap.value = boolean(true);
+
+  Item& annotative = add(Bool, QObject::tr("Annotative"), PropUiGuidTextSwitch, QObject::tr("Scales with the viewport"));
+  annotative.value = boolean(false);
+  annotative.choiceNames = QStringList{QObject::tr("Scale with viewport")};
+  annotative.choiceValues = {boolean(true)};
+
+  Item& revised = add(Date, QObject::tr("Last revised"), PropUiGuidDate, QObject::tr("Date of the last approved change"));
+  revised.value = text(QStringLiteral("05.03.2021"));
+  revised.check = [](const PropVariant& v) {
+    const QDate date = QDate::fromString(toQString(v.getString()), QStringLiteral("dd.MM.yyyy"));
+    return date > QDate(2030, 12, 31) ? QObject::tr("A revision cannot be dated after 2030.") : QString();
+  };
+
+  add(Caption, QObject::tr("Geometry"), PropUiGuidLabel, QObject::tr("Size and placement"));
+
+  Item& radius = add(Number, QObject::tr("Radius"), PropUiGuidDouble, QObject::tr("Radius of the hub circle, in mm"));
+  radius.value = number(12.5);
+  radius.check = [](const PropVariant& v) {
+    return v.getDouble() <= 0.0 ? QObject::tr("The radius must be greater than zero.") : QString();
+  };
+
+  Item& thickness = add(Distance, QObject::tr("Thickness"), PropUiGuidDistance, QObject::tr("Extrusion thickness, in mm"));
+  thickness.value = number(0.75);
+  thickness.check = [](const PropVariant& v) {
+    return v.getDouble() < 0.0 ? QObject::tr("The thickness cannot be negative.") : QString();
+  };
+
+  Item& rotation = add(Angle, QObject::tr("Rotation"), PropUiGuidAngle, QObject::tr("Rotation about the insertion point"));
+  rotation.value = number(30.0);
+
+  Item& scale = add(Number, QObject::tr("Scale factor"), PropUiGuidDoubleAlt, QObject::tr("Uniform scale of the object"));
+  scale.value = number(1.0);
+  scale.flags |= PropBag::kHasActions;
+  scale.check = [](const PropVariant& v) {
+    return v.getDouble() <= 0.0 ? QObject::tr("The scale factor must be greater than zero.") : QString();
+  };
+  Item* scaleItem = &scale;
+  scale.actions.append(OdSharedPtr<PropAction>(new DemoAction(QObject::tr("Reset to 1"), QIcon(), [scaleItem]() {
+    scaleItem->value = number(1.0);
+    return true;
+  })));
+
+  Item& segments = add(Integer, QObject::tr("Segments"), PropUiGuidInteger, QObject::tr("Number of segments of the tessellation"));
+  segments.value = integer(24);
+  segments.hasRange = true;
+  segments.min = 3;
+  segments.max = 64;
+  segments.check = [](const PropVariant& v) {
+    return v.getInt32() % 2 ? QObject::tr("The number of segments must be even.") : QString();
+  };
+
+  Item& opacity = add(Integer, QObject::tr("Opacity"), PropUiGuidSlider, QObject::tr("Opacity in percent"));
+  opacity.value = integer(80);
+  opacity.hasRange = true;
+  opacity.min = 0;
+  opacity.max = 100;
+
+  Item& vertices = add(Vertices, QObject::tr("Vertices"), PropUiGuidDouble, QObject::tr("Corner points of the outline"));
+  vertices.flags |= 0x8; // the multi-line form, one row per coordinate
+  vertices.elements = {0.0, 0.0, 40.0, 0.0, 40.0, 25.0, 0.0, 25.0};
+  vertices.elementCaptions = QStringList{QObject::tr("X"), QObject::tr("Y")};
+
+  add(Caption, QObject::tr("Text"), PropUiGuidLabel, QObject::tr("The object's label"));
+
+  Item& height = add(Number, QObject::tr("Text height"), PropUiGuidDouble, QObject::tr("A standard height, or type your own"));
+  height.value = number(3.5);
+  height.decimals = 2;
+  height.flags |= 0x2 | PropBag::kEditableList;
+  for (double h : {1.8, 2.5, 3.5, 5.0, 7.0})
+  {
+    height.choiceNames.append(QLocale::c().toString(h, 'f', 2));
+    height.choiceValues.append(number(h));
+  }
+  height.check = [](const PropVariant& v) {
+    return v.getDouble() <= 0.0 ? QObject::tr("The text height must be greater than zero.") : QString();
+  };
+
+  Item& style = add(Choice, QObject::tr("Text style"), PropUiGuidTextCombo, QObject::tr("The style of the label text"));
+  const QStringList styles{QObject::tr("Standard"), QObject::tr("Annotative"), QObject::tr("Title"), QObject::tr("Notes")};
+  const QColor styleColors[] = {QColor(0x5a, 0x8d, 0xee), QColor(0x3f, 0xa9, 0x6b), QColor(0xd9, 0x7b, 0x29), QColor(0x9b, 0x6b, 0xd6)};
+  for (int i = 0; i < styles.size(); ++i)
+  {
+    style.choiceNames.append(styles[i]);
+    style.choiceValues.append(text(styles[i]));
+    style.choiceIcons.append(letterIcon(styles[i].left(1), styleColors[i]));
+  }
+  style.value = text(styles[0]);
+
+  Item& justify = add(Choice, QObject::tr("Justification"), PropUiGuidButtons3x3, QObject::tr("Where the text sits on its insertion point"));
+  const QStringList cells{QObject::tr("Top left"), QObject::tr("Top centre"), QObject::tr("Top right"),
+                          QObject::tr("Middle left"), QObject::tr("Middle centre"), QObject::tr("Middle right"),
+                          QObject::tr("Bottom left"), QObject::tr("Bottom centre"), QObject::tr("Bottom right")};
+  for (int i = 0; i < cells.size(); ++i)
+  {
+    justify.choiceNames.append(cells[i]);
+    justify.choiceValues.append(integer(i + 1));
+    justify.choiceIcons.append(cellIcon(i));
+  }
+  justify.value = integer(5);
+
+  Item& align = add(Choice, QObject::tr("Alignment"), PropUiGuidPushButtons, QObject::tr("Alignment of the text lines"));
+  for (const QString& a : {QObject::tr("Left"), QObject::tr("Centre"), QObject::tr("Right")})
+  {
+    align.choiceNames.append(a);
+    align.choiceValues.append(text(a));
+  }
+  align.value = text(QObject::tr("Left"));
+
+  Item& units = add(Choice, QObject::tr("Units"), PropUiGuidRadioButtons, QObject::tr("Units of the dimension text"));
+  for (const QString& u : {QStringLiteral("mm"), QStringLiteral("cm"), QStringLiteral("m")})
+  {
+    units.choiceNames.append(u);
+    units.choiceValues.append(text(u));
+  }
+  units.value = text(QStringLiteral("mm"));
+
+  Item& frame = add(Choice, QObject::tr("Frame"), PropUiGuidToolButtons, QObject::tr("The frame drawn around the text"));
+  const QStringList frames{QObject::tr("None"), QObject::tr("Box"), QObject::tr("Round")};
+  for (int i = 0; i < frames.size(); ++i)
+  {
+    frame.choiceNames.append(frames[i]);
+    frame.choiceValues.append(integer(i));
+    frame.choiceIcons.append(letterIcon(frames[i].left(1), QColor(0x6b, 0x72, 0x7d)));
+  }
+  frame.value = integer(1);
+
+  add(Caption, QObject::tr("Commands"), PropUiGuidLabel, QObject::tr("What can be done with the selection"));
+
+  Item& tools = add(Commands, QObject::tr("Quick tools"), PropUiGuidActionToolButtons, QObject::tr("Commands for the selection"));
+  tools.flags |= 0x10000; // buttons to the left
+  for (const QString& c : {QObject::tr("Zoom to"), QObject::tr("Select similar"), QObject::tr("Isolate")})
+    tools.actions.append(OdSharedPtr<PropAction>(new DemoAction(c, QIcon(), []() { return true; })));
+
+  Item& commands = add(Commands, QObject::tr("Match"), PropUiGuidActionPushButtons, QObject::tr("Copy properties between objects"));
+  commands.flags |= 0x10000 | 0x40000; // small square buttons: pictures, captions in the tool tips
+  for (const QString& c : {QObject::tr("Match properties"), QObject::tr("Reset all")})
+    commands.actions.append(OdSharedPtr<PropAction>(new DemoAction(c, QIcon(), []() { return true; })));
+}
+
+void DemoBag::setMixed(bool mixed)
+{
+  for (auto& item : m_items)
+  {
+    item->mixed = mixed;
+    item->elementMixed = QVector<bool>(item->elements.size(), mixed);
+  }
+}
+
+bool DemoBag::isMixed() const
+{
+  for (const auto& item : m_items)
+    if (item->mixed)
+      return true;
+  return false;
+}
+
+DemoBag::Item* DemoBag::find(int index) const
+{
+  return index >= 0 && index < int(m_items.size()) ? m_items[std::size_t(index)].get() : nullptr;
+}
+
+DemoBag::Kind DemoBag::kindOf(int index) const
+{
+  const Item* item = find(index);
+  return item ? item->kind : Caption;
+}
+
+void DemoBag::log(const Item& item, const QString& what, bool accepted)
+{
+  if (m_log)
+    m_log(item.name + QStringLiteral(": ") + what, accepted);
+}
+
+int DemoBag::getItemCount()
+{
+  return int(m_items.size());
+}
+
+PropItemType* DemoBag::getItemType(int index)
+{
+  const Item* item = find(index);
+  return item ? item->type.get() : nullptr;
+}
+
+bool DemoBag::isEditable(int index, unsigned long)
+{
+  const Item* item = find(index);
+  return item && item->kind != Caption;
+}
+
+bool DemoBag::getName(int index, OdString& name)
+{
+  const Item* item = find(index);
+  if (!item)
+    return false;
+  name = toOdString(item->name);
+  return true;
+}
+
+bool DemoBag::getCategory(int index, OdString& category)
+{
+  const Item* item = find(index);
+  if (!item)
+    return false;
+  category = toOdString(item->category);
+  return true;
+}
+
+bool DemoBag::getDescription(int index, OdString& description)
+{
+  const Item* item = find(index);
+  if (!item || item->description.isEmpty())
+    return false;
+  description = toOdString(item->description);
+  return true;
+}
+
+unsigned int DemoBag::getFlags(int index)
+{
+  const Item* item = find(index);
+  return item ? item->flags : 0;
+}
+
+OdGUID DemoBag::getControlGuid(int index)
+{
+  const Item* item = find(index);
+  return item ? item->guid : OdGUID();
+}
+
+bool DemoBag::validate(int index, unsigned long element, const PropVariant& value, OdString& message)
+{
+  const Item* item = find(index);
+  if (!item)
+    return false;
+  const QString refusal = item->check ? item->check(value) : QString();
+  if (refusal.isEmpty())
+    return true;
+  message = toOdString(refusal);
+  log(*item, QObject::tr("%1 refused: %2").arg(textOf(*item, value), refusal), false);
+  Q_UNUSED(element);
+  return false;
+}
+
+bool DemoBag::getRange(int index, unsigned long, PropVariant& min, PropVariant& max)
+{
+  const Item* item = find(index);
+  if (!item || !item->hasRange)
+    return false;
+  min.setInt32(item->min);
+  max.setInt32(item->max);
+  return true;
+}
+
+QString DemoBag::textOf(const Item& item, const PropVariant& value) const
+{
+  const QLocale c = QLocale::c();
+  const unsigned int kind = value.scalarType();
+  if (kind & PropVariant::kString)
+    return toQString(value.getString());
+  if (kind & PropVariant::kBool)
+    return value.getBool() ? QObject::tr("Yes") : QObject::tr("No");
+  if (kind & PropVariant::kInt32)
+    return QString::number(value.getInt32());
+  if (kind & PropVariant::kDouble)
+  {
+    if (item.kind == Angle)
+      return c.toString(value.getDouble(), 'f', 1) + QChar(0x00B0);
+    if (item.kind == Distance)
+      return c.toString(value.getDouble(), 'f', 3) + QStringLiteral(" mm");
+    return c.toString(value.getDouble(), 'f', item.decimals);
+  }
+  return QString();
+}
+
+bool DemoBag::formatValue(int index, unsigned long, const PropVariant& value, OdString& formatted)
+{
+  const Item* item = find(index);
+  if (!item || (value.type() & (PropVariant::kNoData | PropVariant::kEmpty)))
+    return false;
+  const QString result = textOf(*item, value);
+  if (result.isNull())
+    return false;
+  formatted = toOdString(result);
+  return true;
+}
+
+bool DemoBag::parseValue(int index, unsigned long, const OdString& input, PropVariant& value)
+{
+  const Item* item = find(index);
+  if (!item)
+    return false;
+  QString s = toQString(input).trimmed();
+  switch (item->kind)
+  {
+  case Text:
+  case Date:
+  case Choice:
+    if (item->kind != Choice || (item->value.type() & PropVariant::kString))
+    {
+      value.setString(toOdString(s));
+      return true;
+    }
+    break;
+  default:
+    break;
+  }
+  s.remove(QChar(0x00B0));
+  if (s.endsWith(QStringLiteral("mm")))
+    s.chop(2);
+  double d = 0;
+  if (!evaluateExpression(s, d))
+    return false;
+  if (item->kind == Integer || (item->value.type() & PropVariant::kInt32))
+  {
+    if (std::fabs(d - std::round(d)) > 1e-9 || std::fabs(d) > 2147483647.0)
+      return false;
+    value.setInt32(int(std::lround(d)));
+  }
+  else
+  {
+    value.setDouble(d);
+  }
+  return true;
+}
+
+bool DemoBag::getValue(int index, PropVariant& value)
+{
+  const Item* item = find(index);
+  if (!item || item->kind == Commands || item->kind == Vertices)
+    return false;
+  value = item->value;
+  if (item->kind == Caption)
+    value.setString(toOdString(item->name));
+  else if (item->mixed)
+    value.setVaries(true);
+  return true;
+}
+
+bool DemoBag::setValue(int index, const PropVariant& value)
+{
+  Item* item = find(index);
+  if (!item || item->kind == Caption || item->kind == Commands || item->kind == Vertices)
+    return false;
+  item->value = value;
+  item->mixed = false; // every selected object now holds the written value
+  log(*item, QObject::tr("set to %1").arg(textOf(*item, value)), true);
+  return true;
+}
+
+unsigned int DemoBag::getActions(int index, unsigned long, PropActionArray& actions)
+{
+  actions.clear();
+  const Item* item = find(index);
+  if (!item)
+    return 0;
+  for (const auto& action : item->actions)
+    actions.append(action);
+  return actions.size();
+}
+
+bool DemoBag::executeAction(int index, PropAction* action)
+{
+  const Item* item = find(index);
+  if (!item || !action)
+    return false;
+  PropVariant in, out;
+  const bool ran = action->execute(in, out);
+  log(*item, QObject::tr("ran \"%1\"").arg(toQString(action->name())), ran);
+  return ran;
+}
+
+bool DemoBag::getValueList(int index, OdStringArray& names, PropKeyArray& keys)
+{
+  const Item* item = find(index);
+  if (!item || item->choiceNames.isEmpty())
+    return false;
+  for (int i = 0; i < item->choiceNames.size(); ++i)
+  {
+    names.append(toOdString(item->choiceNames[i]));
+    keys.append(static_cast<unsigned long>(i));
+  }
+  return true;
+}
+
+bool DemoBag::getListValue(int index, unsigned long id, PropVariant& value)
+{
+  const Item* item = find(index);
+  if (!item || id >= static_cast<unsigned long>(item->choiceValues.size()))
+    return false;
+  value = item->choiceValues[int(id)];
+  return true;
+}
+
+bool DemoBag::getIcon(int index, unsigned long value, OdSharedPtr<PropIcon>& icon)
+{
+  const Item* item = find(index);
+  if (!item || value >= static_cast<unsigned long>(item->choiceIcons.size()))
+    return false;
+  icon = OdSharedPtr<PropIcon>(new PropUiQIcon(item->choiceIcons[int(value)]));
+  return true;
+}
+
+bool DemoBag::getListText(int index, const PropVariant& value, OdString& listText)
+{
+  const Item* item = find(index);
+  if (!item)
+    return false;
+  for (int i = 0; i < item->choiceValues.size(); ++i)
+  {
+    if (item->choiceValues[i].getDouble() == value.getDouble() &&
+        item->choiceValues[i].getString() == value.getString() && item->choiceNames.size() > i)
+    {
+      listText = toOdString(item->choiceNames[i]);
+      return true;
+    }
+  }
+  return false;
+}
+
+unsigned int DemoBag::getElements(int index, PropKeyArray& elements, OdStringArray& captions)
+{
+  const Item* item = find(index);
+  if (!item || item->elementCaptions.isEmpty())
+    return 0;
+  for (int i = 0; i < item->elementCaptions.size(); ++i)
+  {
+    elements.append(static_cast<unsigned long>(i));
+    captions.append(toOdString(item->elementCaptions[i]));
+  }
+  return elements.size();
+}
+
+bool DemoBag::getElementValue(int index, unsigned long element, PropVariant& value)
+{
+  const Item* item = find(index);
+  if (!item || element >= static_cast<unsigned long>(item->elements.size()))
+    return false;
+  value.setDouble(item->elements[int(element)]);
+  if (item->elementMixed.value(int(element)))
+    value.setVaries(true);
+  return true;
+}
+
+bool DemoBag::setElementValue(int index, unsigned long element, const PropVariant& value)
+{
+  Item* item = find(index);
+  if (!item || element >= static_cast<unsigned long>(item->elements.size()))
+    return false;
+  item->elements[int(element)] = value.getDouble();
+  if (int(element) < item->elementMixed.size())
+    item->elementMixed[int(element)] = false;
+  const int perGroup = std::max(1, int(item->elementCaptions.size()));
+  log(*item, QObject::tr("vertex %1 %2 set to %3")
+               .arg(int(element) / perGroup + 1)
+               .arg(item->elementCaptions.value(int(element) % perGroup))
+               .arg(QLocale::c().toString(value.getDouble(), 'f', 3)),
+      true);
+  return true;
+}
+
+int DemoBag::getGroupCount(int index)
+{
+  const Item* item = find(index);
+  if (!item || item->elementCaptions.isEmpty())
+    return 0;
+  return item->elements.size() / item->elementCaptions.size();
+}

@@ -1,0 +1,174 @@
+#include "DemoWindow.h"
+
+#include "DemoBag.h"
+#include "HostQtStyleManager.h"
+#include "OdStringQt.h"
+#include "PropUiQLabel.h"
+#include "PropUiQWidget.h"
+#include "PropUiRegistry.h"
+#include "QHostCheckBox.h"
+#include <QApplication>
+#include <QComboBox>
+#include <QGridLayout>
+#include <QLabel>
+#include <QPlainTextEdit>
+#include <QScrollArea>
+#include <QTime>
+#include <QVBoxLayout>
+
+DemoWindow::DemoWindow(DemoBag* bag, QWidget* parent) : QWidget(parent), m_bag(bag)
+{
+  setWindowTitle(tr("Properties"));
+  auto* layout = new QVBoxLayout(this);
+
+  auto* header = new QHBoxLayout;
+  auto* title = new QLabel(tr("<b>Wheel hub</b> &nbsp;·&nbsp; 3 objects selected"), this);
+  header->addWidget(title, 1);
+  auto* mixed = new host_qt_ui_core::QHostCheckBox(this);
+  mixed->setObjectName(QStringLiteral("mixedSwitch"));
+  mixed->enableSwitchMode(true);
+  mixed->setText(tr("Mixed selection"));
+  mixed->setToolTip(tr("The selected objects hold different values: every control shows its varies state"));
+  m_mixedSwitch = mixed;
+  header->addWidget(mixed);
+  m_themeBox = new QComboBox(this);
+  m_themeBox->setObjectName(QStringLiteral("theme"));
+  m_themeBox->addItem(tr("Dark"), 0);
+  m_themeBox->addItem(tr("Light"), 1);
+  m_themeBox->setCurrentIndex(hostGetQtStyleManager()->theme() == 0 ? 0 : 1);
+  header->addWidget(m_themeBox);
+  layout->addLayout(header);
+
+  auto* scroll = new QScrollArea(this);
+  scroll->setObjectName(QStringLiteral("panel"));
+  scroll->setWidgetResizable(true);
+  scroll->setFrameShape(QFrame::StyledPanel);
+  layout->addWidget(scroll, 3);
+
+  m_log = new QPlainTextEdit(this);
+  m_log->setObjectName(QStringLiteral("log"));
+  m_log->setReadOnly(true);
+  m_log->setMaximumBlockCount(500);
+  m_log->setPlaceholderText(tr("Writes the bag accepts or refuses appear here."));
+  m_log->setFixedHeight(fontMetrics().lineSpacing() * 6 + 12);
+  layout->addWidget(m_log);
+  m_status = new QLabel(this);
+  layout->addWidget(m_status);
+
+  buildRows();
+  scroll->setWidget(m_rows);
+  showRedraws();
+
+  connect(mixed, &QCheckBox::toggled, this, &DemoWindow::setMixed);
+  connect(m_themeBox, QOverload<int>::of(&QComboBox::activated), this,
+          [this](int row) { setTheme(m_themeBox->itemData(row).toInt()); });
+  resize(560, 760);
+}
+
+void DemoWindow::buildRows()
+{
+  auto* rows = new QWidget;
+  rows->setObjectName(QStringLiteral("rows"));
+  m_grid = new QGridLayout(rows);
+  m_grid->setContentsMargins(6, 6, 6, 6);
+  m_grid->setHorizontalSpacing(8);
+  m_grid->setVerticalSpacing(4);
+  m_grid->setColumnStretch(1, 1);
+  m_controls.clear();
+
+  int row = 0;
+  for (int i = 0; i < m_bag->getItemCount(); ++i)
+  {
+    PropUiQWidget* control = propUiCreateWidget(m_bag->getControlGuid(i), int(m_bag->getFlags(i)));
+    if (!control)
+      continue; // no control is registered for this kind
+    control->setParent(rows);
+    control->setPropBagItem(m_bag, i);
+    control->setupUi();
+    control->updateUi();
+    control->updateData();
+    m_controls.append(control);
+
+    if (m_bag->kindOf(i) == DemoBag::Caption)
+    {
+      // Section captions span the panel and read as headings.
+      QFont bold = control->font();
+      bold.setBold(true);
+      control->setFont(bold);
+      if (auto* label = control->findChild<QLabel*>())
+        label->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+      if (row > 0)
+        m_grid->setRowMinimumHeight(row++, 6);
+      m_grid->addWidget(control, row++, 0, 1, 2);
+      continue;
+    }
+    auto* caption = new PropUiQLabel(rows);
+    caption->setPropBagItem(m_bag, i);
+    caption->setupUi();
+    m_grid->addWidget(caption, row, 0);
+    m_grid->addWidget(control, row++, 1);
+  }
+  m_grid->setRowStretch(row, 1);
+  m_rows = rows;
+}
+
+void DemoWindow::refresh()
+{
+  for (const auto& control : m_controls)
+  {
+    if (!control)
+      continue;
+    control->updateUi();
+    control->updateData();
+  }
+}
+
+void DemoWindow::setMixed(bool mixed)
+{
+  m_bag->setMixed(mixed);
+  if (m_mixedSwitch->isChecked() != mixed)
+    m_mixedSwitch->setChecked(mixed);
+  refresh();
+}
+
+void DemoWindow::setTheme(int theme)
+{
+  hostGetQtStyleManager()->setTheme(theme);
+  m_themeBox->setCurrentIndex(theme == 0 ? 0 : 1);
+  // Controls take their theme colours when they are built.
+  auto* scroll = findChild<QScrollArea*>(QStringLiteral("panel"));
+  delete scroll->takeWidget();
+  buildRows();
+  scroll->setWidget(m_rows);
+}
+
+void DemoWindow::appendLog(const QString& line, bool accepted)
+{
+  const QString mark = accepted ? QStringLiteral("<span style='color:#3fa96b'>&#10003;</span>")
+                                : QStringLiteral("<span style='color:#e0555a'>&#10007;</span>");
+  m_log->appendHtml(QStringLiteral("%1 %2 &nbsp;%3")
+                      .arg(QTime::currentTime().toString(QStringLiteral("HH:mm:ss")), mark, line.toHtmlEscaped()));
+}
+
+void DemoWindow::countRedraw()
+{
+  ++m_redraws;
+  showRedraws();
+}
+
+void DemoWindow::showRedraws()
+{
+  m_status->setText(tr("Drawing redrawn %1 times").arg(m_redraws));
+}
+
+bool DemoWindow::saveScreenshot(const QString& path)
+{
+  show();
+  QApplication::processEvents();
+  const int natural = m_rows->sizeHint().height();
+  auto* scroll = findChild<QScrollArea*>(QStringLiteral("panel"));
+  const int extra = height() - scroll->viewport()->height();
+  resize(width(), natural + extra + 4);
+  QApplication::processEvents();
+  return grab().save(path);
+}

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <QPointer>
+#include <QVector>
+#include <QWidget>
+
+class DemoBag;
+class PropUiQWidget;
+class QGridLayout;
+class QLabel;
+class QPlainTextEdit;
+
+/**
+ * A property panel as a host would build it: one row per item of the bag,
+ * the item's caption and the control the registry makes for it, with a
+ * switch for a mixed selection, a theme choice and a log of the writes.
+ */
+class DemoWindow : public QWidget
+{
+  Q_OBJECT
+
+public:
+  explicit DemoWindow(DemoBag* bag, QWidget* parent = nullptr);
+
+  void setMixed(bool mixed);
+  void setTheme(int theme);
+  /** Lays the whole panel out at its natural height and saves it as a picture. */
+  bool saveScreenshot(const QString& path);
+  void appendLog(const QString& line, bool accepted);
+  void countRedraw();
+
+private:
+  void buildRows();
+  void refresh();
+  void showRedraws();
+
+  DemoBag* m_bag;
+  QPointer<QWidget> m_rows;
+  QGridLayout* m_grid = nullptr;
+  QVector<QPointer<PropUiQWidget> > m_controls;
+  QPlainTextEdit* m_log = nullptr;
+  QLabel* m_status = nullptr;
+  class QCheckBox* m_mixedSwitch = nullptr;
+  class QComboBox* m_themeBox = nullptr;
+  int m_redraws = 0;
+};

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "HostExport.h"
+#include <QCheckBox>
+
+namespace host_qt_ui_core
+{
+
+/** The host's check box; in switch mode it is drawn as an on/off toggle switch. */
+class HOST_EXPORT QHostCheckBox : public QCheckBox
+{
+  Q_OBJECT
+
+public:
+  explicit QHostCheckBox(QWidget* parent = nullptr);
+
+  void enableSwitchMode(bool on);
+  bool isSwitchMode() const { return m_switchMode; }
+
+  QSize sizeHint() const override;
+  QSize minimumSizeHint() const override;
+
+protected:
+  void paintEvent(QPaintEvent* event) override;
+  bool hitButton(const QPoint& pos) const override;
+
+private:
+  QRectF trackRect() const;
+
+  bool m_switchMode = false;
+};
+
+} // namespace host_qt_ui_core

@@ -1,0 +1,25 @@
+#include "QHostSpinBox.h"
+
+#include <QWheelEvent>
+
+namespace host_qt_ui_core
+{
+
+QHostSpinBox::QHostSpinBox(QWidget* parent) : QSpinBox(parent) {}
+
+void QHostSpinBox::disableMouseWheel(bool disable)
+{
+  m_wheelDisabled = disable;
+}
+
+void QHostSpinBox::wheelEvent(QWheelEvent* event)
+{
+  if (m_wheelDisabled)
+  {
+    event->ignore(); // goes on to the parent, which scrolls
+    return;
+  }
+  QSpinBox::wheelEvent(event);
+}
+
+} // namespace host_qt_ui_core

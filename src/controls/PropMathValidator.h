@@ -1,0 +1,41 @@
+#pragma once
+
+#include "PropWidgetsExport.h"
+#include <QValidator>
+
+class PropBag;
+class QRegularExpressionValidator;
+
+/**
+ * The validator of the number editors. It accepts what its number validator
+ * accepts; the expression validator it carries only tidies input in fixup,
+ * since evaluating an expression is the bag's business.
+ */
+class PROPWIDGETS_EXPORT PropMathValidator : public QValidator
+{
+  Q_OBJECT
+
+public:
+  explicit PropMathValidator(QObject* parent = nullptr);
+
+  /** Takes the validator over as a child; null accepts everything. */
+  void setNumberValidator(QValidator* validator);
+  QValidator* numberValidator() const { return m_numberValidator; }
+  QRegularExpressionValidator* expressionValidator() const { return m_expressionValidator; }
+
+  /** The item whose editor the validator serves. */
+  void setPropBagItem(PropBag* bag, int index, unsigned long element);
+  PropBag* propBag() const { return m_bag; }
+  int itemIndex() const { return m_index; }
+  unsigned long element() const { return m_element; }
+
+  State validate(QString& input, int& pos) const override;
+  void fixup(QString& input) const override;
+
+private:
+  QRegularExpressionValidator* m_expressionValidator;
+  QValidator* m_numberValidator = nullptr;
+  PropBag* m_bag = nullptr;
+  int m_index = -1;
+  unsigned long m_element = 0;
+};

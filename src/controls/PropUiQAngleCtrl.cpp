@@ -1,0 +1,20 @@
+#include "PropUiQAngleCtrl.h"
+
+#include "PropUiNumberEditing.h"
+
+PropUiQAngleCtrl::PropUiQAngleCtrl(QWidget* parent) : PropUiQLineEdit(parent) {}
+
+bool PropUiQAngleCtrl::setupUi()
+{
+  if (!PropUiQLineEdit::setupUi())
+    return false;
+  propui::setupNumberEditing(this, false);
+  return true;
+}
+
+// The bag's formatting of the entered angle replaces what the user typed.
+void PropUiQAngleCtrl::onEditingFinished()
+{
+  PropUiQLineEdit::onEditingFinished();
+  updateData();
+}

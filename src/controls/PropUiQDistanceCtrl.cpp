@@ -1,0 +1,13 @@
+#include "PropUiQDistanceCtrl.h"
+
+#include "PropUiNumberEditing.h"
+
+PropUiQDistanceCtrl::PropUiQDistanceCtrl(QWidget* parent) : PropUiQLineEdit(parent) {}
+
+bool PropUiQDistanceCtrl::setupUi()
+{
+  if (!PropUiQLineEdit::setupUi())
+    return false;
+  propui::setupNumberEditing(this, true);
+  return true;
+}

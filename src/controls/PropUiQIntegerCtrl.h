@@ -1,0 +1,39 @@
+#pragma once
+
+#include "PropQSpinBox.h"
+#include "PropUiQControl.h"
+#include <QPointer>
+
+/**
+ * A 32-bit integer in a spin box, within the bag's range. Typing writes when
+ * editing finishes; stepping out of the varies state writes at once.
+ */
+class PROPWIDGETS_EXPORT PropUiQIntegerCtrl : public PropUiQControl
+{
+  Q_OBJECT
+
+public:
+  /** Option bit: the unfocused text is elided and the description is the tool tip. */
+  static constexpr int kElided = 0x10000;
+
+  explicit PropUiQIntegerCtrl(QWidget* parent = nullptr);
+
+  bool setupUi() override;
+  void updateUi() override;
+  void updateData() override;
+  bool isVaries() const override;
+  void setVaries(bool varies) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+  /** Validates and writes the spin box's value; false when unbound or unchanged. */
+  virtual bool applyData();
+  virtual void onSpinBoxValueChanged(int value);
+  virtual void onEditingFinished();
+
+  PropQSpinBox* spinBox() const { return m_spinBox; }
+
+protected:
+  /** The value the bag last confirmed. */
+  int m_lastValue = 0;
+  QPointer<PropQSpinBox> m_spinBox;
+};

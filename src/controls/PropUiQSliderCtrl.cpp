@@ -1,0 +1,95 @@
+#include "PropUiQSliderCtrl.h"
+
+#include "HostVisualManager.h"
+#include "PropBag.h"
+#include "PropUiActionToolButtonsCtrl.h"
+#include "PropUiThemeColors.h"
+#include <QHBoxLayout>
+
+PropUiQSliderCtrl::PropUiQSliderCtrl(QWidget* parent) : PropUiQControl(parent) {}
+
+bool PropUiQSliderCtrl::setupUi()
+{
+  PropUiQControl::setupUi();
+  if (!m_bag)
+    return false;
+  auto* layout = new QHBoxLayout(this);
+  layout->setContentsMargins(0, 0, 0, 0);
+  layout->setSpacing(0);
+  m_slider = new PropQSliderBox;
+  m_slider->setObjectName(QStringLiteral("slider"));
+  m_slider->setOrientation(Qt::Horizontal);
+  m_slider->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
+
+  HostVisualManager* theme = hostVisualManager();
+  const QColor accent = propui::colorFromWord(theme->accentColor());
+  const QColor handle = theme->isDarkTheme() ? accent.lighter(150) : accent.lighter(80);
+  // The groove is as tall as the new slider, taken before any layout sizes it, so it fills the slider.
+  m_slider->setStyleSheet(
+    QStringLiteral("QSlider::groove:horizontal{height: %1px;background: %2;border-radius: 0px;}"
+                   "QSlider::handle:horizontal{background: %3;width: 5px;border-radius: 0px;border: 0px;border-color: %3;}"
+                   "QSlider::sub-page:horizontal{background: %3;border-radius: 0px;}")
+      .arg(m_slider->height())
+      .arg(accent.name(), handle.name()));
+
+  PropVariant min, max;
+  if (m_bag->getRange(m_index, m_element, min, max))
+    m_slider->setRange(min.getInt32(), max.getInt32());
+  else
+    m_slider->setRange(0, 100);
+
+  connect(m_slider.data(), &QSlider::sliderReleased, this, &PropUiQSliderCtrl::onSliderReleased);
+  connect(m_slider.data(), &QSlider::valueChanged, m_slider.data(),
+          [slider = m_slider.data()](int value) { slider->setToolTip(QString::number(value)); });
+  layout->addWidget(m_slider);
+  if (PropUiActionToolButtonsCtrl* toolbar = createActionsToolBar())
+    layout->addWidget(toolbar);
+  return true;
+}
+
+void PropUiQSliderCtrl::updateUi()
+{
+  PropUiQControl::updateUi();
+  if (m_bag && m_slider)
+    m_slider->setEnabled(m_bag->isEditable(m_index, m_element));
+}
+
+void PropUiQSliderCtrl::updateData()
+{
+  PropUiQControl::updateData();
+  if (!m_bag || !m_slider)
+    return;
+  PropVariant value;
+  const bool read = m_isPropertyElement ? m_bag->getElementValue(m_index, m_element, value)
+                                        : m_bag->getValue(m_index, value);
+  if (!read)
+    return;
+  if (value.isVaries())
+    setVaries(true);
+  else if (value.type() & PropVariant::kInt32)
+  {
+    m_lastValue = value.getInt32();
+    m_slider->setValue(m_lastValue);
+  }
+}
+
+void PropUiQSliderCtrl::onSliderReleased()
+{
+  if (!m_bag || !m_slider)
+    return;
+  PropVariant value;
+  value.setInt32(m_slider->value());
+  OdString message;
+  if (!m_bag->validate(m_index, m_element, value, message))
+  {
+    showErrorMessage(message);
+    m_slider->setValue(m_lastValue);
+    return;
+  }
+  const bool written = m_isPropertyElement ? m_bag->setElementValue(m_index, m_element, value)
+                                           : m_bag->setValue(m_index, value);
+  if (written)
+    m_lastValue = m_slider->value();
+  else
+    m_slider->setValue(m_lastValue);
+}

@@ -1,0 +1,72 @@
+#include "HostApplication.h"
+#include "PropUiQLabel.h"
+#include "RecordingBag.h"
+#include <QLabel>
+#include <QtTest>
+
+class TestLabel : public QObject
+{
+  Q_OBJECT
+
+private slots:
+  void captionAndToolTipComeFromTheBag()
+  {
+    RecordingBag bag;
+    const int item = bag.addItem(QStringLiteral("Radius"));
+    bag.item(item).description = QStringLiteral("Radius of the hub circle");
+    PropUiQLabel label;
+    label.setPropBagItem(&bag, item);
+    QVERIFY(label.setupUi());
+    QCOMPARE(label.findChild<QLabel*>(QStringLiteral("label"))->text(), QStringLiteral("Radius"));
+    QCOMPARE(label.toolTip(), QStringLiteral("<h4>Radius</h4>Radius of the hub circle"));
+
+    bag.item(item).hasDescription = false;
+    label.setText(QStringLiteral("Outer radius"));
+    QCOMPARE(label.toolTip(), QStringLiteral("Outer radius"));
+  }
+
+  void alignmentFollowsTheHostSetting_data()
+  {
+    QTest::addColumn<int>("mode");
+    QTest::addColumn<int>("alignment");
+    QTest::newRow("left") << 1 << int(Qt::AlignLeft | Qt::AlignVCenter);
+    QTest::newRow("right") << 0 << int(Qt::AlignRight | Qt::AlignVCenter);
+  }
+
+  void alignmentFollowsTheHostSetting()
+  {
+    QFETCH(int, mode);
+    QFETCH(int, alignment);
+    hostApplication()->setLabelAlignment(mode);
+    PropUiQLabel label;
+    label.setupUi();
+    QCOMPARE(int(label.findChild<QLabel*>()->alignment()), alignment);
+    hostApplication()->setLabelAlignment(0);
+  }
+
+  void narrowCaptionsAreElidedAndRestored()
+  {
+    RecordingBag bag;
+    const int item = bag.addItem(QStringLiteral("Extrusion thickness of the outline"));
+    PropUiQLabel label;
+    label.setPropBagItem(&bag, item);
+    label.setupUi();
+    auto* inner = label.findChild<QLabel*>();
+    label.resize(400, 30);
+    label.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&label));
+    QCOMPARE(inner->text(), label.text());
+
+    label.resize(80, 30);
+    QTRY_VERIFY(inner->text().endsWith(QChar(0x2026)));
+    QVERIFY(label.text().startsWith(inner->text().chopped(1)));
+    QCOMPARE(int(inner->alignment()), int(Qt::AlignLeft | Qt::AlignVCenter));
+
+    label.resize(400, 30);
+    QTRY_COMPARE(inner->text(), label.text());
+    QCOMPARE(int(inner->alignment()), int(Qt::AlignRight | Qt::AlignVCenter));
+  }
+};
+
+QTEST_MAIN(TestLabel)
+#include "tst_Label.moc"

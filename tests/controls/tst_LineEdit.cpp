@@ -1,0 +1,327 @@
+#include "ControlWindow.h"
+#include "MessageCatcher.h"
+#include "OdStringQt.h"
+#include "PropUiQAngleCtrl.h"
+#include "PropUiQDistanceCtrl.h"
+#include "PropUiQDoubleCtrl.h"
+#include "PropUiQTextCtrl.h"
+#include "QHostTextEdit.h"
+#include "RecordingBag.h"
+#include <QtTest>
+#include <QValidator>
+
+namespace
+{
+
+PropVariant real(double d)
+{
+  PropVariant v;
+  v.setDouble(d);
+  return v;
+}
+
+/** A radius that the bag refuses when it is not positive. */
+int addRadius(RecordingBag& bag, double value = 12.5)
+{
+  return bag.addItem(QStringLiteral("Radius"), real(value));
+}
+
+template <class Control = PropUiQDoubleCtrl>
+Control* boundControl(RecordingBag& bag, int item)
+{
+  auto* control = new Control;
+  control->setPropBagItem(&bag, item);
+  control->setupUi();
+  control->updateUi();
+  control->updateData();
+  return control;
+}
+
+} // namespace
+
+class TestLineEdit : public QObject
+{
+  Q_OBJECT
+
+private slots:
+  void initTestCase() { QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany)); }
+
+  void readsFormatsAndShows()
+  {
+    RecordingBag bag;
+    const int item = addRadius(bag);
+    QScopedPointer<PropUiQDoubleCtrl> control(boundControl(bag, item));
+    QCOMPARE(control->lineEdit()->text(), QStringLiteral("12.5"));
+    QCOMPARE(control->lastText(), QStringLiteral("12.5"));
+    QCOMPARE(control->lineEdit()->objectName(), QStringLiteral("edit"));
+    QVERIFY(!control->isVaries());
+    QCOMPARE(bag.calls, QStringList({QStringLiteral("getFlags(0)"), QStringLiteral("isEditable(0,0)"),
+                                     QStringLiteral("getValue(0)"), QStringLiteral("formatValue(0,0)")}));
+  }
+
+  void escapeRestoresAndWritesNothing()
+  {
+    RecordingBag bag;
+    const int item = addRadius(bag);
+    ControlWindow window(boundControl(bag, item));
+    auto* control = window.findChild<PropUiQDoubleCtrl*>();
+    QVERIFY(window.showActive());
+    control->lineEdit()->setFocus();
+    bag.clearCalls();
+
+    QTest::keyClicks(control->lineEdit(), QStringLiteral("99"));
+    QTest::keyClick(control->lineEdit(), Qt::Key_Escape);
+    QCOMPARE(control->lineEdit()->text(), QStringLiteral("12.5"));
+    window.other->setFocus(Qt::MouseFocusReason);
+    QTRY_VERIFY(window.other->hasFocus());
+    QVERIFY(!bag.called(QStringLiteral("parseValue")) && !bag.called(QStringLiteral("setValue")));
+  }
+
+  void refusalOnLeavingIsSilentButReturnShowsTheMessage()
+  {
+    MessageCatcher messages;
+    RecordingBag bag;
+    const int item = addRadius(bag);
+    bag.item(item).acceptValidate = false;
+    bag.item(item).validateMessage = QStringLiteral("The radius must be greater than zero.");
+    ControlWindow window(boundControl(bag, item));
+    auto* control = window.findChild<PropUiQDoubleCtrl*>();
+    QVERIFY(window.showActive());
+
+    control->lineEdit()->setFocus(Qt::MouseFocusReason);
+    control->lineEdit()->selectAll();
+    QTest::keyClicks(control->lineEdit(), QStringLiteral("-1"));
+    window.other->setFocus(Qt::MouseFocusReason);
+    QTRY_VERIFY(window.other->hasFocus());
+    QCOMPARE(control->lineEdit()->text(), QStringLiteral("12.5"));
+    QCOMPARE(bag.count(QStringLiteral("validate")), 1);
+    QCoreApplication::processEvents();
+    QVERIFY(messages.shown.isEmpty());
+
+    control->lineEdit()->setFocus(Qt::MouseFocusReason);
+    QTRY_VERIFY(control->lineEdit()->hasFocus());
+    control->lineEdit()->selectAll();
+    QTest::keyClicks(control->lineEdit(), QStringLiteral("-2"));
+    QTest::keyClick(control->lineEdit(), Qt::Key_Return);
+    QTRY_COMPARE(messages.shown.size(), 1);
+    QCOMPARE(int(messages.shown[0].kind), int(host_qt_ui::QHostMessageBoxOd::Critical));
+    QCOMPARE(messages.shown[0].text, QStringLiteral("The radius must be greater than zero."));
+    QCOMPARE(control->lineEdit()->text(), QStringLiteral("12.5"));
+    QVERIFY(bag.written.isEmpty());
+  }
+
+  void returnCommitsAndMovesOn()
+  {
+    RecordingBag bag;
+    const int item = addRadius(bag);
+    ControlWindow window(boundControl(bag, item));
+    auto* control = window.findChild<PropUiQDoubleCtrl*>();
+    QVERIFY(window.showActive());
+    control->lineEdit()->setFocus();
+    control->lineEdit()->selectAll();
+    QTest::keyClicks(control->lineEdit(), QStringLiteral("  7.5  "));
+    QTest::keyClick(control->lineEdit(), Qt::Key_Return);
+    QCOMPARE(bag.written.size(), 1);
+    QCOMPARE(bag.written[0].getDouble(), 7.5);
+    // Blanks never reach the bag's parser.
+    QCOMPARE(toQString(bag.parsedTexts.last()), QStringLiteral("7.5"));
+    QTRY_VERIFY(window.other->hasFocus());
+
+    // The same text again is no edit at all.
+    bag.clearCalls();
+    control->lineEdit()->setFocus();
+    QTRY_VERIFY(control->lineEdit()->hasFocus());
+    const QString shown = control->lineEdit()->text();
+    control->lineEdit()->setText(shown);
+    QTest::keyClick(control->lineEdit(), Qt::Key_Return);
+    QVERIFY(!control->applyData());
+    QVERIFY(!bag.called(QStringLiteral("parseValue")));
+    QVERIFY(!bag.called(QStringLiteral("setValue")));
+  }
+
+  void refusedParseOrWriteRevertsSilently_data()
+  {
+    QTest::addColumn<bool>("parses");
+    QTest::addColumn<bool>("writes");
+    QTest::newRow("parse refused") << false << true;
+    QTest::newRow("write refused") << true << false;
+  }
+
+  void refusedParseOrWriteRevertsSilently()
+  {
+    QFETCH(bool, parses);
+    QFETCH(bool, writes);
+    MessageCatcher messages;
+    RecordingBag bag;
+    const int item = addRadius(bag);
+    bag.item(item).acceptWrite = writes;
+    bag.parse = [parses](int, const OdString&, PropVariant& v) {
+      v.setDouble(3.0);
+      return parses;
+    };
+    QScopedPointer<PropUiQDoubleCtrl> control(boundControl(bag, item));
+    control->lineEdit()->setText(QStringLiteral("3"));
+    QVERIFY(!control->applyData());
+    QCOMPARE(control->lineEdit()->text(), QStringLiteral("12.5"));
+    QCOMPARE(bag.called(QStringLiteral("validate")), parses);
+    QCoreApplication::processEvents();
+    QVERIFY(messages.shown.isEmpty());
+  }
+
+  void numbersUseThePointAndNoGroupSeparators_data()
+  {
+    QTest::addColumn<QString>("input");
+    QTest::addColumn<bool>("acceptable");
+    QTest::newRow("point") << QStringLiteral("1.5") << true;
+    QTest::newRow("negative") << QStringLiteral("-0.25") << true;
+    QTest::newRow("group separator") << QStringLiteral("1,000") << false;
+    QTest::newRow("comma as decimal point") << QStringLiteral("1,5") << false;
+    QTest::newRow("words") << QStringLiteral("abc") << false;
+  }
+
+  void numbersUseThePointAndNoGroupSeparators()
+  {
+    QFETCH(QString, input);
+    QFETCH(bool, acceptable);
+    RecordingBag bag;
+    const int item = addRadius(bag);
+    for (PropUiQLineEdit* control :
+         {static_cast<PropUiQLineEdit*>(boundControl<PropUiQDoubleCtrl>(bag, item)),
+          static_cast<PropUiQLineEdit*>(boundControl<PropUiQDistanceCtrl>(bag, item))})
+    {
+      QScopedPointer<PropUiQLineEdit> owner(control);
+      QVERIFY(control->lineEdit()->validator());
+      int pos = 0;
+      QString text = input;
+      QCOMPARE(control->lineEdit()->validator()->validate(text, pos) == QValidator::Acceptable, acceptable);
+    }
+  }
+
+  void angleShowsTheBagsFormattingAfterACommit()
+  {
+    RecordingBag bag;
+    const int item = bag.addItem(QStringLiteral("Rotation"), real(30.0));
+    bag.format = [](int, const PropVariant& v, OdString& text) {
+      text = toOdString(QString::number(v.getDouble()) + QChar(0x00B0));
+      return true;
+    };
+    ControlWindow window(boundControl<PropUiQAngleCtrl>(bag, item));
+    auto* control = window.findChild<PropUiQAngleCtrl*>();
+    QVERIFY(window.showActive());
+    QCOMPARE(control->lineEdit()->text(), QStringLiteral("30°"));
+    control->lineEdit()->setFocus();
+    control->lineEdit()->setText(QStringLiteral("45"));
+    QTest::keyClick(control->lineEdit(), Qt::Key_Return);
+    QCOMPARE(bag.written.size(), 1);
+    QCOMPARE(control->lineEdit()->text(), QStringLiteral("45°"));
+  }
+
+  void variesShowsThePlaceholderUntilTheNextRead()
+  {
+    RecordingBag bag;
+    PropVariant mixed = real(2.0);
+    mixed.setVaries();
+    const int item = bag.addItem(QStringLiteral("Radius"), mixed);
+    ControlWindow window(boundControl(bag, item));
+    auto* control = window.findChild<PropUiQDoubleCtrl*>();
+    QVERIFY(control->isVaries());
+    QVERIFY(control->lineEdit()->text().isEmpty());
+    QCOMPARE(control->lineEdit()->placeholderText(), QStringLiteral("*varies*"));
+    QVERIFY(!bag.called(QStringLiteral("formatValue")));
+
+    // Passing through the field without typing writes nothing and keeps the state.
+    QVERIFY(window.showActive());
+    control->lineEdit()->setFocus(Qt::MouseFocusReason);
+    window.other->setFocus(Qt::MouseFocusReason);
+    QTRY_VERIFY(window.other->hasFocus());
+    QVERIFY(!bag.called(QStringLiteral("parseValue")));
+    QVERIFY(control->isVaries());
+
+    bag.item(item).value = real(2.0);
+    control->updateData();
+    QVERIFY(!control->isVaries());
+    QCOMPARE(control->lineEdit()->text(), QStringLiteral("2"));
+  }
+
+  void elementBindingUsesOnlyElementOperations()
+  {
+    RecordingBag bag;
+    const int item = bag.addItem(QStringLiteral("Vertices"), real(1.0));
+    bag.item(item).elementValues.insert(3, real(4.5));
+    QScopedPointer<PropUiQDoubleCtrl> element(new PropUiQDoubleCtrl);
+    element->setPropBagItem(&bag, item, 3);
+    element->setupUi();
+    element->updateData();
+    QCOMPARE(element->lineEdit()->text(), QStringLiteral("4.5"));
+    element->lineEdit()->setText(QStringLiteral("6"));
+    QVERIFY(element->applyData());
+    QCOMPARE(bag.item(item).elementValues.value(3).getDouble(), 6.0);
+    QVERIFY(bag.called(QStringLiteral("setElementValue")));
+    QVERIFY(!bag.called(QStringLiteral("getValue")) && !bag.called(QStringLiteral("setValue")));
+    QVERIFY(bag.calls.contains(QStringLiteral("parseValue(0,3)")));
+
+    bag.clearCalls();
+    QScopedPointer<PropUiQDoubleCtrl> whole(boundControl(bag, item));
+    whole->lineEdit()->setText(QStringLiteral("2"));
+    QVERIFY(whole->applyData());
+    QVERIFY(!bag.called(QStringLiteral("getElementValue")) && !bag.called(QStringLiteral("setElementValue")));
+  }
+
+  void badInputChangesNothing()
+  {
+    PropUiQDoubleCtrl unbound;
+    QVERIFY(!unbound.setupUi());
+    QVERIFY(unbound.findChildren<QWidget*>().isEmpty());
+    unbound.updateUi();
+    unbound.updateData();
+    QVERIFY(!unbound.applyData());
+    unbound.setVaries(true);
+    QVERIFY(!unbound.isVaries());
+
+    RecordingBag bag;
+    const int item = addRadius(bag);
+    QScopedPointer<PropUiQDoubleCtrl> unknown(new PropUiQDoubleCtrl);
+    unknown->setPropBagItem(&bag, 7);
+    QVERIFY(unknown->setupUi());
+    unknown->updateData();
+    QVERIFY(unknown->lineEdit()->text().isEmpty());
+    unknown->lineEdit()->setText(QStringLiteral("3"));
+    QVERIFY(!unknown->applyData());
+    QVERIFY(bag.written.isEmpty());
+
+    QScopedPointer<PropUiQDoubleCtrl> control(boundControl(bag, item));
+    bag.item(item).readable = false;
+    bag.item(item).value = real(99.0);
+    control->updateData();
+    QCOMPARE(control->lineEdit()->text(), QStringLiteral("12.5"));
+
+    bag.item(item).editable = false;
+    control->updateUi();
+    QVERIFY(control->lineEdit()->isReadOnly());
+  }
+
+  void textControlUsesTheHostTextEditor()
+  {
+    RecordingBag bag;
+    PropVariant name;
+    name.setString(OdString(L"Wheel hub"));
+    const int item = bag.addItem(QStringLiteral("Name"), name);
+    QScopedPointer<PropUiQTextCtrl> control(new PropUiQTextCtrl);
+    QCOMPARE(control->getOptions(), 3);
+    control->setOptions(control->getOptions() | 0x40);
+    control->setPropBagItem(&bag, item);
+    control->setupUi();
+    control->updateData();
+    auto* edit = qobject_cast<host_qt_ui::QHostTextEdit*>(control->lineEdit());
+    QVERIFY(edit);
+    QCOMPARE(edit->textOptions(), 3);
+    QVERIFY(!edit->validator());
+    QCOMPARE(edit->text(), QStringLiteral("Wheel hub"));
+    edit->setText(QStringLiteral("Wheel hub, front"));
+    QVERIFY(control->applyData());
+    QCOMPARE(toQString(bag.written[0].getString()), QStringLiteral("Wheel hub, front"));
+  }
+};
+
+QTEST_MAIN(TestLineEdit)
+#include "tst_LineEdit.moc"

@@ -1,0 +1,104 @@
+#include "PropUiGuids.h"
+#include "PropUiQAngleCtrl.h"
+#include "PropUiQDistanceCtrl.h"
+#include "PropUiQDoubleCtrl.h"
+#include "PropUiQIntegerCtrl.h"
+#include "PropUiQLabel.h"
+#include "PropUiQMLineEdit.h"
+#include "PropUiQSliderCtrl.h"
+#include "PropUiQTextCtrl.h"
+#include "PropUiRegistry.h"
+#include "PropWidgetsEntry.h"
+#include <QtTest>
+
+Q_DECLARE_METATYPE(OdGUID)
+
+namespace
+{
+
+QString classOf(const QScopedPointer<PropUiQWidget>& widget)
+{
+  return widget ? QString::fromLatin1(widget->metaObject()->className()) : QStringLiteral("(none)");
+}
+
+template <class T>
+bool isA(const QScopedPointer<PropUiQWidget>& widget)
+{
+  return dynamic_cast<T*>(widget.data()) != nullptr;
+}
+
+} // namespace
+
+class TestFactories : public QObject
+{
+  Q_OBJECT
+
+private slots:
+  void initTestCase() { odrxCreateModuleObject()->initApp(); }
+  void cleanupTestCase() { odrxCreateModuleObject()->uninitApp(); }
+
+  void widgetForms_data()
+  {
+    QTest::addColumn<OdGUID>("guid");
+    QTest::addColumn<int>("options");
+    QTest::addColumn<QString>("kind");
+    QTest::addColumn<int>("expectedOptions");
+    QTest::newRow("label") << PropUiGuidLabel << 0x40 << "PropUiQLabel" << 0x40;
+    QTest::newRow("double") << PropUiGuidDouble << 0 << "PropUiQDoubleCtrl" << 0;
+    QTest::newRow("double elided") << PropUiGuidDouble << 0x10040 << "PropUiQDoubleCtrl" << 0x10040;
+    QTest::newRow("double alt") << PropUiGuidDoubleAlt << 0x40 << "PropUiQDoubleCtrl" << 0x40;
+    QTest::newRow("double multi-line") << PropUiGuidDouble << (0x8 | 0x10000) << "multi:PropUiQDoubleCtrl" << 0;
+    // The text-combo form (0x2) comes with the choice editors; until then the value's own control.
+    QTest::newRow("double 0x2 for now") << PropUiGuidDouble << 0x2 << "PropUiQDoubleCtrl" << 0;
+    QTest::newRow("distance") << PropUiGuidDistance << 0x40 << "PropUiQDistanceCtrl" << 0x40;
+    QTest::newRow("angle multi-line") << PropUiGuidAngle << 0x48 << "multi:PropUiQAngleCtrl" << 0x40;
+    QTest::newRow("text") << PropUiGuidText << 0x10000 << "PropUiQTextCtrl" << 0x10003;
+    QTest::newRow("integer") << PropUiGuidInteger << 0 << "PropUiQIntegerCtrl" << 0;
+    QTest::newRow("integer multi-line") << PropUiGuidInteger << 0xC << "multi:PropUiQIntegerCtrl" << 0;
+    QTest::newRow("variant") << PropUiGuidVariant << 0x40 << "PropUiQTextCtrl" << 0x43;
+    QTest::newRow("variant never a combo") << PropUiGuidVariant << 0x2 << "PropUiQTextCtrl" << 0x3;
+    QTest::newRow("variant multi-line") << PropUiGuidVariant << 0x8 << "multi:PropUiQTextCtrl" << 0;
+    QTest::newRow("slider") << PropUiGuidSlider << 0x10040 << "PropUiQSliderCtrl" << 0x40;
+  }
+
+  void widgetForms()
+  {
+    QFETCH(OdGUID, guid);
+    QFETCH(int, options);
+    QFETCH(QString, kind);
+    QFETCH(int, expectedOptions);
+    QScopedPointer<PropUiQWidget> widget(propUiCreateWidget(guid, options));
+    QVERIFY(widget);
+    if (kind == QLatin1String("multi:PropUiQDoubleCtrl"))
+      QVERIFY(isA<PropUiQMLineEdit<PropUiQDoubleCtrl> >(widget));
+    else if (kind == QLatin1String("multi:PropUiQAngleCtrl"))
+      QVERIFY(isA<PropUiQMLineEdit<PropUiQAngleCtrl> >(widget));
+    else if (kind == QLatin1String("multi:PropUiQIntegerCtrl"))
+      QVERIFY(isA<PropUiQMLineEdit<PropUiQIntegerCtrl> >(widget));
+    else if (kind == QLatin1String("multi:PropUiQTextCtrl"))
+      QVERIFY(isA<PropUiQMLineEdit<PropUiQTextCtrl> >(widget));
+    else
+      QCOMPARE(classOf(widget), kind);
+    QCOMPARE(widget->getOptions(), expectedOptions);
+  }
+
+  void editorForms()
+  {
+    // A composite coordinate is edited in a cell one element at a time: a bare distance.
+    QScopedPointer<PropUiQWidget> distance(propUiCreateEditor(PropUiGuidDistance, 0x48));
+    QCOMPARE(classOf(distance), QStringLiteral("PropUiQDistanceCtrl"));
+    QCOMPARE(distance->getOptions(), 0);
+    QScopedPointer<PropUiQWidget> variant(propUiCreateEditor(PropUiGuidVariant, 0x10048));
+    QCOMPARE(classOf(variant), QStringLiteral("PropUiQTextCtrl"));
+    QCOMPARE(variant->getOptions(), 3);
+    // The others build their widget form.
+    QScopedPointer<PropUiQWidget> angle(propUiCreateEditor(PropUiGuidAngle, 0x48));
+    QVERIFY(isA<PropUiQMLineEdit<PropUiQAngleCtrl> >(angle));
+    QScopedPointer<PropUiQWidget> slider(propUiCreateEditor(PropUiGuidSlider, 0x40));
+    QCOMPARE(classOf(slider), QStringLiteral("PropUiQSliderCtrl"));
+    QCOMPARE(slider->getOptions(), 0x40);
+  }
+};
+
+QTEST_MAIN(TestFactories)
+#include "tst_Factories.moc"

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "QHostMessageBoxOd.h"
+#include <QString>
+#include <QVector>
+
+/** Catches every message box for as long as it lives, so no test ever opens one. */
+class MessageCatcher
+{
+public:
+  struct Shown
+  {
+    host_qt_ui::QHostMessageBoxOd::Kind kind;
+    QString text;
+  };
+
+  MessageCatcher()
+  {
+    host_qt_ui::QHostMessageBoxOd::setInterceptor(
+      [this](host_qt_ui::QHostMessageBoxOd::Kind kind, const QString& text, int) {
+        shown.append({kind, text});
+        return int(host_qt_ui::QHostMessageBoxOd::Ok);
+      });
+  }
+  ~MessageCatcher() { host_qt_ui::QHostMessageBoxOd::setInterceptor(host_qt_ui::QHostMessageBoxOd::Interceptor()); }
+
+  QVector<Shown> shown;
+};
