@@ -277,6 +277,7 @@ void DemoBag::buildItems()
   justify.value = integer(5);
 
   Item& align = add(Choice, QObject::tr("Alignment"), PropUiGuidPushButtons, QObject::tr("Alignment of the text lines"));
+  align.flags |= 0x10000; // buttons to the left
   for (const QString& a : {QObject::tr("Left"), QObject::tr("Centre"), QObject::tr("Right")})
   {
     align.choiceNames.append(a);
@@ -285,6 +286,7 @@ void DemoBag::buildItems()
   align.value = text(QObject::tr("Left"));
 
   Item& units = add(Choice, QObject::tr("Units"), PropUiGuidRadioButtons, QObject::tr("Units of the dimension text"));
+  units.flags |= 0x10000;
   for (const QString& u : {QStringLiteral("mm"), QStringLiteral("cm"), QStringLiteral("m")})
   {
     units.choiceNames.append(u);
@@ -293,6 +295,7 @@ void DemoBag::buildItems()
   units.value = text(QStringLiteral("mm"));
 
   Item& frame = add(Choice, QObject::tr("Frame"), PropUiGuidToolButtons, QObject::tr("The frame drawn around the text"));
+  frame.flags |= 0x10000;
   const QStringList frames{QObject::tr("None"), QObject::tr("Box"), QObject::tr("Round")};
   for (int i = 0; i < frames.size(); ++i)
   {

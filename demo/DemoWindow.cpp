@@ -2,6 +2,7 @@
 
 #include "DemoBag.h"
 #include "HostQtStyleManager.h"
+#include "OdError.h"
 #include "OdStringQt.h"
 #include "PropUiQLabel.h"
 #include "PropUiQWidget.h"
@@ -14,6 +15,7 @@
 #include <QPlainTextEdit>
 #include <QScrollArea>
 #include <QTime>
+#include <QTimer>
 #include <QVBoxLayout>
 
 DemoWindow::DemoWindow(DemoBag* bag, QWidget* parent) : QWidget(parent), m_bag(bag)
@@ -85,9 +87,8 @@ void DemoWindow::buildRows()
     control->setParent(rows);
     control->setPropBagItem(m_bag, i);
     control->setupUi();
-    control->updateUi();
-    control->updateData();
     m_controls.append(control);
+    refreshControl(control);
 
     if (m_bag->kindOf(i) == DemoBag::Caption)
     {
@@ -112,15 +113,39 @@ void DemoWindow::buildRows()
   m_rows = rows;
 }
 
-void DemoWindow::refresh()
+void DemoWindow::refreshControl(PropUiQWidget* control)
 {
-  for (const auto& control : m_controls)
+  try
   {
-    if (!control)
-      continue;
     control->updateUi();
     control->updateData();
   }
+  catch (const OdError& error)
+  {
+    // A control may reject what the bag lists (a grid needs nine entries): say so, keep going.
+    appendLog(tr("%1 cannot show its item: %2").arg(QString::fromLatin1(control->metaObject()->className()),
+                                                      toQString(error.description())),
+              false);
+  }
+}
+
+void DemoWindow::refresh()
+{
+  for (const auto& control : m_controls)
+    if (control)
+      refreshControl(control);
+}
+
+void DemoWindow::scheduleRefresh()
+{
+  // As a host does when its data changed: every control re-reads, after the current event.
+  if (m_refreshPending)
+    return;
+  m_refreshPending = true;
+  QTimer::singleShot(0, this, [this]() {
+    m_refreshPending = false;
+    refresh();
+  });
 }
 
 void DemoWindow::setMixed(bool mixed)

@@ -28,10 +28,13 @@ public:
   bool saveScreenshot(const QString& path);
   void appendLog(const QString& line, bool accepted);
   void countRedraw();
+  /** Makes every control re-read its item once the current event is over. */
+  void scheduleRefresh();
 
 private:
   void buildRows();
   void refresh();
+  void refreshControl(PropUiQWidget* control);
   void showRedraws();
 
   DemoBag* m_bag;
@@ -43,4 +46,5 @@ private:
   class QCheckBox* m_mixedSwitch = nullptr;
   class QComboBox* m_themeBox = nullptr;
   int m_redraws = 0;
+  bool m_refreshPending = false;
 };

@@ -106,7 +106,11 @@ int main(int argc, char** argv)
     DemoBag bag;
     DemoWindow panel(&bag);
     window = &panel;
-    bag.setLog([&panel](const QString& line, bool accepted) { panel.appendLog(line, accepted); });
+    bag.setLog([&panel](const QString& line, bool accepted) {
+      panel.appendLog(line, accepted);
+      if (accepted)
+        panel.scheduleRefresh();
+    });
     const bool unattended = options.headless || !options.screenshot.isEmpty();
     if (unattended)
     {

@@ -5,7 +5,7 @@
 
 class PropAction;
 class QAbstractButton;
-class QButtonGroup;
+#include <QButtonGroup>
 class QHBoxLayout;
 
 /**

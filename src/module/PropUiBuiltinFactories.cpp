@@ -5,14 +5,24 @@
 #include "PropUiFactories.h"
 #include "PropUiGuids.h"
 #include "PropUiQAngleCtrl.h"
+#include "PropUiQButtons3x3Ctrl.h"
+#include "PropUiQCheckBox.h"
 #include "PropUiQControl.h"
+#include "PropUiQDateCtrl.h"
 #include "PropUiQDistanceCtrl.h"
 #include "PropUiQDoubleCtrl.h"
 #include "PropUiQIntegerCtrl.h"
 #include "PropUiQLabel.h"
 #include "PropUiQMLineEdit.h"
+#include "PropUiQPushButtonsCtrl.h"
+#include "PropUiQRadioButtonsCtrl.h"
 #include "PropUiQSliderCtrl.h"
+#include "PropUiQSwitchBox.h"
+#include "PropUiQTextCheckBox.h"
+#include "PropUiQTextComboCtrl.h"
 #include "PropUiQTextCtrl.h"
+#include "PropUiQTextSwitchBox.h"
+#include "PropUiQToolButtonsCtrl.h"
 #include "PropUiRegistry.h"
 
 using namespace propui;
@@ -20,22 +30,34 @@ using namespace propui;
 namespace
 {
 
-// The value kinds have no text-combo form yet: only their own and the multi-line controls.
+// The variant kind is never a combo.
 typedef void NoTextCombo;
+typedef PropUiQTextComboCtrl TextCombo;
 
 typedef PlainFactory<PropUiQControl> PropUiEmptyControlFactory;
 typedef PassOptionsFactory<PropUiActionToolButtonsCtrl> PropUiActionToolButtonsCtrlFactory;
 typedef PassOptionsFactory<PropUiActionPushButtonsCtrl> PropUiActionPushButtonsCtrlFactory;
 typedef PlainFactory<PropUiQLabel> PropUiQLabelCtrlFactory;
-typedef LineEditFactory<PropUiQDoubleCtrl, PropUiQMLineEdit<PropUiQDoubleCtrl>, NoTextCombo, 0x2> PropUiQDoubleCtrlFactory;
+typedef LineEditFactory<PropUiQDoubleCtrl, PropUiQMLineEdit<PropUiQDoubleCtrl>, TextCombo, 0x2> PropUiQDoubleCtrlFactory;
 // An item view edits a composite coordinate one element at a time, as a distance.
-typedef LineEditFactory<PropUiQDistanceCtrl, PropUiQMLineEdit<PropUiQDistanceCtrl>, NoTextCombo, 0x2, PropUiQDistanceCtrl>
+typedef LineEditFactory<PropUiQDistanceCtrl, PropUiQMLineEdit<PropUiQDistanceCtrl>, TextCombo, 0x2, PropUiQDistanceCtrl>
   PropUiQDistanceCtrlFactory;
-typedef LineEditFactory<PropUiQAngleCtrl, PropUiQMLineEdit<PropUiQAngleCtrl>, NoTextCombo, 0x2> PropUiQAngleCtrlFactory;
-typedef LineEditFactory<PropUiQTextCtrl, PropUiQMLineEdit<PropUiQTextCtrl>, NoTextCombo, 0x2> PropUiQTextCtrlFactory;
-typedef LineEditFactory<PropUiQIntegerCtrl, PropUiQMLineEdit<PropUiQIntegerCtrl>, NoTextCombo, 0x2 | 0x4> PropUiQIntegerCtrlFactory;
+typedef LineEditFactory<PropUiQAngleCtrl, PropUiQMLineEdit<PropUiQAngleCtrl>, TextCombo, 0x2> PropUiQAngleCtrlFactory;
+typedef LineEditFactory<PropUiQTextCtrl, PropUiQMLineEdit<PropUiQTextCtrl>, TextCombo, 0x2> PropUiQTextCtrlFactory;
+typedef LineEditFactory<PropUiQIntegerCtrl, PropUiQMLineEdit<PropUiQIntegerCtrl>, TextCombo, 0x2 | 0x4> PropUiQIntegerCtrlFactory;
+typedef PlainFactory<PropUiQTextComboCtrl> PropUiQTextComboCtrlFactory;
+typedef ChoiceFactory<PropUiQCheckBox, TextCombo, false> PropUiQBoolCtrlFactory;
+typedef ChoiceFactory<PropUiQTextCheckBox, TextCombo, false> PropUiQBoolTextCtrlFactory;
+typedef ChoiceFactory<PropUiQSwitchBox, TextCombo, true> PropUiQSwitchCtrlFactory;
+typedef ChoiceFactory<PropUiQTextSwitchBox, TextCombo, true> PropUiQTextSwitchCtrlFactory;
 typedef LineEditFactory<PropUiQTextCtrl, PropUiQMLineEdit<PropUiQTextCtrl>, NoTextCombo, 0, PropUiQTextCtrl> PropUiQVariantCtrlFactory;
-typedef PlainFactory<PropUiQSliderCtrl> PropUiQSliderCtrlFactory;
+typedef PassOptionsFactory<PropUiQPushButtonsCtrl> PropUiQPushButtonsCtrlFactory;
+typedef PassOptionsFactory<PropUiQToolButtonsCtrl> PropUiQToolButtonsCtrlFactory;
+typedef PassOptionsFactory<PropUiQRadioButtonsCtrl> PropUiQRadioButtonsCtrlFactory;
+// In an item view these are the same controls, built bare.
+typedef PlainFactory<PropUiQButtons3x3Ctrl, true> PropUiQButtons3x3CtrlFactory;
+typedef PlainFactory<PropUiQSliderCtrl, true> PropUiQSliderCtrlFactory;
+typedef PlainFactory<PropUiQDateCtrl, true> PropUiQDateCtrlFactory;
 
 } // namespace
 
@@ -51,6 +73,16 @@ void registerBuiltinFactories()
   propUiRegisterWidget(PropUiGuidDoubleAlt, new PropUiQDoubleCtrlFactory);
   propUiRegisterWidget(PropUiGuidText, new PropUiQTextCtrlFactory);
   propUiRegisterWidget(PropUiGuidInteger, new PropUiQIntegerCtrlFactory);
+  propUiRegisterWidget(PropUiGuidTextCombo, new PropUiQTextComboCtrlFactory);
+  propUiRegisterWidget(PropUiGuidBool, new PropUiQBoolCtrlFactory);
+  propUiRegisterWidget(PropUiGuidBoolText, new PropUiQBoolTextCtrlFactory);
+  propUiRegisterWidget(PropUiGuidSwitch, new PropUiQSwitchCtrlFactory);
+  propUiRegisterWidget(PropUiGuidTextSwitch, new PropUiQTextSwitchCtrlFactory);
   propUiRegisterWidget(PropUiGuidVariant, new PropUiQVariantCtrlFactory);
+  propUiRegisterWidget(PropUiGuidPushButtons, new PropUiQPushButtonsCtrlFactory);
+  propUiRegisterWidget(PropUiGuidToolButtons, new PropUiQToolButtonsCtrlFactory);
+  propUiRegisterWidget(PropUiGuidRadioButtons, new PropUiQRadioButtonsCtrlFactory);
+  propUiRegisterWidget(PropUiGuidButtons3x3, new PropUiQButtons3x3CtrlFactory);
   propUiRegisterWidget(PropUiGuidSlider, new PropUiQSliderCtrlFactory);
+  propUiRegisterWidget(PropUiGuidDate, new PropUiQDateCtrlFactory);
 }

@@ -22,8 +22,11 @@ Control* withToolTipBit(Control* control, int options)
   return control;
 }
 
-/** Makes the control and keeps only the caller's tool-tip bit. */
-template <class Control>
+/**
+ * Makes the control and keeps only the caller's tool-tip bit. With
+ * BareEditor, an item view gets the same control built without any option.
+ */
+template <class Control, bool BareEditor = false>
 class PlainFactory : public PropUiQWidgetFactory
 {
 public:
@@ -31,7 +34,12 @@ public:
   {
     return withToolTipBit(new Control(parent), options);
   }
-  PropUiQWidget* createEditor(int options, QWidget* parent) override { return createWidget(options, parent); }
+  PropUiQWidget* createEditor(int options, QWidget* parent) override
+  {
+    if (BareEditor)
+      return new Control(parent);
+    return createWidget(options, parent);
+  }
 };
 
 /** Hands the caller's whole option word to the control, whose bits then mean what it makes of them. */

@@ -48,8 +48,21 @@ private slots:
     QTest::newRow("double elided") << PropUiGuidDouble << 0x10040 << "PropUiQDoubleCtrl" << 0x10040;
     QTest::newRow("double alt") << PropUiGuidDoubleAlt << 0x40 << "PropUiQDoubleCtrl" << 0x40;
     QTest::newRow("double multi-line") << PropUiGuidDouble << (0x8 | 0x10000) << "multi:PropUiQDoubleCtrl" << 0;
-    // The text-combo form (0x2) comes with the choice editors; until then the value's own control.
-    QTest::newRow("double 0x2 for now") << PropUiGuidDouble << 0x2 << "PropUiQDoubleCtrl" << 0;
+    QTest::newRow("double text combo") << PropUiGuidDouble << 0x42 << "PropUiQTextComboCtrl" << 0x40;
+    QTest::newRow("multi-line before combo") << PropUiGuidText << 0xA << "multi:PropUiQTextCtrl" << 0;
+    QTest::newRow("integer 0x2") << PropUiGuidInteger << 0x2 << "PropUiQTextComboCtrl" << 0;
+    QTest::newRow("integer 0x4") << PropUiGuidInteger << 0x4 << "PropUiQTextComboCtrl" << 0;
+    QTest::newRow("text combo") << PropUiGuidTextCombo << 0x10040 << "PropUiQTextComboCtrl" << 0x40;
+    QTest::newRow("bool") << PropUiGuidBool << 0x10040 << "PropUiQCheckBox" << 0x40;
+    QTest::newRow("bool combo") << PropUiGuidBool << 0x2 << "PropUiQTextComboCtrl" << 0;
+    QTest::newRow("bool text") << PropUiGuidBoolText << 0 << "PropUiQTextCheckBox" << 0;
+    QTest::newRow("switch keeps options") << PropUiGuidSwitch << 0x20040 << "PropUiQSwitchBox" << 0x20040;
+    QTest::newRow("text switch combo") << PropUiGuidTextSwitch << 0x2 << "PropUiQTextComboCtrl" << 0;
+    QTest::newRow("push buttons") << PropUiGuidPushButtons << 0x40000 << "PropUiQPushButtonsCtrl" << 0x40000;
+    QTest::newRow("tool buttons") << PropUiGuidToolButtons << 0x1000040 << "PropUiQToolButtonsCtrl" << 0x1000040;
+    QTest::newRow("radio buttons") << PropUiGuidRadioButtons << 0x10000 << "PropUiQRadioButtonsCtrl" << 0x10000;
+    QTest::newRow("3x3") << PropUiGuidButtons3x3 << 0x10042 << "PropUiQButtons3x3Ctrl" << 0x40;
+    QTest::newRow("date") << PropUiGuidDate << 0x2 << "PropUiQDateCtrl" << 0;
     QTest::newRow("distance") << PropUiGuidDistance << 0x40 << "PropUiQDistanceCtrl" << 0x40;
     QTest::newRow("angle multi-line") << PropUiGuidAngle << 0x48 << "multi:PropUiQAngleCtrl" << 0x40;
     QTest::newRow("text") << PropUiGuidText << 0x10000 << "PropUiQTextCtrl" << 0x10003;
@@ -94,9 +107,15 @@ private slots:
     // The others build their widget form.
     QScopedPointer<PropUiQWidget> angle(propUiCreateEditor(PropUiGuidAngle, 0x48));
     QVERIFY(isA<PropUiQMLineEdit<PropUiQAngleCtrl> >(angle));
-    QScopedPointer<PropUiQWidget> slider(propUiCreateEditor(PropUiGuidSlider, 0x40));
-    QCOMPARE(classOf(slider), QStringLiteral("PropUiQSliderCtrl"));
-    QCOMPARE(slider->getOptions(), 0x40);
+    // Slider, grid and date: the same control, built bare.
+    for (const OdGUID& guid : {PropUiGuidSlider, PropUiGuidButtons3x3, PropUiGuidDate})
+    {
+      QScopedPointer<PropUiQWidget> editor(propUiCreateEditor(guid, 0x40));
+      QScopedPointer<PropUiQWidget> widget(propUiCreateWidget(guid, 0x40));
+      QCOMPARE(classOf(editor), classOf(widget));
+      QCOMPARE(editor->getOptions(), 0);
+      QCOMPARE(widget->getOptions(), 0x40);
+    }
   }
 };
 

@@ -1,0 +1,54 @@
+#pragma once
+
+#include "PropUiQControl.h"
+#include <QPointer>
+#include <map>
+
+class QAbstractButton;
+#include <QButtonGroup>
+class QHBoxLayout;
+
+/**
+ * An enumerated item as a row of mutually exclusive buttons, one per entry
+ * of the bag's list. The current entry is found by its display text.
+ */
+class PROPWIDGETS_EXPORT PropUiButtonGroupCtrl : public PropUiQControl
+{
+  Q_OBJECT
+
+public:
+  /** Option bit: buttons to the left (a trailing spacer). */
+  static constexpr int kAlignLeft = 0x10000;
+  /** Option bit: buttons to the right (a leading spacer). */
+  static constexpr int kAlignRight = 0x20000;
+  /** Option bit: tool and push buttons show their icon only. */
+  static constexpr int kIconsOnly = 0x40000;
+
+  explicit PropUiButtonGroupCtrl(QWidget* parent = nullptr);
+
+  bool setupUi() override;
+  void updateUi() override;
+  void updateData() override;
+
+  /** Marks the button of the current value. */
+  virtual void setCurrentBtn(QAbstractButton* button);
+  virtual void onButtonClicked(QAbstractButton* button) = 0;
+  /** A new button whose parent is the control. */
+  virtual QAbstractButton* createBtn() = 0;
+  /** Shows the entry on the button, unchecked, and remembers its key. */
+  virtual void updateBtn(QAbstractButton* button, const OdString& text, unsigned long key) = 0;
+  /** Forgets the button's key. */
+  virtual void removeBtn(QAbstractButton* button) = 0;
+
+  QButtonGroup* buttonGroup() const { return m_buttonGroup; }
+
+protected:
+  QHBoxLayout* buttonsLayout() const;
+  /** Unchecks a button even while it is the exclusive group's checked one. */
+  void uncheck(QAbstractButton* button);
+  /** Writes the value of the clicked button's entry. */
+  void commitButton(QAbstractButton* button);
+
+  QPointer<QButtonGroup> m_buttonGroup;
+  std::map<QAbstractButton*, unsigned long> m_buttonKeys;
+};

@@ -1,0 +1,40 @@
+#include "PropUiCheckBoxLayout.h"
+
+#include "PropUiActionToolButtonsCtrl.h"
+#include "PropUiQControl.h"
+#include "QHostCheckBox.h"
+#include <QHBoxLayout>
+#include <QLineEdit>
+
+namespace propui
+{
+
+host_qt_ui_core::QHostCheckBox* buildCheckBox(PropUiQControl* control, bool switchMode)
+{
+  constexpr int kAlignLeft = 0x10000;
+  constexpr int kAlignRight = 0x20000;
+  auto* layout = new QHBoxLayout(control);
+  layout->setContentsMargins(0, 0, 0, 0);
+  layout->setSpacing(2);
+  if (switchMode && (control->getOptions() & kAlignRight))
+    layout->addSpacerItem(new QSpacerItem(0, 0, QSizePolicy::Expanding, QSizePolicy::Minimum));
+  auto* box = new host_qt_ui_core::QHostCheckBox(control);
+  box->setObjectName(QStringLiteral("checkBox"));
+  if (switchMode)
+  {
+    box->enableSwitchMode(true);
+    box->setTristate(false);
+  }
+  // As tall as a text editor, so that rows of a panel line up.
+  box->setMinimumHeight(QLineEdit().sizeHint().height());
+  control->useFocusReactor(box);
+  control->useFocusRedirect(box, nullptr);
+  layout->addWidget(box);
+  if (switchMode && (control->getOptions() & kAlignLeft))
+    layout->addSpacerItem(new QSpacerItem(0, 0, QSizePolicy::Expanding, QSizePolicy::Minimum));
+  if (PropUiActionToolButtonsCtrl* toolbar = control->createActionsToolBar())
+    layout->addWidget(toolbar);
+  return box;
+}
+
+} // namespace propui

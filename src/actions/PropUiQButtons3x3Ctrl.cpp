@@ -1,0 +1,91 @@
+#include "PropUiQButtons3x3Ctrl.h"
+
+#include "OdError.h"
+#include "OdStringQt.h"
+#include "PropBag.h"
+#include "PropUiQIcon.h"
+#include <QGridLayout>
+#include <QToolButton>
+
+PropUiQButtons3x3Ctrl::PropUiQButtons3x3Ctrl(QWidget* parent) : PropUiQControl(parent) {}
+
+bool PropUiQButtons3x3Ctrl::setupUi()
+{
+  PropUiQControl::setupUi();
+  m_buttonGroup = new QButtonGroup(this);
+  m_buttonGroup->setExclusive(true);
+  connect(m_buttonGroup.data(), &QButtonGroup::idClicked, this, &PropUiQButtons3x3Ctrl::onIdClicked);
+  auto* grid = new QGridLayout(this);
+  grid->setContentsMargins(0, 0, 0, 0);
+  grid->setHorizontalSpacing(4);
+  grid->setVerticalSpacing(2);
+  for (int row = 0; row < 3; ++row)
+    for (int column = 0; column < 3; ++column)
+    {
+      auto* cell = new QToolButton(this);
+      cell->setObjectName(QStringLiteral("cell%1").arg(row * 3 + column));
+      cell->setCheckable(true);
+      grid->addWidget(cell, row, column);
+      m_buttonGroup->addButton(cell, -1);
+    }
+  // The cells stay together at the left; the rest of a wide row is empty.
+  grid->setColumnStretch(3, 1);
+  return true;
+}
+
+void PropUiQButtons3x3Ctrl::updateUi()
+{
+  PropUiQControl::updateUi();
+}
+
+void PropUiQButtons3x3Ctrl::updateData()
+{
+  PropUiQControl::updateData();
+  if (!m_bag || !m_buttonGroup)
+    return;
+  OdStringArray texts;
+  PropKeyArray keys;
+  m_bag->getValueList(m_index, texts, keys);
+  if (texts.size() < 9 || keys.size() < 9)
+    throw OdError_InvalidIndex();
+  refreshCells(texts, keys);
+}
+
+void PropUiQButtons3x3Ctrl::refreshCells(const OdStringArray& texts, const PropKeyArray& keys)
+{
+  const QList<QAbstractButton*> cells = m_buttonGroup->buttons();
+  m_buttonGroup->setExclusive(false);
+  for (int i = 0; i < 9 && i < cells.size(); ++i)
+  {
+    QAbstractButton* cell = cells[i];
+    cell->setChecked(false);
+    cell->setToolTip(toQString(texts[unsigned(i)]));
+    OdSharedPtr<PropIcon> icon;
+    if (m_bag->getIcon(m_index, keys[unsigned(i)], icon))
+      if (auto* qicon = dynamic_cast<PropUiQIcon*>(icon.get()))
+        cell->setIcon(qicon->getIcon());
+    PropVariant value;
+    if (m_bag->getListValue(m_index, keys[unsigned(i)], value) && (value.type() & PropVariant::kInt32))
+      m_buttonGroup->setId(cell, value.getInt32());
+  }
+  m_buttonGroup->setExclusive(true);
+
+  // A varying selection has no one cell to mark.
+  PropVariant current;
+  if (m_bag->getValue(m_index, current) && !current.isVaries())
+    if (QAbstractButton* cell = m_buttonGroup->button(current.getInt32()))
+      cell->setChecked(true);
+}
+
+void PropUiQButtons3x3Ctrl::onIdClicked(int id)
+{
+  if (!m_bag)
+    return;
+  PropVariant value;
+  value.setInt32(id);
+  OdString message;
+  if (!m_bag->validate(m_index, m_element, value, message))
+    showErrorMessage(message);
+  else
+    m_bag->setValue(m_index, value);
+}

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "PropBag.h"
+#include "PropUiQControl.h"
+#include <QButtonGroup>
+#include <QPointer>
+
+/**
+ * A 3x3 grid of tool buttons for an item whose nine listed values name the
+ * cells in row order (a justification, say). A click writes the cell's value.
+ */
+class PROPWIDGETS_EXPORT PropUiQButtons3x3Ctrl : public PropUiQControl
+{
+  Q_OBJECT
+
+public:
+  explicit PropUiQButtons3x3Ctrl(QWidget* parent = nullptr);
+
+  bool setupUi() override;
+  void updateUi() override;
+  /** Raises the platform's invalid-index error for a list of fewer than nine entries. */
+  void updateData() override;
+
+  virtual void onIdClicked(int id);
+
+  QButtonGroup* buttonGroup() const { return m_buttonGroup; }
+
+private:
+  void refreshCells(const OdStringArray& texts, const PropKeyArray& keys);
+
+  QPointer<QButtonGroup> m_buttonGroup;
+};

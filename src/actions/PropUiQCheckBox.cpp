@@ -1,0 +1,97 @@
+#include "PropUiQCheckBox.h"
+
+#include "OdStringQt.h"
+#include "PropBag.h"
+#include "PropUiCheckBoxLayout.h"
+
+PropUiQCheckBox::PropUiQCheckBox(QWidget* parent) : PropUiQControl(parent) {}
+
+bool PropUiQCheckBox::setupUi()
+{
+  PropUiQControl::setupUi();
+  if (!m_bag)
+    return false;
+  m_checkBox = propui::buildCheckBox(this, false);
+  connect(m_checkBox.data(), &QAbstractButton::clicked, this, &PropUiQCheckBox::onClicked);
+  return true;
+}
+
+void PropUiQCheckBox::updateUi()
+{
+  PropUiQControl::updateUi();
+  if (m_bag && m_checkBox)
+    m_checkBox->setEnabled(m_bag->isEditable(m_index, m_element));
+}
+
+void PropUiQCheckBox::updateData()
+{
+  PropUiQControl::updateData();
+  if (!m_bag || !m_checkBox)
+    return;
+  if (m_bag->getFlags(m_index) & PropBag::kCaptionOnCheckBox)
+  {
+    OdString name;
+    if (m_bag->getName(m_index, name))
+      m_checkBox->setText(toQString(name));
+  }
+  PropVariant value;
+  const bool read = m_isPropertyElement ? m_bag->getElementValue(m_index, m_element, value)
+                                        : m_bag->getValue(m_index, value);
+  if (!read)
+    return;
+  if (value.isVaries())
+  {
+    setVaries(true);
+  }
+  else if ((value.type() & PropVariant::kBool) && !value.hasNoData())
+  {
+    setVaries(false);
+    m_lastState = value.getBool() ? Qt::Checked : Qt::Unchecked;
+    m_checkBox->setCheckState(m_lastState);
+  }
+}
+
+bool PropUiQCheckBox::isVaries() const
+{
+  return m_checkBox && m_checkBox->checkState() == Qt::PartiallyChecked;
+}
+
+void PropUiQCheckBox::setVaries(bool varies)
+{
+  if (!m_checkBox)
+    return;
+  if (varies)
+  {
+    m_checkBox->setTristate(true);
+    m_checkBox->setCheckState(Qt::PartiallyChecked);
+  }
+  else
+  {
+    m_checkBox->setTristate(false);
+  }
+}
+
+void PropUiQCheckBox::onClicked(bool)
+{
+  if (!m_bag || !m_checkBox)
+    return;
+  // The click has already moved the box out of its partial look; the third
+  // state must not come back on the next click.
+  if (m_checkBox->isTristate())
+    setVaries(false);
+  PropVariant value;
+  value.setBool(m_checkBox->checkState() == Qt::Checked);
+  OdString message;
+  if (!m_bag->validate(m_index, m_element, value, message))
+  {
+    showErrorMessage(message);
+    m_checkBox->setCheckState(m_lastState);
+    return;
+  }
+  const bool written = m_isPropertyElement ? m_bag->setElementValue(m_index, m_element, value)
+                                           : m_bag->setValue(m_index, value);
+  if (written)
+    m_lastState = m_checkBox->checkState();
+  else
+    m_checkBox->setCheckState(m_lastState);
+}

@@ -1,0 +1,132 @@
+#include "PropUiQDateCtrl.h"
+
+#include "OdStringQt.h"
+#include "PropBag.h"
+#include "PropUiActionToolButtonsCtrl.h"
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QTimer>
+
+PropUiQDateCtrl::PropUiQDateCtrl(QWidget* parent) : PropUiQControl(parent) {}
+
+QString PropUiQDateCtrl::dateFormat()
+{
+  return QStringLiteral("dd.MM.yyyy");
+}
+
+bool PropUiQDateCtrl::setupUi()
+{
+  PropUiQControl::setupUi();
+  if (!m_bag)
+    return false;
+  auto* layout = new QHBoxLayout(this);
+  layout->setContentsMargins(0, 0, 0, 0);
+  layout->setSpacing(0);
+  m_dateEdit = new PropQDateEdit(this);
+  m_dateEdit->setObjectName(QStringLiteral("dateEdit"));
+  m_dateEdit->setCalendarPopup(true);
+  m_dateEdit->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
+  useFocusReactor(m_dateEdit);
+  connect(m_dateEdit.data(), &QDateTimeEdit::dateChanged, this, &PropUiQDateCtrl::onDateChanged);
+  layout->addWidget(m_dateEdit);
+  if (PropUiActionToolButtonsCtrl* toolbar = createActionsToolBar())
+    layout->addWidget(toolbar);
+  return true;
+}
+
+void PropUiQDateCtrl::updateUi()
+{
+  PropUiQControl::updateUi();
+  if (m_bag && m_dateEdit)
+    m_dateEdit->setEnabled(m_bag->isEditable(m_index, m_element));
+}
+
+void PropUiQDateCtrl::updateData()
+{
+  PropUiQControl::updateData();
+  if (!m_bag || !m_dateEdit)
+    return;
+  PropVariant value;
+  const bool read = m_isPropertyElement ? m_bag->getElementValue(m_index, m_element, value)
+                                        : m_bag->getValue(m_index, value);
+  if (!read)
+    return;
+  if (value.isVaries())
+  {
+    setVaries(true);
+    m_lastDate = m_dateEdit->date();
+  }
+  else if ((value.type() & PropVariant::kString) && !value.hasNoData())
+  {
+    setVaries(false);
+    const QDate date = QDate::fromString(toQString(value.getString()), dateFormat());
+    if (date != m_lastDate)
+    {
+      // An unreadable string is an invalid date, which the edit ignores: it keeps what it showed.
+      m_lastDate = date;
+      m_dateEdit->setDate(date);
+    }
+  }
+}
+
+bool PropUiQDateCtrl::isVaries() const
+{
+  return m_dateEdit && m_dateEdit->isVaries();
+}
+
+void PropUiQDateCtrl::setVaries(bool varies)
+{
+  if (!m_dateEdit || m_dateEdit->isVaries() == varies)
+    return;
+  m_dateEdit->setVariesFlag(varies);
+  // The same date again makes the edit render its text anew.
+  m_dateEdit->setDate(m_dateEdit->date());
+}
+
+void PropUiQDateCtrl::onDateChanged(const QDate&)
+{
+  applyData();
+}
+
+bool PropUiQDateCtrl::applyData()
+{
+  if (!m_bag || !m_dateEdit || m_dateEdit->date() == m_lastDate)
+    return false;
+  if (m_applying)
+    return false;
+  m_applying = true;
+  PropVariant value;
+  value.setString(toOdString(m_dateEdit->date().toString(dateFormat())));
+  OdString message;
+  bool accepted = m_bag->validate(m_index, m_element, value, message);
+  if (!accepted)
+    showErrorMessage(message);
+  else
+    accepted = m_isPropertyElement ? m_bag->setElementValue(m_index, m_element, value)
+                                   : m_bag->setValue(m_index, value);
+  if (accepted)
+  {
+    m_lastDate = m_dateEdit->date();
+    if (isVaries())
+      setVaries(false);
+  }
+  else
+  {
+    m_dateEdit->setDate(m_lastDate);
+  }
+  m_applying = false;
+  return true;
+}
+
+bool PropUiQDateCtrl::eventFilter(QObject* watched, QEvent* event)
+{
+  if (watched == m_dateEdit && m_dateEdit && event->type() == QEvent::KeyPress)
+  {
+    auto* key = static_cast<QKeyEvent*>(event);
+    if (key->key() == Qt::Key_Escape)
+      m_dateEdit->setDate(m_lastDate);
+    else if (key->spontaneous() && (key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter))
+      QTimer::singleShot(0, this, [this]() { focusNextChild(); });
+  }
+  return PropUiQControl::eventFilter(watched, event);
+}

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "PropQDateEdit.h"
+#include "PropUiQControl.h"
+#include <QDate>
+#include <QPointer>
+
+/**
+ * A date item, carried by the bag as a "dd.MM.yyyy" string, in a date edit
+ * with a calendar popup. Every change of the date is written at once.
+ */
+class PROPWIDGETS_EXPORT PropUiQDateCtrl : public PropUiQControl
+{
+  Q_OBJECT
+
+public:
+  explicit PropUiQDateCtrl(QWidget* parent = nullptr);
+
+  bool setupUi() override;
+  void updateUi() override;
+  void updateData() override;
+  bool isVaries() const override;
+  void setVaries(bool varies) override;
+  /** Escape and Enter handling, for a host that installs the control on its edit. */
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+  virtual bool applyData();
+  virtual void onDateChanged(const QDate& date);
+
+  PropQDateEdit* dateEdit() const { return m_dateEdit; }
+
+  /** The property system's form of a date. */
+  static QString dateFormat();
+
+protected:
+  QDate m_lastDate;
+  QPointer<PropQDateEdit> m_dateEdit;
+};

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "PropUiQControl.h"
+#include "QHostCheckBox.h"
+#include <QPointer>
+
+/** A boolean item as an on/off switch. A varying selection is remembered, not shown. */
+class PROPWIDGETS_EXPORT PropUiQSwitchBox : public PropUiQControl
+{
+  Q_OBJECT
+
+public:
+  /** Option bit: the switch to the left (a trailing spacer). */
+  static constexpr int kAlignLeft = 0x10000;
+  /** Option bit: the switch to the right (a leading spacer). */
+  static constexpr int kAlignRight = 0x20000;
+
+  explicit PropUiQSwitchBox(QWidget* parent = nullptr);
+
+  bool setupUi() override;
+  void updateUi() override;
+  void updateData() override;
+  bool isVaries() const override;
+  void setVaries(bool varies) override;
+
+  virtual void onClicked(bool checked);
+
+  host_qt_ui_core::QHostCheckBox* checkBox() const { return m_checkBox; }
+
+protected:
+  QPointer<host_qt_ui_core::QHostCheckBox> m_checkBox;
+  bool m_lastChecked = false;
+  bool m_varies = false;
+};

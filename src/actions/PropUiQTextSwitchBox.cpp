@@ -1,0 +1,19 @@
+#include "PropUiQTextSwitchBox.h"
+
+#include "PropUiTextCaption.h"
+
+PropUiQTextSwitchBox::PropUiQTextSwitchBox(QWidget* parent) : PropUiQSwitchBox(parent) {}
+
+void PropUiQTextSwitchBox::updateData()
+{
+  PropUiQSwitchBox::updateData();
+  if (!isVaries())
+    propui::showListedCaption(m_bag, m_index, m_checkBox);
+}
+
+void PropUiQTextSwitchBox::setVaries(bool varies)
+{
+  PropUiQSwitchBox::setVaries(varies);
+  if (varies && m_checkBox)
+    m_checkBox->setText(tr("*varies*"));
+}

@@ -1,0 +1,216 @@
+#include "PropUiQComboBox.h"
+
+#include "OdStringQt.h"
+#include "PropBag.h"
+#include "PropItemType.h"
+#include "PropMathValidator.h"
+#include "PropUiActionToolButtonsCtrl.h"
+#include "PropUiGuids.h"
+#include "PropUiQFormatter.h"
+#include <QDoubleValidator>
+#include <QHBoxLayout>
+#include <QIntValidator>
+#include <QLineEdit>
+#include <QPixmap>
+
+namespace
+{
+
+QIcon iconOf(const QVariant& decoration)
+{
+  if (decoration.canConvert<QIcon>() && decoration.userType() == qMetaTypeId<QIcon>())
+    return decoration.value<QIcon>();
+  if (decoration.userType() == qMetaTypeId<QPixmap>())
+    return QIcon(decoration.value<QPixmap>());
+  return QIcon();
+}
+
+/** The validator for typed values of a numeric item type, or null for other types. */
+QValidator* numberValidatorFor(const OdGUID& type)
+{
+  const QLocale c(QLocale::C, QLocale::AnyCountry);
+  QValidator* numbers = nullptr;
+  if (type == PropUiGuidInteger)
+    numbers = new QIntValidator;
+  else if (type == PropUiGuidDouble || type == PropUiGuidDistance || type == PropUiGuidAngle)
+    numbers = new QDoubleValidator;
+  if (numbers)
+    numbers->setLocale(c);
+  return numbers;
+}
+
+} // namespace
+
+PropUiQComboBox::PropUiQComboBox(QWidget* parent) : PropUiQControl(parent) {}
+
+bool PropUiQComboBox::setupUi()
+{
+  PropUiQControl::setupUi();
+  if (!m_bag)
+    return false;
+  auto* layout = new QHBoxLayout(this);
+  layout->setContentsMargins(0, 0, 0, 0);
+  layout->setSpacing(0);
+  m_combo = new host_qt_ui_core::QHostComboBox(this);
+  m_combo->setObjectName(QStringLiteral("combo"));
+  m_combo->disableMouseWheel(true);
+  m_combo->setMaxVisibleItems(30);
+  useFocusReactor(m_combo);
+  useFocusRedirect(m_combo, nullptr);
+  if (m_bag->getFlags(m_index) & PropBag::kEditableList)
+    m_combo->setEditableWithCompleter(true);
+  if (PropItemType* type = m_bag->getItemType(m_index))
+  {
+    if (QValidator* numbers = numberValidatorFor(type->editorGuid()))
+    {
+      auto* validator = new PropMathValidator(m_combo);
+      validator->setNumberValidator(numbers);
+      validator->setPropBagItem(m_bag, m_index, m_element);
+      m_combo->setValidator(validator);
+    }
+  }
+  connect(m_combo.data(), QOverload<int>::of(&QComboBox::activated), this, &PropUiQComboBox::onActivated);
+  addItems();
+  m_combo->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+  layout->addWidget(m_combo);
+  if (PropUiActionToolButtonsCtrl* toolbar = createActionsToolBar())
+    layout->addWidget(toolbar);
+  return true;
+}
+
+void PropUiQComboBox::addItems()
+{
+  if (!m_bag || !m_formatter || !m_combo)
+    return;
+  OdStringArray names;
+  PropKeyArray keys;
+  if (!m_bag->getValueList(m_index, names, keys))
+    return;
+  const OdUInt64Array& ids = keys;
+  const PropVariant none;
+  const QStringList texts = m_formatter->getValueListTexts(m_index, none, names, ids);
+  const QVariantList icons = m_formatter->getValueListIcons(m_index, none, names, ids);
+  for (unsigned int i = 0; i < ids.size(); ++i)
+    m_combo->addItem(iconOf(icons.value(int(i))), texts.value(int(i)), QVariant::fromValue<qulonglong>(ids[i]));
+}
+
+int PropUiQComboBox::addTempItem(const PropVariant& value)
+{
+  if (!m_bag || !m_combo)
+    return -1;
+  OdString text;
+  if (!m_bag->formatValue(m_index, m_element, value, text))
+    return -1;
+  const QIcon icon = m_formatter ? iconOf(m_formatter->getIcon(m_index, value)) : QIcon();
+  m_combo->addItem(icon, toQString(text));
+  return m_combo->findData(toQString(text), Qt::DisplayRole, Qt::MatchFixedString);
+}
+
+bool PropUiQComboBox::removeTempItem(int index)
+{
+  if (!m_combo || index < 0 || index >= m_combo->count() || m_combo->itemData(index, Qt::UserRole).isValid())
+    return false;
+  m_combo->removeItem(index);
+  return true;
+}
+
+void PropUiQComboBox::dropStaleTempItem()
+{
+  if (m_combo && m_lastIndex != m_combo->currentIndex())
+    removeTempItem(m_lastIndex);
+}
+
+void PropUiQComboBox::updateData()
+{
+  PropUiQControl::updateData();
+  if (!m_bag || !m_combo)
+    return;
+  PropVariant value;
+  if (!m_bag->getValue(m_index, value))
+    return;
+  if (value.isVaries())
+  {
+    setVaries(true);
+  }
+  else
+  {
+    OdString text;
+    if (m_bag->getListText(m_index, value, text) || m_bag->formatValue(m_index, m_element, value, text))
+    {
+      if (isVaries())
+        setVaries(false);
+      int found = m_combo->findData(toQString(text), Qt::DisplayRole, Qt::MatchFixedString);
+      if (found < 0)
+        found = addTempItem(value);
+      if (found >= 0)
+        m_combo->setCurrentIndex(found);
+    }
+  }
+  dropStaleTempItem();
+  m_lastIndex = m_combo->currentIndex();
+}
+
+void PropUiQComboBox::onActivated(int index)
+{
+  if (!m_bag || !m_combo)
+    return;
+  if (isVaries())
+    setVaries(false);
+  const QVariant id = m_combo->itemData(index, Qt::UserRole);
+  if (!id.isValid())
+    return; // a temporary entry stands for the value already there
+  PropVariant value;
+  if (!m_bag->getListValue(m_index, static_cast<unsigned long>(id.toULongLong()), value))
+    return;
+  OdString message;
+  if (!m_bag->validate(m_index, m_element, value, message))
+  {
+    showInfoMessage(message);
+    m_combo->setCurrentIndex(m_lastIndex);
+    return;
+  }
+  if (!m_bag->setValue(m_index, value))
+  {
+    m_combo->setCurrentIndex(m_lastIndex);
+    return;
+  }
+  dropStaleTempItem();
+  m_lastIndex = m_combo->currentIndex();
+}
+
+void PropUiQComboBox::onEditingFinished() {}
+
+void PropUiQComboBox::updateUi()
+{
+  PropUiQControl::updateUi();
+  if (m_bag && m_combo)
+    m_combo->setEnabled(m_bag->isEditable(m_index, m_element));
+}
+
+bool PropUiQComboBox::isVaries() const
+{
+  if (!m_combo)
+    return false;
+  if (m_combo->isEditable() && m_combo->lineEdit())
+    return !m_combo->lineEdit()->placeholderText().isEmpty();
+  return !m_combo->placeholderText().isEmpty();
+}
+
+void PropUiQComboBox::setVaries(bool varies)
+{
+  if (!m_combo)
+    return;
+  const QString placeholder = varies ? QWidget::tr("*varies*") : QString();
+  if (m_combo->isEditable() && m_combo->lineEdit())
+  {
+    if (varies)
+      m_combo->lineEdit()->clear();
+    m_combo->lineEdit()->setPlaceholderText(placeholder);
+  }
+  else
+  {
+    m_combo->setPlaceholderText(placeholder);
+  }
+  if (varies)
+    m_combo->setCurrentIndex(-1);
+}

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "DataHelper.h"
+#include "PropUiQComboBox.h"
+
+/**
+ * The combo form of a value item: choose one of the listed values or, when
+ * the item allows it, type a value of your own, which the bag parses like a
+ * line edit's text.
+ */
+class PROPWIDGETS_EXPORT PropUiQTextComboCtrl : public PropUiQComboBox
+{
+  Q_OBJECT
+
+public:
+  /** Option bit: the unfocused text is elided and the description is the tool tip. */
+  static constexpr int kElided = 0x10000;
+
+  explicit PropUiQTextComboCtrl(QWidget* parent = nullptr);
+
+  bool setupUi() override;
+  void updateData() override;
+  void addItems() override;
+  void onActivated(int index) override;
+  void onEditingFinished() override;
+
+  /** Parses, validates and writes a typed text that is not one of the entries. */
+  virtual bool applyData();
+
+  const DataHelper& committed() const { return m_committed; }
+
+protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+  void leaveVaries();
+  void commitWithEnter();
+  void revertUnacceptable();
+
+  DataHelper m_committed;
+};

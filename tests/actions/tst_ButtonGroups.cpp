@@ -1,0 +1,200 @@
+#include "MessageCatcher.h"
+#include "OdError.h"
+#include "OdStringQt.h"
+#include "PropUiQButtons3x3Ctrl.h"
+#include "PropUiQPushButtonsCtrl.h"
+#include "PropUiQRadioButtonsCtrl.h"
+#include "PropUiQToolButtonsCtrl.h"
+#include "RecordingBag.h"
+#include <QAbstractButton>
+#include <QtTest>
+
+namespace
+{
+
+PropVariant integer(int i)
+{
+  PropVariant v;
+  v.setInt32(i);
+  return v;
+}
+
+/** Entries named by `names`, keyed 100, 101, ... with the values 1, 2, ...; the current value is `current`. */
+int addChoice(RecordingBag& bag, const QStringList& names, int current)
+{
+  const int item = bag.addItem(QStringLiteral("Units"), integer(current));
+  RecordingBag::Item& it = bag.item(item);
+  it.listNames = names;
+  for (int i = 0; i < names.size(); ++i)
+  {
+    it.listKeys.append(static_cast<unsigned long>(100 + i));
+    it.listValues.insert(static_cast<unsigned long>(100 + i), integer(i + 1));
+  }
+  it.hasListText = true;
+  return item;
+}
+
+PropUiButtonGroupCtrl* makeRow(int kind)
+{
+  if (kind == 0)
+    return new PropUiQRadioButtonsCtrl;
+  if (kind == 1)
+    return new PropUiQPushButtonsCtrl;
+  return new PropUiQToolButtonsCtrl;
+}
+
+QList<QAbstractButton*> buttonsOf(PropUiButtonGroupCtrl* row)
+{
+  return row->buttonGroup()->buttons();
+}
+
+QAbstractButton* checkedOf(PropUiButtonGroupCtrl* row)
+{
+  return row->buttonGroup()->checkedButton();
+}
+
+} // namespace
+
+class TestButtonGroups : public QObject
+{
+  Q_OBJECT
+
+private slots:
+  void rowsFollowTheListAndMatchByText_data()
+  {
+    QTest::addColumn<int>("kind");
+    QTest::newRow("radio") << 0;
+    QTest::newRow("push") << 1;
+    QTest::newRow("tool") << 2;
+  }
+
+  void rowsFollowTheListAndMatchByText()
+  {
+    QFETCH(int, kind);
+    RecordingBag bag;
+    const int item = addChoice(bag, {QStringLiteral("mm"), QStringLiteral("cm"), QStringLiteral("m"), QStringLiteral("in")}, 2);
+    QScopedPointer<PropUiButtonGroupCtrl> row(makeRow(kind));
+    row->setPropBagItem(&bag, item);
+    QVERIFY(row->setupUi());
+    row->updateData();
+    QCOMPARE(buttonsOf(row.data()).size(), 4);
+    QCOMPARE(checkedOf(row.data())->text(), QStringLiteral("cm"));
+    QCOMPARE(buttonsOf(row.data())[3]->toolTip(), QStringLiteral("in"));
+
+    // Clicking an entry writes that entry's value.
+    buttonsOf(row.data())[2]->click();
+    QCOMPARE(bag.written.size(), 1);
+    QCOMPARE(bag.written[0].getInt32(), 3);
+
+    // The list shrinks; a value with no matching text leaves every button unchecked.
+    bag.item(item).listNames = QStringList{QStringLiteral("mm"), QStringLiteral("cm")};
+    bag.item(item).value = integer(9);
+    row->updateData();
+    QCOMPARE(buttonsOf(row.data()).size(), 2);
+    QCOMPARE(row->findChildren<QAbstractButton*>().size(), 2);
+    QVERIFY(!checkedOf(row.data()));
+
+    // Varies: nothing checked either.
+    PropVariant mixed = integer(1);
+    mixed.setVaries();
+    bag.item(item).value = mixed;
+    row->updateData();
+    QVERIFY(!checkedOf(row.data()));
+  }
+
+  void refusedClickShowsTheMessageAndWritesNothing()
+  {
+    MessageCatcher messages;
+    RecordingBag bag;
+    const int item = addChoice(bag, {QStringLiteral("mm"), QStringLiteral("cm")}, 1);
+    bag.item(item).acceptValidate = false;
+    bag.item(item).validateMessage = QStringLiteral("Locked units.");
+    PropUiQRadioButtonsCtrl row;
+    row.setPropBagItem(&bag, item);
+    row.setupUi();
+    row.updateData();
+    buttonsOf(&row)[1]->click();
+    QVERIFY(bag.written.isEmpty());
+    QTRY_COMPARE(messages.shown.size(), 1);
+    QCOMPARE(messages.shown[0].text, QStringLiteral("Locked units."));
+  }
+
+  void iconOnlyToolButtonsNeverMatch()
+  {
+    RecordingBag bag;
+    const int item = addChoice(bag, {QStringLiteral("None"), QStringLiteral("Box")}, 2);
+    bag.item(item).icons.insert(101, QIcon(QPixmap(8, 8)));
+    PropUiQToolButtonsCtrl row;
+    row.setOptions(0x40000);
+    row.setPropBagItem(&bag, item);
+    row.setupUi();
+    row.updateData();
+    QVERIFY(buttonsOf(&row)[1]->text().isEmpty());
+    QCOMPARE(buttonsOf(&row)[1]->toolTip(), QStringLiteral("Box"));
+    QVERIFY(!buttonsOf(&row)[1]->icon().isNull());
+    QVERIFY(!checkedOf(&row)); // matched by text, and there is none
+  }
+
+  void gridTakesItsIdsFromTheValues()
+  {
+    RecordingBag bag;
+    QStringList cells;
+    for (int i = 0; i < 9; ++i)
+      cells << QStringLiteral("cell %1").arg(i);
+    const int item = addChoice(bag, cells, 17);
+    bag.item(item).listValues.insert(104, integer(17)); // the centre cell
+    PropUiQButtons3x3Ctrl grid;
+    grid.setPropBagItem(&bag, item);
+    QVERIFY(grid.setupUi());
+    grid.updateData();
+    QAbstractButton* centre = grid.findChild<QAbstractButton*>(QStringLiteral("cell4"));
+    QCOMPARE(grid.buttonGroup()->id(centre), 17);
+    QVERIFY(centre->isChecked());
+    QCOMPARE(centre->toolTip(), QStringLiteral("cell 4"));
+
+    QAbstractButton* corner = grid.findChild<QAbstractButton*>(QStringLiteral("cell8"));
+    QTest::mouseClick(corner, Qt::LeftButton);
+    QCOMPARE(bag.written.last().getInt32(), 9);
+    QTest::mouseClick(centre, Qt::LeftButton);
+    QCOMPARE(bag.written.last().getInt32(), 17);
+  }
+
+  void gridNeedsNineEntries()
+  {
+    RecordingBag bag;
+    const int item = addChoice(bag, {QStringLiteral("a"), QStringLiteral("b")}, 1);
+    PropUiQButtons3x3Ctrl grid;
+    grid.setPropBagItem(&bag, item);
+    grid.setupUi();
+    try
+    {
+      grid.updateData();
+      QFAIL("a short list was taken");
+    }
+    catch (const OdError& e)
+    {
+      QCOMPARE(e.code(), eInvalidIndex);
+    }
+    QVERIFY(!grid.buttonGroup()->checkedButton());
+    QVERIFY(bag.written.isEmpty());
+  }
+
+  void unboundRowsDoNothing()
+  {
+    for (int kind = 0; kind < 3; ++kind)
+    {
+      QScopedPointer<PropUiButtonGroupCtrl> row(makeRow(kind));
+      row->updateData();
+      row->setupUi();
+      row->updateData();
+      QVERIFY(buttonsOf(row.data()).isEmpty());
+    }
+    PropUiQButtons3x3Ctrl grid;
+    grid.setupUi();
+    grid.updateData();
+    grid.onIdClicked(3);
+  }
+};
+
+QTEST_MAIN(TestButtonGroups)
+#include "tst_ButtonGroups.moc"

@@ -1,0 +1,169 @@
+#include "MessageCatcher.h"
+#include "PropUiQCheckBox.h"
+#include "PropUiQSwitchBox.h"
+#include "PropUiQTextCheckBox.h"
+#include "PropUiQTextSwitchBox.h"
+#include "RecordingBag.h"
+#include <QtTest>
+
+namespace
+{
+
+PropVariant boolean(bool b, bool varies = false)
+{
+  PropVariant v;
+  v.setBool(b);
+  if (varies)
+    v.setVaries();
+  return v;
+}
+
+template <class Control>
+Control* boundControl(RecordingBag& bag, int item)
+{
+  auto* control = new Control;
+  control->setPropBagItem(&bag, item);
+  control->setupUi();
+  control->updateUi();
+  control->updateData();
+  return control;
+}
+
+} // namespace
+
+class TestCheckBoxes : public QObject
+{
+  Q_OBJECT
+
+private slots:
+  void variesIsPartialAndOneClickChecks()
+  {
+    RecordingBag bag;
+    const int item = bag.addItem(QStringLiteral("Visible"), boolean(false, true));
+    QScopedPointer<PropUiQCheckBox> control(boundControl<PropUiQCheckBox>(bag, item));
+    QCOMPARE(control->checkBox()->checkState(), Qt::PartiallyChecked);
+    QVERIFY(control->isVaries());
+
+    control->checkBox()->click();
+    QCOMPARE(control->checkBox()->checkState(), Qt::Checked);
+    QVERIFY(!control->checkBox()->isTristate());
+    QCOMPARE(bag.written.size(), 1);
+    QVERIFY(bag.written[0].getBool());
+    QVERIFY(bag.written[0].type() & PropVariant::kBool);
+
+    // Never back to the third state by clicking.
+    control->checkBox()->click();
+    control->checkBox()->click();
+    QCOMPARE(control->checkBox()->checkState(), Qt::Checked);
+  }
+
+  void refusalFallsBackToTheLastConfirmedState()
+  {
+    MessageCatcher messages;
+    RecordingBag bag;
+    const int item = bag.addItem(QStringLiteral("Locked"), boolean(false));
+    QScopedPointer<PropUiQCheckBox> control(boundControl<PropUiQCheckBox>(bag, item));
+    bag.item(item).value = boolean(true, true);
+    control->updateData();
+    bag.item(item).acceptWrite = false;
+    control->checkBox()->click();
+    // The partial look is gone; the box shows the last value the bag confirmed.
+    QCOMPARE(control->checkBox()->checkState(), Qt::Unchecked);
+    QVERIFY(bag.written.isEmpty());
+
+    bag.item(item).acceptWrite = true;
+    bag.item(item).acceptValidate = false;
+    bag.item(item).validateMessage = QStringLiteral("Locked by the layer.");
+    control->checkBox()->click();
+    QCOMPARE(control->checkBox()->checkState(), Qt::Unchecked);
+    QTRY_COMPARE(messages.shown.size(), 1);
+  }
+
+  void captionsFromTheNameOrTheList()
+  {
+    RecordingBag bag;
+    const int item = bag.addItem(QStringLiteral("Visible"), boolean(true));
+    bag.item(item).flags = PropBag::kCaptionOnCheckBox;
+    QScopedPointer<PropUiQCheckBox> named(boundControl<PropUiQCheckBox>(bag, item));
+    QCOMPARE(named->checkBox()->text(), QStringLiteral("Visible"));
+
+    bag.item(item).flags = 0;
+    bag.item(item).listNames = QStringList{QStringLiteral("Protect from edits")};
+    QScopedPointer<PropUiQTextCheckBox> text(boundControl<PropUiQTextCheckBox>(bag, item));
+    QCOMPARE(text->checkBox()->text(), QStringLiteral("Protect from edits"));
+    bag.item(item).value = boolean(true, true);
+    text->updateData();
+    QCOMPARE(text->checkBox()->text(), QStringLiteral("*varies*"));
+
+    // Two listed texts leave the caption as it is.
+    bag.item(item).value = boolean(false);
+    bag.item(item).listNames = QStringList{QStringLiteral("a"), QStringLiteral("b")};
+    QScopedPointer<PropUiQTextSwitchBox> textSwitch(boundControl<PropUiQTextSwitchBox>(bag, item));
+    QVERIFY(textSwitch->checkBox()->text().isEmpty());
+  }
+
+  void switchKeepsVariesAsAFlagOnly()
+  {
+    RecordingBag bag;
+    const int item = bag.addItem(QStringLiteral("Snap"), boolean(true));
+    QScopedPointer<PropUiQSwitchBox> control(boundControl<PropUiQSwitchBox>(bag, item));
+    QVERIFY(control->checkBox()->isSwitchMode());
+    QVERIFY(control->checkBox()->isChecked());
+    bag.item(item).value = boolean(false, true);
+    control->updateData();
+    QVERIFY(control->isVaries());
+    QCOMPARE(control->checkBox()->checkState(), Qt::Checked); // looks like its last state
+
+    control->checkBox()->click();
+    QVERIFY(!control->isVaries());
+    QCOMPARE(bag.written.size(), 1);
+    QVERIFY(!bag.written[0].getBool());
+
+    bag.item(item).acceptWrite = false;
+    control->checkBox()->click();
+    QVERIFY(!control->checkBox()->isChecked());
+  }
+
+  void otherTypesAndBadInputChangeNothing()
+  {
+    RecordingBag bag;
+    const int item = bag.addItem(QStringLiteral("Visible"), boolean(true));
+    QScopedPointer<PropUiQCheckBox> control(boundControl<PropUiQCheckBox>(bag, item));
+    PropVariant number;
+    number.setInt32(0);
+    bag.item(item).value = number;
+    control->updateData();
+    QCOMPARE(control->checkBox()->checkState(), Qt::Checked);
+    bag.item(item).readable = false;
+    control->updateData();
+    QCOMPARE(control->checkBox()->checkState(), Qt::Checked);
+    bag.item(item).editable = false;
+    control->updateUi();
+    QVERIFY(!control->checkBox()->isEnabled());
+
+    PropUiQCheckBox unbound;
+    QVERIFY(!unbound.setupUi());
+    unbound.onClicked(true);
+    PropUiQSwitchBox unboundSwitch;
+    QVERIFY(!unboundSwitch.setupUi());
+    unboundSwitch.onClicked(true);
+    QVERIFY(unbound.findChildren<QWidget*>().isEmpty());
+  }
+
+  void elementBoundBoxesUseElements()
+  {
+    RecordingBag bag;
+    const int item = bag.addItem(QStringLiteral("Layers on"));
+    bag.item(item).elementValues.insert(2, boolean(false));
+    PropUiQCheckBox control;
+    control.setPropBagItem(&bag, item, 2);
+    control.setupUi();
+    control.updateData();
+    control.checkBox()->click();
+    QVERIFY(bag.item(item).elementValues.value(2).getBool());
+    QVERIFY(!bag.called(QStringLiteral("getValue")) && !bag.called(QStringLiteral("setValue")));
+  }
+};
+
+QTEST_MAIN(TestCheckBoxes)
+#include "tst_CheckBoxes.moc"

@@ -1,0 +1,271 @@
+#include "ControlWindow.h"
+#include "MessageCatcher.h"
+#include "OdStringQt.h"
+#include "PropMathValidator.h"
+#include "PropUiGuids.h"
+#include "PropUiQComboBox.h"
+#include "PropUiQTextComboCtrl.h"
+#include "RecordingBag.h"
+#include <QCompleter>
+#include <QIntValidator>
+#include <QLineEdit>
+#include <QtTest>
+
+namespace
+{
+
+PropVariant text(const QString& s)
+{
+  PropVariant v;
+  v.setString(toOdString(s));
+  return v;
+}
+
+PropVariant integer(int i)
+{
+  PropVariant v;
+  v.setInt32(i);
+  return v;
+}
+
+/** A line-type choice: Solid (key 10), Dashed (11), Dotted (12), values by name. */
+int addStyle(RecordingBag& bag, const QString& current = QStringLiteral("Dashed"))
+{
+  const int item = bag.addItem(QStringLiteral("Line type"), text(current));
+  RecordingBag::Item& it = bag.item(item);
+  it.listNames = QStringList{QStringLiteral("Solid"), QStringLiteral("Dashed"), QStringLiteral("Dotted")};
+  it.listKeys = {10, 11, 12};
+  for (int i = 0; i < 3; ++i)
+    it.listValues.insert(it.listKeys[i], text(it.listNames[i]));
+  it.icons.insert(10, QIcon(QPixmap(8, 8)));
+  return item;
+}
+
+template <class Control>
+Control* boundControl(RecordingBag& bag, int item)
+{
+  auto* control = new Control;
+  control->setPropBagItem(&bag, item);
+  control->setupUi();
+  control->updateUi();
+  control->updateData();
+  return control;
+}
+
+} // namespace
+
+class TestComboBox : public QObject
+{
+  Q_OBJECT
+
+private slots:
+  void listsTheEntriesWithKeysAndPictures()
+  {
+    RecordingBag bag;
+    const int item = addStyle(bag);
+    QScopedPointer<PropUiQComboBox> control(boundControl<PropUiQComboBox>(bag, item));
+    QComboBox* combo = control->comboBox();
+    QCOMPARE(combo->count(), 3);
+    QCOMPARE(combo->itemText(2), QStringLiteral("Dotted"));
+    QCOMPARE(combo->itemData(2).toULongLong(), 12ull);
+    QVERIFY(!combo->itemIcon(0).isNull());
+    QVERIFY(combo->itemIcon(1).isNull());
+    QCOMPARE(combo->currentIndex(), 1);
+    QVERIFY(!combo->isEditable());
+    QCOMPARE(combo->maxVisibleItems(), 30);
+  }
+
+  void aValueOutsideTheListIsATemporaryEntry()
+  {
+    RecordingBag bag;
+    const int item = addStyle(bag, QStringLiteral("Phantom"));
+    QScopedPointer<PropUiQComboBox> control(boundControl<PropUiQComboBox>(bag, item));
+    QComboBox* combo = control->comboBox();
+    QCOMPARE(combo->count(), 4);
+    QCOMPARE(combo->currentIndex(), 3);
+    QCOMPARE(combo->currentText(), QStringLiteral("Phantom"));
+    QVERIFY(!combo->itemData(3).isValid());
+
+    // Reading the same value again does not pile up entries.
+    control->updateData();
+    QCOMPARE(combo->count(), 4);
+    QCOMPARE(combo->currentIndex(), 3);
+
+    // Choosing the temporary entry writes nothing.
+    control->onActivated(3);
+    QVERIFY(bag.written.isEmpty());
+
+    // A real choice, once committed, takes the temporary entry away.
+    combo->setCurrentIndex(0);
+    control->onActivated(0);
+    QCOMPARE(bag.written.size(), 1);
+    QCOMPARE(toQString(bag.written[0].getString()), QStringLiteral("Solid"));
+    QCOMPARE(combo->count(), 3);
+    QCOMPARE(combo->currentText(), QStringLiteral("Solid"));
+  }
+
+  void refusedChoicesGoBack_data()
+  {
+    QTest::addColumn<bool>("textCombo");
+    QTest::addColumn<int>("kind");
+    QTest::newRow("plain combo: a note") << false << int(host_qt_ui::QHostMessageBoxOd::Information);
+    QTest::newRow("text combo: an error") << true << int(host_qt_ui::QHostMessageBoxOd::Critical);
+  }
+
+  void refusedChoicesGoBack()
+  {
+    QFETCH(bool, textCombo);
+    QFETCH(int, kind);
+    MessageCatcher messages;
+    RecordingBag bag;
+    const int item = addStyle(bag);
+    QScopedPointer<PropUiQComboBox> control(textCombo ? boundControl<PropUiQTextComboCtrl>(bag, item)
+                                                      : boundControl<PropUiQComboBox>(bag, item));
+    bag.item(item).acceptValidate = false;
+    bag.item(item).validateMessage = QStringLiteral("Dotted lines are not allowed on this layer.");
+    control->comboBox()->setCurrentIndex(2);
+    control->onActivated(2);
+    QCOMPARE(control->comboBox()->currentIndex(), 1);
+    QVERIFY(bag.written.isEmpty());
+    QTRY_COMPARE(messages.shown.size(), 1);
+    QCOMPARE(int(messages.shown[0].kind), kind);
+
+    // The plain combo takes the next choice; the text combo stays inert after a refusal.
+    bag.item(item).acceptValidate = true;
+    control->comboBox()->setCurrentIndex(0);
+    control->onActivated(0);
+    QCOMPARE(bag.written.size(), textCombo ? 0 : 1);
+  }
+
+  void refusedWriteGoesBackSilently()
+  {
+    MessageCatcher messages;
+    RecordingBag bag;
+    const int item = addStyle(bag);
+    QScopedPointer<PropUiQComboBox> control(boundControl<PropUiQComboBox>(bag, item));
+    bag.item(item).acceptWrite = false;
+    control->comboBox()->setCurrentIndex(0);
+    control->onActivated(0);
+    QCOMPARE(control->comboBox()->currentIndex(), 1);
+    QCoreApplication::processEvents();
+    QVERIFY(messages.shown.isEmpty());
+  }
+
+  void theWheelNeverChoosesAndEditingFollowsTheFlag()
+  {
+    RecordingBag bag;
+    const int item = addStyle(bag);
+    ControlWindow window(boundControl<PropUiQComboBox>(bag, item));
+    QVERIFY(window.showActive());
+    auto* control = window.findChild<PropUiQComboBox*>();
+    QComboBox* combo = control->comboBox();
+    combo->setFocus();
+    QWheelEvent wheel(QPointF(5, 5), combo->mapToGlobal(QPoint(5, 5)), QPoint(), QPoint(0, -120), Qt::NoButton,
+                      Qt::NoModifier, Qt::NoScrollPhase, false);
+    QCoreApplication::sendEvent(combo, &wheel);
+    QCOMPARE(combo->currentIndex(), 1);
+    QVERIFY(bag.written.isEmpty());
+
+    bag.item(item).flags = PropBag::kEditableList;
+    QScopedPointer<PropUiQComboBox> editable(boundControl<PropUiQComboBox>(bag, item));
+    QVERIFY(editable->comboBox()->isEditable());
+    QVERIFY(editable->comboBox()->completer());
+  }
+
+  void numericTypesGetANumberValidator()
+  {
+    RecordingBag bag;
+    TestItemType integerType(1, PropUiGuidInteger), textType(2, PropUiGuidText);
+    const int count = bag.addItem(QStringLiteral("Count"), integer(3));
+    bag.item(count).flags = PropBag::kEditableList;
+    bag.item(count).type = &integerType;
+    const int name = bag.addItem(QStringLiteral("Name"), text(QStringLiteral("A")));
+    bag.item(name).flags = PropBag::kEditableList;
+    bag.item(name).type = &textType;
+    QScopedPointer<PropUiQTextComboCtrl> numbers(boundControl<PropUiQTextComboCtrl>(bag, count));
+    auto* validator = qobject_cast<const PropMathValidator*>(numbers->comboBox()->validator());
+    QVERIFY(validator);
+    QVERIFY(qobject_cast<QIntValidator*>(validator->numberValidator()));
+    QCOMPARE(validator->itemIndex(), count);
+    QScopedPointer<PropUiQTextComboCtrl> texts(boundControl<PropUiQTextComboCtrl>(bag, name));
+    QVERIFY(!texts->comboBox()->validator());
+  }
+
+  void typedValuesAreParsedAndWritten()
+  {
+    RecordingBag bag;
+    TestItemType heights(1, PropUiGuidDouble);
+    PropVariant h;
+    h.setDouble(3.5);
+    const int item = bag.addItem(QStringLiteral("Text height"), h);
+    RecordingBag::Item& it = bag.item(item);
+    it.flags = PropBag::kEditableList;
+    it.type = &heights;
+    it.listNames = QStringList{QStringLiteral("2.5"), QStringLiteral("3.5")};
+    it.listKeys = {0, 1};
+    it.listValues.insert(0, []() { PropVariant v; v.setDouble(2.5); return v; }());
+    it.listValues.insert(1, h);
+    it.hasListText = true;
+    ControlWindow window(boundControl<PropUiQTextComboCtrl>(bag, item));
+    auto* control = window.findChild<PropUiQTextComboCtrl*>();
+    QVERIFY(window.showActive());
+    QCOMPARE(control->comboBox()->currentText(), QStringLiteral("3.5"));
+
+    control->comboBox()->setFocus();
+    control->comboBox()->lineEdit()->selectAll();
+    QTest::keyClicks(control->comboBox(), QStringLiteral("4.25"));
+    QTest::keyClick(control->comboBox(), Qt::Key_Return);
+    QTRY_COMPARE(bag.written.size(), 1);
+    QCOMPARE(bag.written[0].getDouble(), 4.25);
+    QCOMPARE(control->committed().text(), QStringLiteral("4.25"));
+
+    // A listed text typed in is a choice, not a new value for the parser.
+    bag.clearCalls();
+    control->comboBox()->setEditText(QStringLiteral("2.5"));
+    QVERIFY(!control->applyData());
+    QVERIFY(!bag.called(QStringLiteral("parseValue")));
+  }
+
+  void variesShowsThePlaceholder()
+  {
+    RecordingBag bag;
+    const int item = addStyle(bag);
+    PropVariant mixed = text(QStringLiteral("Solid"));
+    mixed.setVaries();
+    bag.item(item).value = mixed;
+    QScopedPointer<PropUiQComboBox> control(boundControl<PropUiQComboBox>(bag, item));
+    QVERIFY(control->isVaries());
+    QCOMPARE(control->comboBox()->currentIndex(), -1);
+    QCOMPARE(control->comboBox()->placeholderText(), QStringLiteral("*varies*"));
+    control->comboBox()->setCurrentIndex(2);
+    control->onActivated(2);
+    QVERIFY(!control->isVaries());
+    QCOMPARE(bag.written.size(), 1);
+  }
+
+  void badInputWritesNothing()
+  {
+    PropUiQComboBox unbound;
+    QVERIFY(!unbound.setupUi());
+    unbound.updateData();
+    unbound.onActivated(0);
+    QCOMPARE(unbound.addTempItem(PropVariant()), -1);
+    QVERIFY(!unbound.removeTempItem(0));
+
+    RecordingBag bag;
+    const int item = addStyle(bag);
+    bag.item(item).listValues.clear(); // getListValue answers false
+    QScopedPointer<PropUiQComboBox> control(boundControl<PropUiQComboBox>(bag, item));
+    control->onActivated(0);
+    control->onActivated(99);
+    QVERIFY(!control->removeTempItem(0)); // a real entry stays
+    QVERIFY(bag.written.isEmpty());
+
+    const int empty = bag.addItem(QStringLiteral("Nothing listed"), text(QStringLiteral("x")));
+    QScopedPointer<PropUiQComboBox> none(boundControl<PropUiQComboBox>(bag, empty));
+    QCOMPARE(none->comboBox()->count(), 1); // only the value, as a temporary entry
+  }
+};
+
+QTEST_MAIN(TestComboBox)
+#include "tst_ComboBox.moc"
