@@ -2,7 +2,8 @@
 
 #include "OdStringQt.h"
 #include "PropBag.h"
-#include "PropUiCollectorFocusPolicyFilter.h"
+#include "PropUiQIcon.h"
+#include "PropUiButtonRow.h"
 #include <QAbstractButton>
 #include <QButtonGroup>
 #include <QHBoxLayout>
@@ -12,25 +13,11 @@ PropUiButtonGroupCtrl::PropUiButtonGroupCtrl(QWidget* parent) : PropUiQControl(p
 bool PropUiButtonGroupCtrl::setupUi()
 {
   PropUiQControl::setupUi();
-  auto* outer = new QHBoxLayout(this);
-  outer->setContentsMargins(0, 0, 0, 0);
-  outer->setSpacing(2);
-  if (!(m_options & kNoFocusButtons))
-  {
-    setFocusPolicy(Qt::StrongFocus);
-    new PropUiCollectorFocusPolicyFilter(this);
-    useFocusReactor(this);
-  }
-  if (m_options & kAlignRight)
-    outer->addSpacerItem(new QSpacerItem(0, 0, QSizePolicy::Expanding, QSizePolicy::Minimum));
-  auto* inner = new QHBoxLayout;
-  inner->setSpacing(0);
-  outer->addLayout(inner);
-  if (m_options & kAlignLeft)
-    outer->addSpacerItem(new QSpacerItem(0, 0, QSizePolicy::Expanding, QSizePolicy::Minimum));
+  propui::buildButtonRow(this);
   m_buttonGroup = new QButtonGroup(this);
   m_buttonGroup->setExclusive(true);
-  connect(m_buttonGroup.data(), QOverload<QAbstractButton*>::of(&QButtonGroup::buttonClicked), this, &PropUiButtonGroupCtrl::onButtonClicked);
+  connect(m_buttonGroup.data(), QOverload<QAbstractButton*>::of(&QButtonGroup::buttonClicked), this,
+          &PropUiButtonGroupCtrl::onButtonClicked);
   return true;
 }
 
@@ -41,11 +28,7 @@ void PropUiButtonGroupCtrl::updateUi()
 
 QHBoxLayout* PropUiButtonGroupCtrl::buttonsLayout() const
 {
-  auto* outer = qobject_cast<QHBoxLayout*>(layout());
-  if (!outer)
-    return nullptr;
-  QLayoutItem* item = outer->itemAt((m_options & kAlignRight) ? 1 : 0);
-  return item ? qobject_cast<QHBoxLayout*>(item->layout()) : nullptr;
+  return propui::buttonRowOf(this, m_options);
 }
 
 void PropUiButtonGroupCtrl::uncheck(QAbstractButton* button)
@@ -77,23 +60,8 @@ void PropUiButtonGroupCtrl::updateData()
   m_bag->getValueList(m_index, texts, keys);
   const int count = int(texts.size() < keys.size() ? texts.size() : keys.size());
 
-  while (inner->count() > count)
-  {
-    QLayoutItem* item = inner->takeAt(count);
-    if (auto* button = qobject_cast<QAbstractButton*>(item->widget()))
-      removeBtn(button);
-    delete item->widget();
-    delete item;
-  }
-  while (inner->count() < count)
-  {
-    QAbstractButton* button = createBtn();
-    useFocusReactor(button);
-    if (m_options & kNoFocusButtons)
-      button->setFocusPolicy(Qt::NoFocus);
-    m_buttonGroup->addButton(button, -1);
-    inner->addWidget(button);
-  }
+  propui::fitButtonRow(this, inner, m_buttonGroup, count, [this]() { return createBtn(); },
+                       [this](QAbstractButton* button) { removeBtn(button); });
   const QList<QAbstractButton*> buttons = m_buttonGroup->buttons();
   for (int i = 0; i < buttons.size() && i < count; ++i)
     updateBtn(buttons[i], texts[unsigned(i)], keys[unsigned(i)]);
@@ -112,6 +80,19 @@ void PropUiButtonGroupCtrl::updateData()
       setCurrentBtn(button);
       break;
     }
+}
+
+void PropUiButtonGroupCtrl::showEntry(QAbstractButton* button, const OdString& text, unsigned long key)
+{
+  button->setToolTip(toQString(text));
+  if (!(m_options & kIconsOnly))
+    button->setText(toQString(text));
+  uncheck(button);
+  OdSharedPtr<PropIcon> icon;
+  if (m_bag && m_bag->getIcon(m_index, key, icon))
+    if (auto* qicon = dynamic_cast<PropUiQIcon*>(icon.get()))
+      button->setIcon(qicon->getIcon());
+  m_buttonKeys[button] = key;
 }
 
 void PropUiButtonGroupCtrl::commitButton(QAbstractButton* button)

@@ -46,6 +46,8 @@ protected:
   QHBoxLayout* buttonsLayout() const;
   /** Unchecks a button even while it is the exclusive group's checked one. */
   void uncheck(QAbstractButton* button);
+  /** Shows an entry on a tool or push button: caption (unless icons only), tool tip, picture, key. */
+  void showEntry(QAbstractButton* button, const OdString& text, unsigned long key);
   /** Writes the value of the clicked button's entry. */
   void commitButton(QAbstractButton* button);
 

@@ -35,9 +35,7 @@ void PropUiQCheckBox::updateData()
       m_checkBox->setText(toQString(name));
   }
   PropVariant value;
-  const bool read = m_isPropertyElement ? m_bag->getElementValue(m_index, m_element, value)
-                                        : m_bag->getValue(m_index, value);
-  if (!read)
+  if (!readValue(value))
     return;
   if (value.isVaries())
   {
@@ -81,16 +79,7 @@ void PropUiQCheckBox::onClicked(bool)
     setVaries(false);
   PropVariant value;
   value.setBool(m_checkBox->checkState() == Qt::Checked);
-  OdString message;
-  if (!m_bag->validate(m_index, m_element, value, message))
-  {
-    showErrorMessage(message);
-    m_checkBox->setCheckState(m_lastState);
-    return;
-  }
-  const bool written = m_isPropertyElement ? m_bag->setElementValue(m_index, m_element, value)
-                                           : m_bag->setValue(m_index, value);
-  if (written)
+  if (validateAndWrite(value))
     m_lastState = m_checkBox->checkState();
   else
     m_checkBox->setCheckState(m_lastState);

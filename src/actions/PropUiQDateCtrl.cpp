@@ -47,9 +47,7 @@ void PropUiQDateCtrl::updateData()
   if (!m_bag || !m_dateEdit)
     return;
   PropVariant value;
-  const bool read = m_isPropertyElement ? m_bag->getElementValue(m_index, m_element, value)
-                                        : m_bag->getValue(m_index, value);
-  if (!read)
+  if (!readValue(value))
     return;
   if (value.isVaries())
   {
@@ -97,14 +95,7 @@ bool PropUiQDateCtrl::applyData()
   m_applying = true;
   PropVariant value;
   value.setString(toOdString(m_dateEdit->date().toString(dateFormat())));
-  OdString message;
-  bool accepted = m_bag->validate(m_index, m_element, value, message);
-  if (!accepted)
-    showErrorMessage(message);
-  else
-    accepted = m_isPropertyElement ? m_bag->setElementValue(m_index, m_element, value)
-                                   : m_bag->setValue(m_index, value);
-  if (accepted)
+  if (validateAndWrite(value))
   {
     m_lastDate = m_dateEdit->date();
     if (isVaries())

@@ -1,8 +1,5 @@
 #include "PropUiQPushButtonsCtrl.h"
 
-#include "OdStringQt.h"
-#include "PropBag.h"
-#include "PropUiQIcon.h"
 #include <QPushButton>
 
 PropUiQPushButtonsCtrl::PropUiQPushButtonsCtrl(QWidget* parent) : PropUiButtonGroupCtrl(parent) {}
@@ -22,18 +19,8 @@ QAbstractButton* PropUiQPushButtonsCtrl::createBtn()
 
 void PropUiQPushButtonsCtrl::updateBtn(QAbstractButton* button, const OdString& text, unsigned long key)
 {
-  auto* typed = qobject_cast<QPushButton*>(button);
-  if (!typed)
-    return;
-  typed->setToolTip(toQString(text));
-  if (!(m_options & kIconsOnly))
-    typed->setText(toQString(text));
-  uncheck(typed);
-  OdSharedPtr<PropIcon> icon;
-  if (m_bag && m_bag->getIcon(m_index, key, icon))
-    if (auto* qicon = dynamic_cast<PropUiQIcon*>(icon.get()))
-      typed->setIcon(qicon->getIcon());
-  m_buttonKeys[typed] = key;
+  if (qobject_cast<QPushButton*>(button))
+    showEntry(button, text, key);
 }
 
 void PropUiQPushButtonsCtrl::removeBtn(QAbstractButton* button)

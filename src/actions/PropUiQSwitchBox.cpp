@@ -35,9 +35,7 @@ void PropUiQSwitchBox::updateData()
       m_checkBox->setText(toQString(name));
   }
   PropVariant value;
-  const bool read = m_isPropertyElement ? m_bag->getElementValue(m_index, m_element, value)
-                                        : m_bag->getValue(m_index, value);
-  if (!read)
+  if (!readValue(value))
     return;
   if (value.isVaries())
   {
@@ -69,18 +67,8 @@ void PropUiQSwitchBox::onClicked(bool)
     setVaries(false);
   PropVariant value;
   value.setBool(m_checkBox->checkState() == Qt::Checked);
-  const Qt::CheckState confirmed = m_lastChecked ? Qt::Checked : Qt::Unchecked;
-  OdString message;
-  if (!m_bag->validate(m_index, m_element, value, message))
-  {
-    showErrorMessage(message);
-    m_checkBox->setCheckState(confirmed);
-    return;
-  }
-  const bool written = m_isPropertyElement ? m_bag->setElementValue(m_index, m_element, value)
-                                           : m_bag->setValue(m_index, value);
-  if (written)
+  if (validateAndWrite(value))
     m_lastChecked = m_checkBox->checkState() == Qt::Checked;
   else
-    m_checkBox->setCheckState(confirmed);
+    m_checkBox->setCheckState(m_lastChecked ? Qt::Checked : Qt::Unchecked);
 }

@@ -1,8 +1,5 @@
 #include "PropUiQToolButtonsCtrl.h"
 
-#include "OdStringQt.h"
-#include "PropBag.h"
-#include "PropUiQIcon.h"
 #include <QToolButton>
 
 PropUiQToolButtonsCtrl::PropUiQToolButtonsCtrl(QWidget* parent) : PropUiButtonGroupCtrl(parent) {}
@@ -23,18 +20,8 @@ QAbstractButton* PropUiQToolButtonsCtrl::createBtn()
 
 void PropUiQToolButtonsCtrl::updateBtn(QAbstractButton* button, const OdString& text, unsigned long key)
 {
-  auto* typed = qobject_cast<QToolButton*>(button);
-  if (!typed)
-    return;
-  typed->setToolTip(toQString(text));
-  if (!(m_options & kIconsOnly))
-    typed->setText(toQString(text));
-  uncheck(typed);
-  OdSharedPtr<PropIcon> icon;
-  if (m_bag && m_bag->getIcon(m_index, key, icon))
-    if (auto* qicon = dynamic_cast<PropUiQIcon*>(icon.get()))
-      typed->setIcon(qicon->getIcon());
-  m_buttonKeys[typed] = key;
+  if (qobject_cast<QToolButton*>(button))
+    showEntry(button, text, key);
 }
 
 void PropUiQToolButtonsCtrl::removeBtn(QAbstractButton* button)

@@ -131,6 +131,33 @@ PropUiActionToolButtonsCtrl* PropUiQControl::createActionsToolBar()
   return m_actionsToolbar ? m_actionsToolbar.data() : nullptr;
 }
 
+bool PropUiQControl::readValue(PropVariant& value) const
+{
+  if (!m_bag)
+    return false;
+  return m_isPropertyElement ? m_bag->getElementValue(m_index, m_element, value) : m_bag->getValue(m_index, value);
+}
+
+bool PropUiQControl::writeValue(const PropVariant& value) const
+{
+  if (!m_bag)
+    return false;
+  return m_isPropertyElement ? m_bag->setElementValue(m_index, m_element, value) : m_bag->setValue(m_index, value);
+}
+
+bool PropUiQControl::validateAndWrite(const PropVariant& value)
+{
+  if (!m_bag)
+    return false;
+  OdString message;
+  if (!m_bag->validate(m_index, m_element, value, message))
+  {
+    showErrorMessage(message);
+    return false;
+  }
+  return writeValue(value);
+}
+
 bool PropUiQControl::showInfoMessage(const OdString& message)
 {
   return postMessage(message, false);

@@ -7,6 +7,7 @@
 class PropUiActionToolButtonsCtrl;
 class PropUiQEventFilter;
 class PropUiQFormatter;
+class PropVariant;
 
 /**
  * The common implementation of the controls: which bag item it edits, its
@@ -60,6 +61,13 @@ public:
   void useToolTipFilter(QWidget* widget);
 
 protected:
+  /** Reads the bound element or, for a whole-item binding, the item. */
+  bool readValue(PropVariant& value) const;
+  /** Writes the bound element or item. */
+  bool writeValue(const PropVariant& value) const;
+  /** Asks the bag to validate, then writes; a refusal's message is shown as an error. True when written. */
+  bool validateAndWrite(const PropVariant& value);
+
   /** Whether messages are posted at all (false while the editor is losing focus). */
   bool messagesSuppressed() const { return m_messagesSuppressed; }
   void setMessagesSuppressed(bool suppressed) { m_messagesSuppressed = suppressed; }

@@ -63,9 +63,7 @@ void PropUiQIntegerCtrl::updateData()
     m_spinBox->setRange(std::numeric_limits<int>::min(), std::numeric_limits<int>::max());
 
   PropVariant value;
-  const bool read = m_isPropertyElement ? m_bag->getElementValue(m_index, m_element, value)
-                                        : m_bag->getValue(m_index, value);
-  if (read)
+  if (readValue(value))
   {
     if (value.isVaries())
     {
@@ -128,16 +126,7 @@ bool PropUiQIntegerCtrl::applyData()
     return false;
   PropVariant value;
   value.setInt32(current);
-  OdString message;
-  if (!m_bag->validate(m_index, m_element, value, message))
-  {
-    showErrorMessage(message);
-    m_spinBox->setValue(m_lastValue);
-    return true;
-  }
-  const bool written = m_isPropertyElement ? m_bag->setElementValue(m_index, m_element, value)
-                                           : m_bag->setValue(m_index, value);
-  if (written)
+  if (validateAndWrite(value))
     m_lastValue = m_spinBox->value();
   else
     m_spinBox->setValue(m_lastValue);

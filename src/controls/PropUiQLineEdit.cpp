@@ -65,9 +65,7 @@ void PropUiQLineEdit::updateData()
   if (!m_bag || !m_edit)
     return;
   PropVariant value;
-  const bool read = m_isPropertyElement ? m_bag->getElementValue(m_index, m_element, value)
-                                        : m_bag->getValue(m_index, value);
-  if (!read)
+  if (!readValue(value))
     return;
   if (value.isVaries())
   {
@@ -95,16 +93,7 @@ bool PropUiQLineEdit::applyData()
     restoreLastText();
     return false;
   }
-  OdString message;
-  if (!m_bag->validate(m_index, m_element, value, message))
-  {
-    showErrorMessage(message);
-    restoreLastText();
-    return false;
-  }
-  const bool written = m_isPropertyElement ? m_bag->setElementValue(m_index, m_element, value)
-                                           : m_bag->setValue(m_index, value);
-  if (!written)
+  if (!validateAndWrite(value))
   {
     restoreLastText();
     return false;

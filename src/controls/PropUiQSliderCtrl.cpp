@@ -60,9 +60,7 @@ void PropUiQSliderCtrl::updateData()
   if (!m_bag || !m_slider)
     return;
   PropVariant value;
-  const bool read = m_isPropertyElement ? m_bag->getElementValue(m_index, m_element, value)
-                                        : m_bag->getValue(m_index, value);
-  if (!read)
+  if (!readValue(value))
     return;
   if (value.isVaries())
     setVaries(true);
@@ -79,16 +77,8 @@ void PropUiQSliderCtrl::onSliderReleased()
     return;
   PropVariant value;
   value.setInt32(m_slider->value());
-  OdString message;
-  if (!m_bag->validate(m_index, m_element, value, message))
-  {
-    showErrorMessage(message);
-    m_slider->setValue(m_lastValue);
-    return;
-  }
-  const bool written = m_isPropertyElement ? m_bag->setElementValue(m_index, m_element, value)
-                                           : m_bag->setValue(m_index, value);
-  if (written)
+  // Unlike the spin box, an unchanged value is written too.
+  if (validateAndWrite(value))
     m_lastValue = m_slider->value();
   else
     m_slider->setValue(m_lastValue);

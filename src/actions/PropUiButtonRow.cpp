@@ -1,0 +1,75 @@
+#include "PropUiButtonRow.h"
+
+#include "PropUiCollectorFocusPolicyFilter.h"
+#include "PropUiQControl.h"
+#include <QAbstractButton>
+#include <QButtonGroup>
+#include <QHBoxLayout>
+
+namespace propui
+{
+
+namespace
+{
+
+constexpr int kAlignLeft = 0x10000;
+constexpr int kAlignRight = 0x20000;
+
+} // namespace
+
+QHBoxLayout* buildButtonRow(PropUiQControl* control)
+{
+  const int options = control->getOptions();
+  auto* outer = new QHBoxLayout(control);
+  outer->setContentsMargins(0, 0, 0, 0);
+  outer->setSpacing(2);
+  if (!(options & PropUiQControl::kNoFocusButtons))
+  {
+    control->setFocusPolicy(Qt::StrongFocus);
+    new PropUiCollectorFocusPolicyFilter(control);
+    control->useFocusReactor(control);
+  }
+  if (options & kAlignRight)
+    outer->addSpacerItem(new QSpacerItem(0, 0, QSizePolicy::Expanding, QSizePolicy::Minimum));
+  auto* inner = new QHBoxLayout;
+  inner->setContentsMargins(0, 0, 0, 0);
+  inner->setSpacing(0);
+  outer->addLayout(inner);
+  if (options & kAlignLeft)
+    outer->addSpacerItem(new QSpacerItem(0, 0, QSizePolicy::Expanding, QSizePolicy::Minimum));
+  return inner;
+}
+
+QHBoxLayout* buttonRowOf(const QWidget* control, int options)
+{
+  auto* outer = qobject_cast<QHBoxLayout*>(control->layout());
+  if (!outer)
+    return nullptr;
+  QLayoutItem* item = outer->itemAt((options & kAlignRight) ? 1 : 0);
+  return item ? qobject_cast<QHBoxLayout*>(item->layout()) : nullptr;
+}
+
+void fitButtonRow(PropUiQControl* control, QHBoxLayout* row, QButtonGroup* group, int count,
+                  const std::function<QAbstractButton*()>& create,
+                  const std::function<void(QAbstractButton*)>& forget)
+{
+  while (row->count() > count)
+  {
+    QLayoutItem* item = row->takeAt(count);
+    if (auto* button = qobject_cast<QAbstractButton*>(item->widget()))
+      forget(button);
+    delete item->widget();
+    delete item;
+  }
+  while (row->count() < count)
+  {
+    QAbstractButton* button = create();
+    control->useFocusReactor(button);
+    if (control->getOptions() & PropUiQControl::kNoFocusButtons)
+      button->setFocusPolicy(Qt::NoFocus);
+    row->addWidget(button);
+    group->addButton(button, -1);
+  }
+}
+
+} // namespace propui

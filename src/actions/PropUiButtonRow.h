@@ -1,0 +1,36 @@
+#pragma once
+
+// The row of buttons the action rows and the choice rows share; not API.
+
+#include <functional>
+
+class PropUiQControl;
+class QAbstractButton;
+class QButtonGroup;
+class QHBoxLayout;
+class QWidget;
+
+namespace propui
+{
+
+/**
+ * Lays out a row of buttons in the control: an outer row with the spacers the
+ * options ask for (0x20000 right, 0x10000 left) and, unless 0x1000000 is set,
+ * the control taking focus only while no button can. Answers the inner row
+ * that holds the buttons.
+ */
+QHBoxLayout* buildButtonRow(PropUiQControl* control);
+
+/** The inner row of a control laid out by buildButtonRow, or null. */
+QHBoxLayout* buttonRowOf(const QWidget* control, int options);
+
+/**
+ * Makes the row hold `count` buttons: surplus ones at the end are forgotten
+ * and deleted, missing ones are made by `create` and put into the group with
+ * id -1. Buttons stay in place by position.
+ */
+void fitButtonRow(PropUiQControl* control, QHBoxLayout* row, QButtonGroup* group, int count,
+                  const std::function<QAbstractButton*()>& create,
+                  const std::function<void(QAbstractButton*)>& forget);
+
+} // namespace propui
