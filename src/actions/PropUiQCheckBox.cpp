@@ -1,8 +1,7 @@
 #include "PropUiQCheckBox.h"
 
-#include "OdStringQt.h"
 #include "PropBag.h"
-#include "PropUiCheckBoxLayout.h"
+#include "PropUiBoolBox.h"
 
 PropUiQCheckBox::PropUiQCheckBox(QWidget* parent) : PropUiQControl(parent) {}
 
@@ -28,24 +27,19 @@ void PropUiQCheckBox::updateData()
   PropUiQControl::updateData();
   if (!m_bag || !m_checkBox)
     return;
-  if (m_bag->getFlags(m_index) & PropBag::kCaptionOnCheckBox)
+  bool value = false;
+  switch (propui::readBoolItem(this, m_checkBox, value))
   {
-    OdString name;
-    if (m_bag->getName(m_index, name))
-      m_checkBox->setText(toQString(name));
-  }
-  PropVariant value;
-  if (!readValue(value))
-    return;
-  if (value.isVaries())
-  {
+  case propui::BoolRead::Varies:
     setVaries(true);
-  }
-  else if ((value.type() & PropVariant::kBool) && !value.hasNoData())
-  {
+    break;
+  case propui::BoolRead::Value:
     setVaries(false);
-    m_lastState = value.getBool() ? Qt::Checked : Qt::Unchecked;
+    m_lastState = value ? Qt::Checked : Qt::Unchecked;
     m_checkBox->setCheckState(m_lastState);
+    break;
+  default:
+    break; // unreadable or not a boolean: the box stays as it is
   }
 }
 

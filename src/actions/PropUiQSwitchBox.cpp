@@ -1,8 +1,7 @@
 #include "PropUiQSwitchBox.h"
 
-#include "OdStringQt.h"
 #include "PropBag.h"
-#include "PropUiCheckBoxLayout.h"
+#include "PropUiBoolBox.h"
 
 PropUiQSwitchBox::PropUiQSwitchBox(QWidget* parent) : PropUiQControl(parent) {}
 
@@ -28,24 +27,19 @@ void PropUiQSwitchBox::updateData()
   PropUiQControl::updateData();
   if (!m_bag || !m_checkBox)
     return;
-  if (m_bag->getFlags(m_index) & PropBag::kCaptionOnCheckBox)
+  bool value = false;
+  switch (propui::readBoolItem(this, m_checkBox, value))
   {
-    OdString name;
-    if (m_bag->getName(m_index, name))
-      m_checkBox->setText(toQString(name));
-  }
-  PropVariant value;
-  if (!readValue(value))
-    return;
-  if (value.isVaries())
-  {
+  case propui::BoolRead::Varies:
     setVaries(true);
-  }
-  else if ((value.type() & PropVariant::kBool) && !value.hasNoData())
-  {
+    break;
+  case propui::BoolRead::Value:
     setVaries(false);
-    m_lastChecked = value.getBool();
-    m_checkBox->setCheckState(m_lastChecked ? Qt::Checked : Qt::Unchecked);
+    m_lastChecked = value;
+    m_checkBox->setCheckState(value ? Qt::Checked : Qt::Unchecked);
+    break;
+  default:
+    break; // unreadable or not a boolean: the box stays as it is
   }
 }
 

@@ -1,5 +1,7 @@
-#include "PropUiCheckBoxLayout.h"
+#include "PropUiBoolBox.h"
 
+#include "OdStringQt.h"
+#include "PropBag.h"
 #include "PropUiActionToolButtonsCtrl.h"
 #include "PropUiQControl.h"
 #include "QHostCheckBox.h"
@@ -35,6 +37,31 @@ host_qt_ui_core::QHostCheckBox* buildCheckBox(PropUiQControl* control, bool swit
   if (PropUiActionToolButtonsCtrl* toolbar = control->createActionsToolBar())
     layout->addWidget(toolbar);
   return box;
+}
+
+BoolRead readBoolItem(PropUiQControl* control, QAbstractButton* box, bool& value)
+{
+  PropBag* bag = control->propBag();
+  if (!bag || !box)
+    return BoolRead::Unreadable;
+  const int index = control->itemIndex();
+  if (bag->getFlags(index) & PropBag::kCaptionOnCheckBox)
+  {
+    OdString name;
+    if (bag->getName(index, name))
+      box->setText(toQString(name));
+  }
+  PropVariant read;
+  const bool ok = control->isPropertyElement() ? bag->getElementValue(index, control->element(), read)
+                                               : bag->getValue(index, read);
+  if (!ok)
+    return BoolRead::Unreadable;
+  if (read.isVaries())
+    return BoolRead::Varies;
+  if (!(read.type() & PropVariant::kBool) || read.hasNoData())
+    return BoolRead::OtherType;
+  value = read.getBool();
+  return BoolRead::Value;
 }
 
 } // namespace propui
