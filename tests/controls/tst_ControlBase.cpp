@@ -1,4 +1,3 @@
-#include "HostDocManager.h"
 #include "PropUiActionToolButtonsCtrl.h"
 #include "PropUiCommonToolTipFilter.h"
 #include "PropUiFocusReactorFilter.h"
@@ -19,13 +18,6 @@ struct Shown
   QHostMessageBoxOd::Kind kind;
   QString text;
   int buttons;
-};
-
-class CountingDocManager : public HostDocumentManager
-{
-public:
-  void updateDisplay() override { ++redraws; }
-  int redraws = 0;
 };
 
 /** A control that lets the tests flip the base's message switch. */
@@ -208,17 +200,6 @@ private slots:
     QCOMPARE(filters[0]->subIndex(), 3ul);
     control.setPropBagItem(&bag, 0);
     QVERIFY(!filters[0]->isBoundWithSubIndex());
-  }
-
-  void redrawOnlyWithADocumentManager()
-  {
-    PropUiQControl control;
-    control.onUpdateDisplay(); // no manager: nothing to call
-    CountingDocManager manager;
-    hostSetDocManager(&manager);
-    control.onUpdateDisplay();
-    hostSetDocManager(nullptr);
-    QCOMPARE(manager.redraws, 1);
   }
 
   void defaultFormatterAsksTheBag()

@@ -2,6 +2,21 @@
 
 #include "OdStringQt.h"
 
+namespace
+{
+
+QString call(const char* name, int index)
+{
+  return QStringLiteral("%1(%2)").arg(QLatin1String(name)).arg(index);
+}
+
+QString call(const char* name, int index, unsigned long element)
+{
+  return QStringLiteral("%1(%2,%3)").arg(QLatin1String(name)).arg(index).arg(element);
+}
+
+} // namespace
+
 int RecordingBag::addItem(const QString& name, const PropVariant& value)
 {
   Item item;
@@ -12,214 +27,218 @@ int RecordingBag::addItem(const QString& name, const PropVariant& value)
   return m_items.size() - 1;
 }
 
+RecordingBag::Item* RecordingBag::call(const QString& what, int index)
+{
+  calls.append(what);
+  return known(index) ? &m_items[index] : nullptr;
+}
+
 int RecordingBag::count(const QString& prefix) const
 {
   int n = 0;
-  for (const QString& call : calls)
-    if (call.startsWith(prefix + QLatin1Char('(')))
+  for (const QString& made : calls)
+    if (made.startsWith(prefix + QLatin1Char('(')))
       ++n;
   return n;
 }
 
 QString RecordingBag::textOf(const PropVariant& value)
 {
-  switch (value.scalarType())
-  {
-  case PropVariant::kBool: return value.getBool() ? QStringLiteral("Yes") : QStringLiteral("No");
-  case PropVariant::kInt16:
-  case PropVariant::kInt32:
-  case PropVariant::kInt64: return QString::number(value.getInt64());
-  case PropVariant::kUInt64: return QString::number(value.getUInt64());
-  case PropVariant::kDouble: return QString::number(value.getDouble(), 'g', 12);
-  case PropVariant::kString: return toQString(value.getString());
-  default: return QString();
-  }
+  const unsigned int kind = value.scalarType();
+  if (kind & PropVariant::kBool)
+    return value.getBool() ? QStringLiteral("Yes") : QStringLiteral("No");
+  if (kind & (PropVariant::kInt16 | PropVariant::kInt32 | PropVariant::kInt64))
+    return QString::number(value.getInt64());
+  if (kind & PropVariant::kUInt64)
+    return QString::number(value.getUInt64());
+  if (kind & PropVariant::kDouble)
+    return QString::number(value.getDouble(), 'g', 12);
+  if (kind & PropVariant::kString)
+    return toQString(value.getString());
+  return QString();
 }
 
 int RecordingBag::getItemCount()
 {
-  record(QStringLiteral("getItemCount()"));
+  calls.append(QStringLiteral("getItemCount()"));
   return m_items.size();
 }
 
 PropItemType* RecordingBag::getItemType(int index)
 {
-  record(QStringLiteral("getItemType(%1)").arg(index));
-  return known(index) ? m_items[index].type : nullptr;
+  const Item* item = call(::call("getItemType", index), index);
+  return item ? item->type : nullptr;
 }
 
 bool RecordingBag::isEditable(int index, unsigned long element)
 {
-  record(QStringLiteral("isEditable(%1,%2)").arg(index).arg(element));
-  return known(index) && m_items[index].editable;
+  const Item* item = call(::call("isEditable", index, element), index);
+  return item && item->editable;
 }
 
 bool RecordingBag::getName(int index, OdString& name)
 {
-  record(QStringLiteral("getName(%1)").arg(index));
-  if (!known(index))
-    return false;
-  name = toOdString(m_items[index].name);
-  return true;
+  const Item* item = call(::call("getName", index), index);
+  if (item)
+    name = toOdString(item->name);
+  return item;
 }
 
 bool RecordingBag::getDescription(int index, OdString& description)
 {
-  record(QStringLiteral("getDescription(%1)").arg(index));
-  if (!known(index) || !m_items[index].hasDescription)
+  const Item* item = call(::call("getDescription", index), index);
+  if (!item || !item->hasDescription)
     return false;
-  description = toOdString(m_items[index].description);
+  description = toOdString(item->description);
   return true;
 }
 
 unsigned int RecordingBag::getFlags(int index)
 {
-  record(QStringLiteral("getFlags(%1)").arg(index));
-  return known(index) ? m_items[index].flags : 0;
+  const Item* item = call(::call("getFlags", index), index);
+  return item ? item->flags : 0;
 }
 
 OdGUID RecordingBag::getControlGuid(int index)
 {
-  record(QStringLiteral("getControlGuid(%1)").arg(index));
-  return known(index) ? m_items[index].guid : OdGUID();
+  const Item* item = call(::call("getControlGuid", index), index);
+  return item ? item->guid : OdGUID();
 }
 
-bool RecordingBag::validate(int index, unsigned long element, const PropVariant& value, OdString& message)
+bool RecordingBag::validate(int index, unsigned long element, const PropVariant&, OdString& message)
 {
-  record(QStringLiteral("validate(%1,%2)").arg(index).arg(element));
-  if (!known(index))
+  const Item* item = call(::call("validate", index, element), index);
+  if (!item)
     return false;
-  Q_UNUSED(value);
-  if (m_items[index].acceptValidate)
-    return true;
-  message = toOdString(m_items[index].validateMessage);
-  return false;
+  if (!item->acceptValidate)
+    message = toOdString(item->validateMessage);
+  return item->acceptValidate;
 }
 
 bool RecordingBag::getRange(int index, unsigned long element, PropVariant& min, PropVariant& max)
 {
-  record(QStringLiteral("getRange(%1,%2)").arg(index).arg(element));
-  if (!known(index) || !m_items[index].hasRange)
+  const Item* item = call(::call("getRange", index, element), index);
+  if (!item || !item->hasRange)
     return false;
-  min = m_items[index].min;
-  max = m_items[index].max;
+  min = item->min;
+  max = item->max;
   return true;
 }
 
 bool RecordingBag::formatValue(int index, unsigned long element, const PropVariant& value, OdString& text)
 {
-  record(QStringLiteral("formatValue(%1,%2)").arg(index).arg(element));
-  if (!known(index))
+  if (!call(::call("formatValue", index, element), index))
     return false;
   if (format)
     return format(index, value, text);
-  if (value.scalarType() == PropVariant::kEmpty)
+  const QString shown = textOf(value);
+  if (shown.isNull())
     return false;
-  text = toOdString(textOf(value));
+  text = toOdString(shown);
   return true;
 }
 
 bool RecordingBag::parseValue(int index, unsigned long element, const OdString& text, PropVariant& value)
 {
-  record(QStringLiteral("parseValue(%1,%2)").arg(index).arg(element));
+  const Item* item = call(::call("parseValue", index, element), index);
   parsedTexts.append(text);
-  if (!known(index))
+  if (!item)
     return false;
   if (parse)
     return parse(index, text, value);
   const QString s = toQString(text);
   bool ok = true;
-  switch (m_items[index].value.scalarType())
-  {
-  case PropVariant::kInt32: value.setInt32(s.toInt(&ok)); break;
-  case PropVariant::kDouble: value.setDouble(s.toDouble(&ok)); break;
-  case PropVariant::kBool: value.setBool(s == QStringLiteral("Yes")); break;
-  default: value.setString(text); break;
-  }
+  const unsigned int kind = item->value.scalarType();
+  if (kind & PropVariant::kInt32)
+    value.setInt32(s.toInt(&ok));
+  else if (kind & PropVariant::kDouble)
+    value.setDouble(s.toDouble(&ok));
+  else if (kind & PropVariant::kBool)
+    value.setBool(s == QStringLiteral("Yes"));
+  else
+    value.setString(text);
   return ok;
 }
 
 bool RecordingBag::getValue(int index, PropVariant& value)
 {
-  record(QStringLiteral("getValue(%1)").arg(index));
-  if (!known(index) || !m_items[index].readable)
+  const Item* item = call(::call("getValue", index), index);
+  if (!item || !item->readable)
     return false;
-  value = m_items[index].value;
+  value = item->value;
   return true;
 }
 
 bool RecordingBag::setValue(int index, const PropVariant& value)
 {
-  record(QStringLiteral("setValue(%1)").arg(index));
-  if (!known(index) || !m_items[index].acceptWrite)
+  Item* item = call(::call("setValue", index), index);
+  if (!item || !item->acceptWrite)
     return false;
   written.append(value);
-  m_items[index].value = value;
+  item->value = value;
   return true;
 }
 
 unsigned int RecordingBag::getActions(int index, unsigned long element, PropActionArray& actions)
 {
-  record(QStringLiteral("getActions(%1,%2)").arg(index).arg(element));
+  const Item* item = call(::call("getActions", index, element), index);
   actions.clear();
-  if (!known(index))
-    return 0;
-  for (const auto& action : m_items[index].actions)
-    actions.append(action);
+  if (item)
+    for (const auto& action : item->actions)
+      actions.append(action);
   return actions.size();
 }
 
 bool RecordingBag::executeAction(int index, PropAction* action)
 {
-  record(QStringLiteral("executeAction(%1)").arg(index));
+  const Item* item = call(::call("executeAction", index), index);
   executed.append(action);
-  return known(index) && m_items[index].executeResult;
+  return item && item->executeResult;
 }
 
 bool RecordingBag::getValueList(int index, OdStringArray& names, PropKeyArray& keys)
 {
-  record(QStringLiteral("getValueList(%1)").arg(index));
-  if (!known(index) || m_items[index].listNames.isEmpty())
+  const Item* item = call(::call("getValueList", index), index);
+  if (!item || item->listNames.isEmpty())
     return false;
-  for (int i = 0; i < m_items[index].listNames.size(); ++i)
+  for (int i = 0; i < item->listNames.size(); ++i)
   {
-    names.append(toOdString(m_items[index].listNames[i]));
-    keys.append(i < m_items[index].listKeys.size() ? m_items[index].listKeys[i] : static_cast<unsigned long>(i));
+    names.append(toOdString(item->listNames[i]));
+    keys.append(i < item->listKeys.size() ? item->listKeys[i] : static_cast<unsigned long>(i));
   }
   return true;
 }
 
 bool RecordingBag::getListValue(int index, unsigned long id, PropVariant& value)
 {
-  record(QStringLiteral("getListValue(%1,%2)").arg(index).arg(id));
-  if (!known(index) || !m_items[index].listValues.contains(id))
+  const Item* item = call(::call("getListValue", index, id), index);
+  if (!item || !item->listValues.contains(id))
     return false;
-  value = m_items[index].listValues.value(id);
+  value = item->listValues.value(id);
   return true;
 }
 
 bool RecordingBag::getIcon(int index, unsigned long value, OdSharedPtr<PropIcon>& icon)
 {
-  record(QStringLiteral("getIcon(%1,%2)").arg(index).arg(value));
-  if (!known(index) || !m_items[index].icons.contains(value))
+  const Item* item = call(::call("getIcon", index, value), index);
+  if (!item || !item->icons.contains(value))
     return false;
-  icon = OdSharedPtr<PropIcon>(new PropUiQIcon(m_items[index].icons.value(value)));
+  icon = OdSharedPtr<PropIcon>(new PropUiQIcon(item->icons.value(value)));
   return true;
 }
 
 bool RecordingBag::getListText(int index, const PropVariant& value, OdString& text)
 {
-  record(QStringLiteral("getListText(%1)").arg(index));
-  if (!known(index) || !m_items[index].hasListText)
+  const Item* item = call(::call("getListText", index), index);
+  if (!item || !item->hasListText)
     return false;
-  const Item& item = m_items[index];
-  for (auto it = item.listValues.begin(); it != item.listValues.end(); ++it)
+  for (auto it = item->listValues.begin(); it != item->listValues.end(); ++it)
   {
-    const int pos = item.listKeys.indexOf(it.key());
+    const int pos = item->listKeys.indexOf(it.key());
     const int at = pos >= 0 ? pos : int(it.key());
-    if (it.value() == value && at >= 0 && at < item.listNames.size())
+    if (it.value() == value && at >= 0 && at < item->listNames.size())
     {
-      text = toOdString(item.listNames[at]);
+      text = toOdString(item->listNames[at]);
       return true;
     }
   }
@@ -228,56 +247,56 @@ bool RecordingBag::getListText(int index, const PropVariant& value, OdString& te
 
 unsigned int RecordingBag::getElements(int index, PropKeyArray& elements, OdStringArray& captions)
 {
-  record(QStringLiteral("getElements(%1)").arg(index));
-  if (!known(index))
+  const Item* item = call(::call("getElements", index), index);
+  if (!item)
     return 0;
-  for (int i = 0; i < m_items[index].elements.size(); ++i)
+  for (int i = 0; i < item->elements.size(); ++i)
   {
-    elements.append(m_items[index].elements[i]);
-    captions.append(toOdString(m_items[index].elementCaptions.value(i)));
+    elements.append(item->elements[i]);
+    captions.append(toOdString(item->elementCaptions.value(i)));
   }
   return elements.size();
 }
 
 bool RecordingBag::getElementValue(int index, unsigned long element, PropVariant& value)
 {
-  record(QStringLiteral("getElementValue(%1,%2)").arg(index).arg(element));
-  if (!known(index) || !m_items[index].readable || !m_items[index].elementValues.contains(element))
+  const Item* item = call(::call("getElementValue", index, element), index);
+  if (!item || !item->readable || !item->elementValues.contains(element))
     return false;
-  value = m_items[index].elementValues.value(element);
+  value = item->elementValues.value(element);
   return true;
 }
 
 bool RecordingBag::setElementValue(int index, unsigned long element, const PropVariant& value)
 {
-  record(QStringLiteral("setElementValue(%1,%2)").arg(index).arg(element));
-  if (!known(index) || !m_items[index].acceptWrite)
+  Item* item = call(::call("setElementValue", index, element), index);
+  if (!item || !item->acceptWrite)
     return false;
   written.append(value);
-  m_items[index].elementValues[element] = value;
+  item->elementValues[element] = value;
   return true;
 }
 
 int RecordingBag::getElementCount(int index)
 {
-  record(QStringLiteral("getElementCount(%1)").arg(index));
-  return known(index) ? m_items[index].elementCount : -1;
+  const Item* item = call(::call("getElementCount", index), index);
+  return item ? item->elementCount : -1;
 }
 
 int RecordingBag::getGroupCount(int index)
 {
-  record(QStringLiteral("getGroupCount(%1)").arg(index));
-  return known(index) ? m_items[index].groupCount : 0;
+  const Item* item = call(::call("getGroupCount", index), index);
+  return item ? item->groupCount : 0;
 }
 
 PropBagCtx* RecordingBag::getContext()
 {
-  record(QStringLiteral("getContext()"));
+  calls.append(QStringLiteral("getContext()"));
   return context;
 }
 
 hostPropEditorReactor* RecordingBag::getReactor(int index)
 {
-  record(QStringLiteral("getReactor(%1)").arg(index));
-  return known(index) ? m_items[index].reactor : nullptr;
+  const Item* item = call(::call("getReactor", index), index);
+  return item ? item->reactor : nullptr;
 }

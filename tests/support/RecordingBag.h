@@ -157,7 +157,8 @@ public:
 
 private:
   bool known(int index) const { return index >= 0 && index < m_items.size(); }
-  void record(const QString& call) { calls.append(call); }
+  /** Records the call and answers the item, or null for an index the bag does not know. */
+  Item* call(const QString& what, int index);
 
   QVector<Item> m_items;
 };
