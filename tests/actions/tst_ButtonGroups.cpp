@@ -6,29 +6,23 @@
 #include "PropUiQRadioButtonsCtrl.h"
 #include "PropUiQToolButtonsCtrl.h"
 #include "RecordingBag.h"
+#include "TestValues.h"
 #include <QAbstractButton>
 #include <QtTest>
 
 namespace
 {
 
-PropVariant integer(int i)
-{
-  PropVariant v;
-  v.setInt32(i);
-  return v;
-}
-
 /** Entries named by `names`, keyed 100, 101, ... with the values 1, 2, ...; the current value is `current`. */
 int addChoice(RecordingBag& bag, const QStringList& names, int current)
 {
-  const int item = bag.addItem(QStringLiteral("Units"), integer(current));
+  const int item = bag.addItem(QStringLiteral("Units"), intValue(current));
   RecordingBag::Item& it = bag.item(item);
   it.listNames = names;
   for (int i = 0; i < names.size(); ++i)
   {
     it.listKeys.append(static_cast<unsigned long>(100 + i));
-    it.listValues.insert(static_cast<unsigned long>(100 + i), integer(i + 1));
+    it.listValues.insert(static_cast<unsigned long>(100 + i), intValue(i + 1));
   }
   it.hasListText = true;
   return item;
@@ -88,14 +82,14 @@ private slots:
 
     // The list shrinks; a value with no matching text leaves every button unchecked.
     bag.item(item).listNames = QStringList{QStringLiteral("mm"), QStringLiteral("cm")};
-    bag.item(item).value = integer(9);
+    bag.item(item).value = intValue(9);
     row->updateData();
     QCOMPARE(buttonsOf(row.data()).size(), 2);
     QCOMPARE(row->findChildren<QAbstractButton*>().size(), 2);
     QVERIFY(!checkedOf(row.data()));
 
     // Varies: nothing checked either.
-    PropVariant mixed = integer(1);
+    PropVariant mixed = intValue(1);
     mixed.setVaries();
     bag.item(item).value = mixed;
     row->updateData();
@@ -142,7 +136,7 @@ private slots:
     for (int i = 0; i < 9; ++i)
       cells << QStringLiteral("cell %1").arg(i);
     const int item = addChoice(bag, cells, 17);
-    bag.item(item).listValues.insert(104, integer(17)); // the centre cell
+    bag.item(item).listValues.insert(104, intValue(17)); // the centre cell
     PropUiQButtons3x3Ctrl grid;
     grid.setPropBagItem(&bag, item);
     QVERIFY(grid.setupUi());

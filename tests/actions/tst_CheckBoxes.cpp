@@ -4,30 +4,11 @@
 #include "PropUiQTextCheckBox.h"
 #include "PropUiQTextSwitchBox.h"
 #include "RecordingBag.h"
+#include "TestValues.h"
 #include <QtTest>
 
 namespace
 {
-
-PropVariant boolean(bool b, bool varies = false)
-{
-  PropVariant v;
-  v.setBool(b);
-  if (varies)
-    v.setVaries();
-  return v;
-}
-
-template <class Control>
-Control* boundControl(RecordingBag& bag, int item)
-{
-  auto* control = new Control;
-  control->setPropBagItem(&bag, item);
-  control->setupUi();
-  control->updateUi();
-  control->updateData();
-  return control;
-}
 
 } // namespace
 
@@ -39,7 +20,7 @@ private slots:
   void variesIsPartialAndOneClickChecks()
   {
     RecordingBag bag;
-    const int item = bag.addItem(QStringLiteral("Visible"), boolean(false, true));
+    const int item = bag.addItem(QStringLiteral("Visible"), boolValue(false, true));
     QScopedPointer<PropUiQCheckBox> control(boundControl<PropUiQCheckBox>(bag, item));
     QCOMPARE(control->checkBox()->checkState(), Qt::PartiallyChecked);
     QVERIFY(control->isVaries());
@@ -61,9 +42,9 @@ private slots:
   {
     MessageCatcher messages;
     RecordingBag bag;
-    const int item = bag.addItem(QStringLiteral("Locked"), boolean(false));
+    const int item = bag.addItem(QStringLiteral("Locked"), boolValue(false));
     QScopedPointer<PropUiQCheckBox> control(boundControl<PropUiQCheckBox>(bag, item));
-    bag.item(item).value = boolean(true, true);
+    bag.item(item).value = boolValue(true, true);
     control->updateData();
     bag.item(item).acceptWrite = false;
     control->checkBox()->click();
@@ -82,21 +63,21 @@ private slots:
   void captionsFromTheNameOrTheList()
   {
     RecordingBag bag;
-    const int item = bag.addItem(QStringLiteral("Visible"), boolean(true));
+    const int item = bag.addItem(QStringLiteral("Visible"), boolValue(true));
     bag.item(item).flags = PropBag::kCaptionOnCheckBox;
     QScopedPointer<PropUiQCheckBox> named(boundControl<PropUiQCheckBox>(bag, item));
     QCOMPARE(named->checkBox()->text(), QStringLiteral("Visible"));
 
     bag.item(item).flags = 0;
     bag.item(item).listNames = QStringList{QStringLiteral("Protect from edits")};
-    QScopedPointer<PropUiQTextCheckBox> text(boundControl<PropUiQTextCheckBox>(bag, item));
-    QCOMPARE(text->checkBox()->text(), QStringLiteral("Protect from edits"));
-    bag.item(item).value = boolean(true, true);
-    text->updateData();
-    QCOMPARE(text->checkBox()->text(), QStringLiteral("*varies*"));
+    QScopedPointer<PropUiQTextCheckBox> textBox(boundControl<PropUiQTextCheckBox>(bag, item));
+    QCOMPARE(textBox->checkBox()->text(), QStringLiteral("Protect from edits"));
+    bag.item(item).value = boolValue(true, true);
+    textBox->updateData();
+    QCOMPARE(textBox->checkBox()->text(), QStringLiteral("*varies*"));
 
     // Two listed texts leave the caption as it is.
-    bag.item(item).value = boolean(false);
+    bag.item(item).value = boolValue(false);
     bag.item(item).listNames = QStringList{QStringLiteral("a"), QStringLiteral("b")};
     QScopedPointer<PropUiQTextSwitchBox> textSwitch(boundControl<PropUiQTextSwitchBox>(bag, item));
     QVERIFY(textSwitch->checkBox()->text().isEmpty());
@@ -105,11 +86,11 @@ private slots:
   void switchKeepsVariesAsAFlagOnly()
   {
     RecordingBag bag;
-    const int item = bag.addItem(QStringLiteral("Snap"), boolean(true));
+    const int item = bag.addItem(QStringLiteral("Snap"), boolValue(true));
     QScopedPointer<PropUiQSwitchBox> control(boundControl<PropUiQSwitchBox>(bag, item));
     QVERIFY(control->checkBox()->isSwitchMode());
     QVERIFY(control->checkBox()->isChecked());
-    bag.item(item).value = boolean(false, true);
+    bag.item(item).value = boolValue(false, true);
     control->updateData();
     QVERIFY(control->isVaries());
     QCOMPARE(control->checkBox()->checkState(), Qt::Checked); // looks like its last state
@@ -127,7 +108,7 @@ private slots:
   void otherTypesAndBadInputChangeNothing()
   {
     RecordingBag bag;
-    const int item = bag.addItem(QStringLiteral("Visible"), boolean(true));
+    const int item = bag.addItem(QStringLiteral("Visible"), boolValue(true));
     QScopedPointer<PropUiQCheckBox> control(boundControl<PropUiQCheckBox>(bag, item));
     PropVariant number;
     number.setInt32(0);
@@ -154,7 +135,7 @@ private slots:
   {
     RecordingBag bag;
     const int item = bag.addItem(QStringLiteral("Layers on"));
-    bag.item(item).elementValues.insert(2, boolean(false));
+    bag.item(item).elementValues.insert(2, boolValue(false));
     PropUiQCheckBox control;
     control.setPropBagItem(&bag, item, 2);
     control.setupUi();

@@ -1,32 +1,9 @@
 #include "OdStringQt.h"
 #include "PropUiQDateCtrl.h"
 #include "RecordingBag.h"
+#include "TestValues.h"
 #include <QLineEdit>
 #include <QtTest>
-
-namespace
-{
-
-PropVariant date(const QString& text, bool varies = false)
-{
-  PropVariant v;
-  v.setString(toOdString(text));
-  if (varies)
-    v.setVaries();
-  return v;
-}
-
-PropUiQDateCtrl* boundControl(RecordingBag& bag, int item)
-{
-  auto* control = new PropUiQDateCtrl;
-  control->setPropBagItem(&bag, item);
-  control->setupUi();
-  control->updateUi();
-  control->updateData();
-  return control;
-}
-
-} // namespace
 
 class TestDateCtrl : public QObject
 {
@@ -36,8 +13,8 @@ private slots:
   void readsAndWritesEveryChangeAsText()
   {
     RecordingBag bag;
-    const int item = bag.addItem(QStringLiteral("Revised"), date(QStringLiteral("05.03.2021")));
-    QScopedPointer<PropUiQDateCtrl> control(boundControl(bag, item));
+    const int item = bag.addItem(QStringLiteral("Revised"), textValue(QStringLiteral("05.03.2021")));
+    QScopedPointer<PropUiQDateCtrl> control(boundControl<PropUiQDateCtrl>(bag, item));
     QCOMPARE(control->dateEdit()->date(), QDate(2021, 3, 5));
     QVERIFY(control->dateEdit()->calendarPopup());
     QVERIFY(bag.written.isEmpty());
@@ -51,8 +28,8 @@ private slots:
   void refusedDatesRevertAtOnce()
   {
     RecordingBag bag;
-    const int item = bag.addItem(QStringLiteral("Revised"), date(QStringLiteral("05.03.2021")));
-    QScopedPointer<PropUiQDateCtrl> control(boundControl(bag, item));
+    const int item = bag.addItem(QStringLiteral("Revised"), textValue(QStringLiteral("05.03.2021")));
+    QScopedPointer<PropUiQDateCtrl> control(boundControl<PropUiQDateCtrl>(bag, item));
     bag.item(item).acceptValidate = false;
     control->dateEdit()->setDate(QDate(2031, 1, 1));
     QCOMPARE(control->dateEdit()->date(), QDate(2021, 3, 5));
@@ -66,8 +43,8 @@ private slots:
   void variesShowsTextAndTakesNoTyping()
   {
     RecordingBag bag;
-    const int item = bag.addItem(QStringLiteral("Revised"), date(QStringLiteral("05.03.2021"), true));
-    QScopedPointer<PropUiQDateCtrl> control(boundControl(bag, item));
+    const int item = bag.addItem(QStringLiteral("Revised"), textValue(QStringLiteral("05.03.2021"), true));
+    QScopedPointer<PropUiQDateCtrl> control(boundControl<PropUiQDateCtrl>(bag, item));
     QVERIFY(control->isVaries());
     QCOMPARE(control->dateEdit()->findChild<QLineEdit*>()->text(), QStringLiteral("*varies*"));
     QString typed = QStringLiteral("1");
@@ -83,9 +60,9 @@ private slots:
   void unreadableTextsAndBadInput()
   {
     RecordingBag bag;
-    const int item = bag.addItem(QStringLiteral("Revised"), date(QStringLiteral("05.03.2021")));
-    QScopedPointer<PropUiQDateCtrl> control(boundControl(bag, item));
-    bag.item(item).value = date(QStringLiteral("2021-03-05"));
+    const int item = bag.addItem(QStringLiteral("Revised"), textValue(QStringLiteral("05.03.2021")));
+    QScopedPointer<PropUiQDateCtrl> control(boundControl<PropUiQDateCtrl>(bag, item));
+    bag.item(item).value = textValue(QStringLiteral("2021-03-05"));
     control->updateData();
     QCOMPARE(control->dateEdit()->date(), QDate(2021, 3, 5));
     PropVariant number;

@@ -6,6 +6,7 @@
 #include "PropUiQComboBox.h"
 #include "PropUiQTextComboCtrl.h"
 #include "RecordingBag.h"
+#include "TestValues.h"
 #include <QCompleter>
 #include <QIntValidator>
 #include <QLineEdit>
@@ -14,42 +15,17 @@
 namespace
 {
 
-PropVariant text(const QString& s)
-{
-  PropVariant v;
-  v.setString(toOdString(s));
-  return v;
-}
-
-PropVariant integer(int i)
-{
-  PropVariant v;
-  v.setInt32(i);
-  return v;
-}
-
 /** A line-type choice: Solid (key 10), Dashed (11), Dotted (12), values by name. */
 int addStyle(RecordingBag& bag, const QString& current = QStringLiteral("Dashed"))
 {
-  const int item = bag.addItem(QStringLiteral("Line type"), text(current));
+  const int item = bag.addItem(QStringLiteral("Line type"), textValue(current));
   RecordingBag::Item& it = bag.item(item);
   it.listNames = QStringList{QStringLiteral("Solid"), QStringLiteral("Dashed"), QStringLiteral("Dotted")};
   it.listKeys = {10, 11, 12};
   for (int i = 0; i < 3; ++i)
-    it.listValues.insert(it.listKeys[i], text(it.listNames[i]));
+    it.listValues.insert(it.listKeys[i], textValue(it.listNames[i]));
   it.icons.insert(10, QIcon(QPixmap(8, 8)));
   return item;
-}
-
-template <class Control>
-Control* boundControl(RecordingBag& bag, int item)
-{
-  auto* control = new Control;
-  control->setPropBagItem(&bag, item);
-  control->setupUi();
-  control->updateUi();
-  control->updateData();
-  return control;
 }
 
 } // namespace
@@ -176,10 +152,10 @@ private slots:
   {
     RecordingBag bag;
     TestItemType integerType(1, PropUiGuidInteger), textType(2, PropUiGuidText);
-    const int count = bag.addItem(QStringLiteral("Count"), integer(3));
+    const int count = bag.addItem(QStringLiteral("Count"), intValue(3));
     bag.item(count).flags = PropBag::kEditableList;
     bag.item(count).type = &integerType;
-    const int name = bag.addItem(QStringLiteral("Name"), text(QStringLiteral("A")));
+    const int name = bag.addItem(QStringLiteral("Name"), textValue(QStringLiteral("A")));
     bag.item(name).flags = PropBag::kEditableList;
     bag.item(name).type = &textType;
     QScopedPointer<PropUiQTextComboCtrl> numbers(boundControl<PropUiQTextComboCtrl>(bag, count));
@@ -195,15 +171,14 @@ private slots:
   {
     RecordingBag bag;
     TestItemType heights(1, PropUiGuidDouble);
-    PropVariant h;
-    h.setDouble(3.5);
+    const PropVariant h = realValue(3.5);
     const int item = bag.addItem(QStringLiteral("Text height"), h);
     RecordingBag::Item& it = bag.item(item);
     it.flags = PropBag::kEditableList;
     it.type = &heights;
     it.listNames = QStringList{QStringLiteral("2.5"), QStringLiteral("3.5")};
     it.listKeys = {0, 1};
-    it.listValues.insert(0, []() { PropVariant v; v.setDouble(2.5); return v; }());
+    it.listValues.insert(0, realValue(2.5));
     it.listValues.insert(1, h);
     it.hasListText = true;
     ControlWindow window(boundControl<PropUiQTextComboCtrl>(bag, item));
@@ -230,7 +205,7 @@ private slots:
   {
     RecordingBag bag;
     const int item = addStyle(bag);
-    PropVariant mixed = text(QStringLiteral("Solid"));
+    PropVariant mixed = textValue(QStringLiteral("Solid"));
     mixed.setVaries();
     bag.item(item).value = mixed;
     QScopedPointer<PropUiQComboBox> control(boundControl<PropUiQComboBox>(bag, item));
@@ -261,7 +236,7 @@ private slots:
     QVERIFY(!control->removeTempItem(0)); // a real entry stays
     QVERIFY(bag.written.isEmpty());
 
-    const int empty = bag.addItem(QStringLiteral("Nothing listed"), text(QStringLiteral("x")));
+    const int empty = bag.addItem(QStringLiteral("Nothing listed"), textValue(QStringLiteral("x")));
     QScopedPointer<PropUiQComboBox> none(boundControl<PropUiQComboBox>(bag, empty));
     QCOMPARE(none->comboBox()->count(), 1); // only the value, as a temporary entry
   }

@@ -3,6 +3,7 @@
 #include "PropUiQIntegerCtrl.h"
 #include "PropUiQSliderCtrl.h"
 #include "RecordingBag.h"
+#include "TestValues.h"
 #include <QLineEdit>
 #include <QtTest>
 #include <limits>
@@ -10,30 +11,12 @@
 namespace
 {
 
-PropVariant integer(int i)
-{
-  PropVariant v;
-  v.setInt32(i);
-  return v;
-}
-
-template <class Control>
-Control* boundControl(RecordingBag& bag, int item)
-{
-  auto* control = new Control;
-  control->setPropBagItem(&bag, item);
-  control->setupUi();
-  control->updateUi();
-  control->updateData();
-  return control;
-}
-
 int addSegments(RecordingBag& bag, int value = 24)
 {
-  const int item = bag.addItem(QStringLiteral("Segments"), integer(value));
+  const int item = bag.addItem(QStringLiteral("Segments"), intValue(value));
   bag.item(item).hasRange = true;
-  bag.item(item).min = integer(3);
-  bag.item(item).max = integer(64);
+  bag.item(item).min = intValue(3);
+  bag.item(item).max = intValue(64);
   return item;
 }
 
@@ -48,7 +31,7 @@ private slots:
   {
     RecordingBag bag;
     const int ranged = addSegments(bag);
-    const int open = bag.addItem(QStringLiteral("Count"), integer(-5));
+    const int open = bag.addItem(QStringLiteral("Count"), intValue(-5));
     QScopedPointer<PropUiQIntegerCtrl> a(boundControl<PropUiQIntegerCtrl>(bag, ranged));
     QCOMPARE(a->spinBox()->minimum(), 3);
     QCOMPARE(a->spinBox()->maximum(), 64);
@@ -119,7 +102,7 @@ private slots:
   void steppingOutOfVariesWritesAtOnce()
   {
     RecordingBag bag;
-    PropVariant mixed = integer(10);
+    PropVariant mixed = intValue(10);
     mixed.setVaries();
     const int item = bag.addItem(QStringLiteral("Count"), mixed);
     QScopedPointer<PropUiQIntegerCtrl> control(boundControl<PropUiQIntegerCtrl>(bag, item));
@@ -145,7 +128,7 @@ private slots:
     bag.item(item).value = text;
     control->updateData();
     QCOMPARE(control->spinBox()->value(), 24);
-    PropVariant empty = integer(50);
+    PropVariant empty = intValue(50);
     empty.setType(empty.type() | PropVariant::kNoData);
     bag.item(item).value = empty;
     control->updateData();
@@ -162,7 +145,7 @@ private slots:
   void sliderWritesOnReleaseOnly()
   {
     RecordingBag bag;
-    const int item = bag.addItem(QStringLiteral("Opacity"), integer(20));
+    const int item = bag.addItem(QStringLiteral("Opacity"), intValue(20));
     ControlWindow window(boundControl<PropUiQSliderCtrl>(bag, item));
     window.resize(400, 80);
     auto* control = window.findChild<PropUiQSliderCtrl*>();
@@ -194,7 +177,7 @@ private slots:
   void grooveClicksDoNotPage()
   {
     RecordingBag bag;
-    const int item = bag.addItem(QStringLiteral("Opacity"), integer(0));
+    const int item = bag.addItem(QStringLiteral("Opacity"), intValue(0));
     ControlWindow window(boundControl<PropUiQSliderCtrl>(bag, item));
     window.resize(400, 80);
     auto* control = window.findChild<PropUiQSliderCtrl*>();

@@ -7,34 +7,17 @@
 #include "PropUiQTextCtrl.h"
 #include "QHostTextEdit.h"
 #include "RecordingBag.h"
+#include "TestValues.h"
 #include <QtTest>
 #include <QValidator>
 
 namespace
 {
 
-PropVariant real(double d)
-{
-  PropVariant v;
-  v.setDouble(d);
-  return v;
-}
-
 /** A radius that the bag refuses when it is not positive. */
 int addRadius(RecordingBag& bag, double value = 12.5)
 {
-  return bag.addItem(QStringLiteral("Radius"), real(value));
-}
-
-template <class Control = PropUiQDoubleCtrl>
-Control* boundControl(RecordingBag& bag, int item)
-{
-  auto* control = new Control;
-  control->setPropBagItem(&bag, item);
-  control->setupUi();
-  control->updateUi();
-  control->updateData();
-  return control;
+  return bag.addItem(QStringLiteral("Radius"), realValue(value));
 }
 
 } // namespace
@@ -50,7 +33,7 @@ private slots:
   {
     RecordingBag bag;
     const int item = addRadius(bag);
-    QScopedPointer<PropUiQDoubleCtrl> control(boundControl(bag, item));
+    QScopedPointer<PropUiQDoubleCtrl> control(boundControl<PropUiQDoubleCtrl>(bag, item));
     QCOMPARE(control->lineEdit()->text(), QStringLiteral("12.5"));
     QCOMPARE(control->lastText(), QStringLiteral("12.5"));
     QCOMPARE(control->lineEdit()->objectName(), QStringLiteral("edit"));
@@ -63,7 +46,7 @@ private slots:
   {
     RecordingBag bag;
     const int item = addRadius(bag);
-    ControlWindow window(boundControl(bag, item));
+    ControlWindow window(boundControl<PropUiQDoubleCtrl>(bag, item));
     auto* control = window.findChild<PropUiQDoubleCtrl*>();
     QVERIFY(window.showActive());
     control->lineEdit()->setFocus();
@@ -84,7 +67,7 @@ private slots:
     const int item = addRadius(bag);
     bag.item(item).acceptValidate = false;
     bag.item(item).validateMessage = QStringLiteral("The radius must be greater than zero.");
-    ControlWindow window(boundControl(bag, item));
+    ControlWindow window(boundControl<PropUiQDoubleCtrl>(bag, item));
     auto* control = window.findChild<PropUiQDoubleCtrl*>();
     QVERIFY(window.showActive());
 
@@ -114,7 +97,7 @@ private slots:
   {
     RecordingBag bag;
     const int item = addRadius(bag);
-    ControlWindow window(boundControl(bag, item));
+    ControlWindow window(boundControl<PropUiQDoubleCtrl>(bag, item));
     auto* control = window.findChild<PropUiQDoubleCtrl*>();
     QVERIFY(window.showActive());
     control->lineEdit()->setFocus();
@@ -159,7 +142,7 @@ private slots:
       v.setDouble(3.0);
       return parses;
     };
-    QScopedPointer<PropUiQDoubleCtrl> control(boundControl(bag, item));
+    QScopedPointer<PropUiQDoubleCtrl> control(boundControl<PropUiQDoubleCtrl>(bag, item));
     control->lineEdit()->setText(QStringLiteral("3"));
     QVERIFY(!control->applyData());
     QCOMPARE(control->lineEdit()->text(), QStringLiteral("12.5"));
@@ -200,7 +183,7 @@ private slots:
   void angleShowsTheBagsFormattingAfterACommit()
   {
     RecordingBag bag;
-    const int item = bag.addItem(QStringLiteral("Rotation"), real(30.0));
+    const int item = bag.addItem(QStringLiteral("Rotation"), realValue(30.0));
     bag.format = [](int, const PropVariant& v, OdString& text) {
       text = toOdString(QString::number(v.getDouble()) + QChar(0x00B0));
       return true;
@@ -219,10 +202,10 @@ private slots:
   void variesShowsThePlaceholderUntilTheNextRead()
   {
     RecordingBag bag;
-    PropVariant mixed = real(2.0);
+    PropVariant mixed = realValue(2.0);
     mixed.setVaries();
     const int item = bag.addItem(QStringLiteral("Radius"), mixed);
-    ControlWindow window(boundControl(bag, item));
+    ControlWindow window(boundControl<PropUiQDoubleCtrl>(bag, item));
     auto* control = window.findChild<PropUiQDoubleCtrl*>();
     QVERIFY(control->isVaries());
     QVERIFY(control->lineEdit()->text().isEmpty());
@@ -237,7 +220,7 @@ private slots:
     QVERIFY(!bag.called(QStringLiteral("parseValue")));
     QVERIFY(control->isVaries());
 
-    bag.item(item).value = real(2.0);
+    bag.item(item).value = realValue(2.0);
     control->updateData();
     QVERIFY(!control->isVaries());
     QCOMPARE(control->lineEdit()->text(), QStringLiteral("2"));
@@ -246,8 +229,8 @@ private slots:
   void elementBindingUsesOnlyElementOperations()
   {
     RecordingBag bag;
-    const int item = bag.addItem(QStringLiteral("Vertices"), real(1.0));
-    bag.item(item).elementValues.insert(3, real(4.5));
+    const int item = bag.addItem(QStringLiteral("Vertices"), realValue(1.0));
+    bag.item(item).elementValues.insert(3, realValue(4.5));
     QScopedPointer<PropUiQDoubleCtrl> element(new PropUiQDoubleCtrl);
     element->setPropBagItem(&bag, item, 3);
     element->setupUi();
@@ -261,7 +244,7 @@ private slots:
     QVERIFY(bag.calls.contains(QStringLiteral("parseValue(0,3)")));
 
     bag.clearCalls();
-    QScopedPointer<PropUiQDoubleCtrl> whole(boundControl(bag, item));
+    QScopedPointer<PropUiQDoubleCtrl> whole(boundControl<PropUiQDoubleCtrl>(bag, item));
     whole->lineEdit()->setText(QStringLiteral("2"));
     QVERIFY(whole->applyData());
     QVERIFY(!bag.called(QStringLiteral("getElementValue")) && !bag.called(QStringLiteral("setElementValue")));
@@ -289,9 +272,9 @@ private slots:
     QVERIFY(!unknown->applyData());
     QVERIFY(bag.written.isEmpty());
 
-    QScopedPointer<PropUiQDoubleCtrl> control(boundControl(bag, item));
+    QScopedPointer<PropUiQDoubleCtrl> control(boundControl<PropUiQDoubleCtrl>(bag, item));
     bag.item(item).readable = false;
-    bag.item(item).value = real(99.0);
+    bag.item(item).value = realValue(99.0);
     control->updateData();
     QCOMPARE(control->lineEdit()->text(), QStringLiteral("12.5"));
 
