@@ -8,7 +8,19 @@
 #include "PropItemType.h"
 #include "PropUiGuids.h"
 #include "PropUiIcons.h"
+#include "PropUiActionToolButtonsCtrl.h"
+#include "PropUiButtonGroupCtrl.h"
+#include "PropUiQButtons3x3Ctrl.h"
+#include "PropUiQCheckBox.h"
 #include "PropUiQControl.h"
+#include "PropUiQDateCtrl.h"
+#include "PropUiQEventFilter.h"
+#include "PropUiQFormatter.h"
+#include "PropUiQIntegerCtrl.h"
+#include "PropUiQLineEdit.h"
+#include "PropUiQMLineEdit.h"
+#include "PropUiQSwitchBox.h"
+#include "PropUiQTextComboCtrl.h"
 #include "PropUiQWidgetFactory.h"
 #include "PropUiRegistry.h"
 #include "PropWidgetsEntry.h"
@@ -106,6 +118,44 @@ private slots:
     QVERIFY(first > vtableSlot(&QWidget::setVisible));
     for (int i = 0; i < 11; ++i)
       QCOMPARE(order[i], first + i);
+  }
+
+  void controlsAddTheirOperationsAfterTheBase()
+  {
+    // Hosts derive from the controls: what each adds follows the control interface, in order.
+    const long last = vtableSlot(&PropUiQWidget::setVaries);
+    auto follows = [last](std::initializer_list<long> positions, long after) {
+      long expected = after < 0 ? last + 1 : after + 1;
+      for (long slot : positions)
+        if (slot != expected++)
+          return false;
+      return true;
+    };
+    QVERIFY(follows({vtableSlot(&PropUiQLineEdit::applyData), vtableSlot(&PropUiQLineEdit::onEditingFinished)}, -1));
+    QVERIFY(follows({vtableSlot(&PropUiQIntegerCtrl::applyData), vtableSlot(&PropUiQIntegerCtrl::onSpinBoxValueChanged),
+                     vtableSlot(&PropUiQIntegerCtrl::onEditingFinished)}, -1));
+    QVERIFY(follows({vtableSlot(&PropUiQComboBox::addItems), vtableSlot(&PropUiQComboBox::addTempItem),
+                     vtableSlot(&PropUiQComboBox::removeTempItem), vtableSlot(&PropUiQComboBox::onActivated),
+                     vtableSlot(&PropUiQComboBox::onEditingFinished)}, -1));
+    QVERIFY(follows({vtableSlot(&PropUiQTextComboCtrl::applyData)}, vtableSlot(&PropUiQComboBox::onEditingFinished)));
+    QVERIFY(follows({vtableSlot(&PropUiButtonGroupCtrl::setCurrentBtn), vtableSlot(&PropUiButtonGroupCtrl::onButtonClicked),
+                     vtableSlot(&PropUiButtonGroupCtrl::createBtn), vtableSlot(&PropUiButtonGroupCtrl::updateBtn),
+                     vtableSlot(&PropUiButtonGroupCtrl::removeBtn)}, -1));
+    QVERIFY(follows({vtableSlot(&PropUiActionButtonGroupCtrl::onIdClicked), vtableSlot(&PropUiActionButtonGroupCtrl::createBtn),
+                     vtableSlot(&PropUiActionButtonGroupCtrl::updateBtn)}, -1));
+    QVERIFY(follows({vtableSlot(&PropUiQButtons3x3Ctrl::onIdClicked)}, -1));
+    QVERIFY(follows({vtableSlot(&PropUiQCheckBox::onClicked)}, -1));
+    QVERIFY(follows({vtableSlot(&PropUiQSwitchBox::onClicked)}, -1));
+    QVERIFY(follows({vtableSlot(&PropUiQDateCtrl::applyData), vtableSlot(&PropUiQDateCtrl::onDateChanged)}, -1));
+    QVERIFY(follows({vtableSlot(&PropUiQMLineEditBase::onGroupChanged)}, -1));
+
+    typedef void (PropUiQEventFilter::*Bind2)(PropBag*, int);
+    typedef void (PropUiQEventFilter::*Bind3)(PropBag*, int, unsigned long);
+    const long bind = vtableSlot(static_cast<Bind2>(&PropUiQEventFilter::setPropBagItem));
+    QCOMPARE(vtableSlot(static_cast<Bind3>(&PropUiQEventFilter::setPropBagItem)), bind + 1);
+    QCOMPARE(vtableSlot(&PropUiQEventFilter::update), bind + 2);
+    const long bag = vtableSlot(&PropUiQFormatter::setPropBag);
+    QCOMPARE(vtableSlot(&PropUiQFormatter::getNameListIcons), bag + 10);
   }
 
   void builtInFactoriesAreRegisteredInOrder()
