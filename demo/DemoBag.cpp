@@ -352,6 +352,15 @@ void DemoBag::log(const Item& item, const QString& what, bool accepted)
     m_log(item.name + QStringLiteral(": ") + what, accepted);
 }
 
+int DemoBag::findItem(const OdString& name)
+{
+  const QString wanted = toQString(name);
+  for (std::size_t i = 0; i < m_items.size(); ++i)
+    if (m_items[i]->name == wanted)
+      return int(i);
+  return -1;
+}
+
 int DemoBag::getItemCount()
 {
   return int(m_items.size());

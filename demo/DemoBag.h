@@ -43,6 +43,8 @@ public:
   /** True while any item still varies. */
   bool isMixed() const;
   Kind kindOf(int index) const;
+  /** The index of the item with this caption, -1 when there is none. */
+  int findItem(const OdString& name) override;
 
   int getItemCount() override;
   PropItemType* getItemType(int index) override;

@@ -4,7 +4,10 @@
 #include "HostQtStyleManager.h"
 #include "OdError.h"
 #include "OdStringQt.h"
+#include "PropUiQCheckBox.h"
+#include "PropUiQIntegerCtrl.h"
 #include "PropUiQLabel.h"
+#include "PropUiQLineEdit.h"
 #include "PropUiQWidget.h"
 #include "PropUiRegistry.h"
 #include "QHostCheckBox.h"
@@ -87,6 +90,7 @@ void DemoWindow::buildRows()
     control->setParent(rows);
     control->setPropBagItem(m_bag, i);
     control->setupUi();
+    control->setProperty("demoItem", i);
     m_controls.append(control);
     refreshControl(control);
 
@@ -146,6 +150,38 @@ void DemoWindow::scheduleRefresh()
     m_refreshPending = false;
     refresh();
   });
+}
+
+PropUiQWidget* DemoWindow::controlOf(const QString& caption) const
+{
+  const int index = m_bag->findItem(toOdString(caption));
+  for (const auto& control : m_controls)
+    if (control && index >= 0 && control->property("demoItem").toInt() == index)
+      return control;
+  return nullptr;
+}
+
+void DemoWindow::demonstrateEdits()
+{
+  if (auto* radius = qobject_cast<PropUiQLineEdit*>(controlOf(tr("Radius"))))
+  {
+    radius->lineEdit()->setText(QStringLiteral("0"));
+    radius->applyData();
+    radius->lineEdit()->setText(QStringLiteral("2*6.5"));
+    radius->applyData();
+  }
+  if (auto* segments = qobject_cast<PropUiQIntegerCtrl*>(controlOf(tr("Segments"))))
+  {
+    segments->spinBox()->setValue(33);
+    segments->applyData();
+    segments->spinBox()->setValue(32);
+    segments->applyData();
+  }
+  if (auto* visible = qobject_cast<PropUiQCheckBox*>(controlOf(tr("Visible"))))
+    visible->checkBox()->click();
+  // Message boxes and the refresh come after the current event.
+  QApplication::processEvents();
+  QApplication::processEvents();
 }
 
 void DemoWindow::setMixed(bool mixed)

@@ -27,6 +27,8 @@ public:
   /** Lays the whole panel out at its natural height and saves it as a picture. */
   bool saveScreenshot(const QString& path);
   void appendLog(const QString& line, bool accepted);
+  /** Makes a few edits as a user would, some of which the bag refuses, so that the log shows them. */
+  void demonstrateEdits();
   void countRedraw();
   /** Makes every control re-read its item once the current event is over. */
   void scheduleRefresh();
@@ -36,6 +38,7 @@ private:
   void refresh();
   void refreshControl(PropUiQWidget* control);
   void showRedraws();
+  PropUiQWidget* controlOf(const QString& caption) const;
 
   DemoBag* m_bag;
   QPointer<QWidget> m_rows;

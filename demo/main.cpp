@@ -116,8 +116,10 @@ int main(int argc, char** argv)
     {
       // Nobody is there to close a message box: it goes to the log instead.
       host_qt_ui::QHostMessageBoxOd::setInterceptor(
-        [&panel](host_qt_ui::QHostMessageBoxOd::Kind, const QString& text, int) {
-          panel.appendLog(text, false);
+        [&panel](host_qt_ui::QHostMessageBoxOd::Kind kind, const QString& text, int) {
+          const QString box = kind == host_qt_ui::QHostMessageBoxOd::Critical ? QObject::tr("Error box")
+                                                                              : QObject::tr("Note box");
+          panel.appendLog(box + QStringLiteral(": ") + text, false);
           return int(host_qt_ui::QHostMessageBoxOd::Ok);
         });
     }
@@ -147,6 +149,14 @@ int main(int argc, char** argv)
             status = 1;
           std::printf("  %s\n", qPrintable(path));
         }
+      // And once with a few edits made, so the log shows what the bag accepted and refused.
+      panel.setTheme(1);
+      panel.setMixed(false);
+      panel.demonstrateEdits();
+      const QString edited = dir + QStringLiteral("/properties-light-edits.png");
+      if (!panel.saveScreenshot(edited))
+        status = 1;
+      std::printf("  %s\n", qPrintable(edited));
     }
     else
     {
