@@ -17,6 +17,18 @@ template class PropUiQMLineEdit<PropUiQAngleCtrl>;
 template class PropUiQMLineEdit<PropUiQIntegerCtrl>;
 template class PropUiQMLineEdit<PropUiQTextCtrl>;
 
+namespace
+{
+
+/** The group selector: in a scrolling panel the wheel belongs to the panel, never to the group. */
+class PropGroupSpinBox : public host_qt_ui_core::QHostSpinBox
+{
+public:
+  explicit PropGroupSpinBox(QWidget* parent) : QHostSpinBox(parent) { disableMouseWheel(true); }
+};
+
+} // namespace
+
 PropUiQMLineEditBase::PropUiQMLineEditBase(QWidget* parent, RowFactory makeRow)
   : PropUiQControl(parent), m_makeRow(std::move(makeRow))
 {
@@ -53,9 +65,8 @@ bool PropUiQMLineEditBase::setupUi()
     auto* caption = new PropUiQLabel(this);
     caption->setPropBagItem(m_bag, m_index);
     caption->setupUi();
-    auto* spinBox = new host_qt_ui_core::QHostSpinBox(this);
+    auto* spinBox = new PropGroupSpinBox(this);
     spinBox->setObjectName(QStringLiteral("groupSpinBox"));
-    spinBox->disableMouseWheel(true);
     spinBox->setWrapping(true);
     spinBox->setRange(1, groups);
     spinBox->setValue(1);

@@ -21,9 +21,11 @@ public:
 
   PropQSliderBox* slider() const { return m_slider; }
 
-private:
-  void onSliderReleased();
-
+protected:
+  /** The value the bag last confirmed. */
   int m_lastValue = 0;
   QPointer<PropQSliderBox> m_slider;
+
+private:
+  void onSliderReleased();
 };

@@ -89,6 +89,8 @@ private slots:
     QVERIFY(control->applyData());
     QCOMPARE(control->spinBox()->value(), 24);
     QTRY_COMPARE(messages.shown.size(), 1);
+    QCOMPARE(messages.shown[0].kind, host_qt_ui::QHostMessageBoxOd::Critical);
+    QCOMPARE(messages.shown[0].text, QStringLiteral("Must be even."));
 
     bag.item(item).acceptValidate = true;
     bag.item(item).acceptWrite = false;
@@ -116,6 +118,23 @@ private slots:
     QCOMPARE(bag.written.size(), 1);
     QCOMPARE(bag.written[0].getInt32(), shown + 1);
     QCOMPARE(control->spinBox()->text(), QString::number(shown + 1));
+  }
+
+  void refreshingAVariesValueWritesNothing()
+  {
+    // GIVEN a spin box in the varies state
+    RecordingBag bag;
+    const int item = addSegments(bag);
+    bag.item(item).value = intValue(24, true);
+    QScopedPointer<PropUiQIntegerCtrl> control(boundControl<PropUiQIntegerCtrl>(bag, item));
+    QVERIFY(control->isVaries());
+    // WHEN the host narrows the range so that the shown number is clamped
+    bag.item(item).min = intValue(40);
+    control->updateData();
+    // THEN the clamp is not taken for the user stepping out of the varies state
+    QCOMPARE(control->spinBox()->minimum(), 40);
+    QVERIFY(control->isVaries());
+    QVERIFY(bag.written.isEmpty());
   }
 
   void wrongTypeOrNoDataLeavesTheSpinBox()
