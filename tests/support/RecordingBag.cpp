@@ -1,6 +1,9 @@
 #include "RecordingBag.h"
 
 #include "OdStringQt.h"
+#include <QFile>
+#include <QTest>
+#include <QTextStream>
 
 namespace
 {
@@ -17,6 +20,21 @@ QString call(const char* name, int index, unsigned long element)
 
 } // namespace
 
+// With PROP_BAG_TRACE naming a file, every bag appends the calls it saw, so
+// that two runs of the suite can be compared call by call after a refactoring.
+RecordingBag::~RecordingBag()
+{
+  const QString path = qEnvironmentVariable("PROP_BAG_TRACE");
+  if (path.isEmpty())
+    return;
+  QFile file(path);
+  if (!file.open(QIODevice::Append | QIODevice::Text))
+    return;
+  QTextStream out(&file);
+  out << QCoreApplication::applicationName() << "::" << QTest::currentTestFunction() << '['
+      << QTest::currentDataTag() << "] " << m_trace.join(QLatin1Char(' ')) << '\n';
+}
+
 int RecordingBag::addItem(const QString& name, const PropVariant& value)
 {
   Item item;
@@ -30,6 +48,7 @@ int RecordingBag::addItem(const QString& name, const PropVariant& value)
 RecordingBag::Item* RecordingBag::call(const QString& what, int index)
 {
   calls.append(what);
+  m_trace.append(what);
   return known(index) ? &m_items[index] : nullptr;
 }
 
@@ -61,6 +80,7 @@ QString RecordingBag::textOf(const PropVariant& value)
 int RecordingBag::getItemCount()
 {
   calls.append(QStringLiteral("getItemCount()"));
+  m_trace.append(calls.last());
   return m_items.size();
 }
 
@@ -292,6 +312,7 @@ int RecordingBag::getGroupCount(int index)
 PropBagCtx* RecordingBag::getContext()
 {
   calls.append(QStringLiteral("getContext()"));
+  m_trace.append(calls.last());
   return context;
 }
 

@@ -109,6 +109,8 @@ public:
     bool executeResult = true;
   };
 
+  ~RecordingBag() override;
+
   /** Adds an item and answers its index. */
   int addItem(const QString& name, const PropVariant& value = PropVariant());
   Item& item(int index) { return m_items[index]; }
@@ -161,4 +163,6 @@ private:
   Item* call(const QString& what, int index);
 
   QVector<Item> m_items;
+  /** Every call since construction, whatever clearCalls dropped; see the destructor. */
+  QStringList m_trace;
 };
