@@ -1,3 +1,4 @@
+#include "PropUiOptions.h"
 #include "DemoBag.h"
 
 #include "DemoActions.h"
@@ -208,7 +209,7 @@ void DemoBag::buildItems()
 
   Item& scale = add(Number, QObject::tr("Scale factor"), PropUiGuidDoubleAlt, QObject::tr("Uniform scale of the object"));
   scale.value = number(1.0);
-  scale.flags |= PropBag::kHasActions;
+  scale.flags |= PropItemFlag::kHasActions;
   scale.check = [](const PropVariant& v) {
     return v.getDouble() <= 0.0 ? QObject::tr("The scale factor must be greater than zero.") : QString();
   };
@@ -243,7 +244,7 @@ void DemoBag::buildItems()
   Item& height = add(Number, QObject::tr("Text height"), PropUiGuidDouble, QObject::tr("A standard height, or type your own"));
   height.value = number(3.5);
   height.decimals = 2;
-  height.flags |= 0x2 | PropBag::kEditableList;
+  height.flags |= 0x2 | PropItemFlag::kEditableList;
   for (double h : {1.8, 2.5, 3.5, 5.0, 7.0})
   {
     height.choiceNames.append(QLocale::c().toString(h, 'f', 2));

@@ -47,6 +47,7 @@ void PropUiActionButtonGroupCtrl::updateData()
     updateBtn(buttons[i], actions[unsigned(i)].get());
     m_buttonGroup->setId(buttons[i], i);
   }
+  m_actions = actions;
 }
 
 void PropUiActionButtonGroupCtrl::onIdClicked(int id)

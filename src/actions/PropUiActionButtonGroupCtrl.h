@@ -1,9 +1,10 @@
 #pragma once
 
+#include "PropBag.h"
 #include "PropUiQControl.h"
 #include <QPointer>
 
-class PropAction;
+#include "PropAction.h"
 class QAbstractButton;
 #include <QButtonGroup>
 class QHBoxLayout;
@@ -18,11 +19,6 @@ class PROPWIDGETS_EXPORT PropUiActionButtonGroupCtrl : public PropUiQControl
   Q_OBJECT
 
 public:
-  /** Option bit: buttons to the left (a trailing spacer). */
-  static constexpr int kAlignLeft = 0x10000;
-  /** Option bit: buttons to the right (a leading spacer). */
-  static constexpr int kAlignRight = 0x20000;
-
   explicit PropUiActionButtonGroupCtrl(QWidget* parent = nullptr);
 
   bool setupUi() override;
@@ -39,4 +35,8 @@ protected:
   QHBoxLayout* buttonsLayout() const;
 
   QPointer<QButtonGroup> m_buttonGroup;
+
+private:
+  /** The actions the buttons show, kept alive as long as the buttons may point to them. */
+  PropActionArray m_actions;
 };

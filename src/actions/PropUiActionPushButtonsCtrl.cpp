@@ -27,7 +27,7 @@ void PropUiActionPushButtonsCtrl::updateBtn(QAbstractButton* button, PropAction*
   pushButton->setEnabled(action->enabled());
   const QString caption = toQString(action->name());
   pushButton->setToolTip(caption);
-  if (!(m_options & kIconsOnly))
+  if (!(m_options & PropUiOption::kIconsOnly))
     pushButton->setText(caption);
   OdSharedPtr<PropIcon> icon = action->icon();
   auto* qicon = dynamic_cast<PropUiQIcon*>(icon.get());

@@ -8,9 +8,6 @@ class PROPWIDGETS_EXPORT PropUiActionPushButtonsCtrl : public PropUiActionButton
   Q_OBJECT
 
 public:
-  /** Option bit: buttons show their icon only; the caption stays in the tool tip. */
-  static constexpr int kIconsOnly = 0x40000;
-
   explicit PropUiActionPushButtonsCtrl(QWidget* parent = nullptr);
 
   QAbstractButton* createBtn() override;

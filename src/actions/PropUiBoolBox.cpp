@@ -2,6 +2,7 @@
 
 #include "OdStringQt.h"
 #include "PropBag.h"
+#include "PropUiOptions.h"
 #include "PropUiActionToolButtonsCtrl.h"
 #include "PropUiQControl.h"
 #include "QHostCheckBox.h"
@@ -13,12 +14,10 @@ namespace propui
 
 host_qt_ui_core::QHostCheckBox* buildCheckBox(PropUiQControl* control, bool switchMode)
 {
-  constexpr int kAlignLeft = 0x10000;
-  constexpr int kAlignRight = 0x20000;
   auto* layout = new QHBoxLayout(control);
   layout->setContentsMargins(0, 0, 0, 0);
   layout->setSpacing(2);
-  if (switchMode && (control->getOptions() & kAlignRight))
+  if (switchMode && (control->getOptions() & PropUiOption::kAlignRight))
     layout->addSpacerItem(new QSpacerItem(0, 0, QSizePolicy::Expanding, QSizePolicy::Minimum));
   auto* box = new host_qt_ui_core::QHostCheckBox(control);
   box->setObjectName(QStringLiteral("checkBox"));
@@ -32,7 +31,7 @@ host_qt_ui_core::QHostCheckBox* buildCheckBox(PropUiQControl* control, bool swit
   control->useFocusReactor(box);
   control->useFocusRedirect(box, nullptr);
   layout->addWidget(box);
-  if (switchMode && (control->getOptions() & kAlignLeft))
+  if (switchMode && (control->getOptions() & PropUiOption::kAlignLeft))
     layout->addSpacerItem(new QSpacerItem(0, 0, QSizePolicy::Expanding, QSizePolicy::Minimum));
   if (PropUiActionToolButtonsCtrl* toolbar = control->createActionsToolBar())
     layout->addWidget(toolbar);
@@ -45,7 +44,7 @@ BoolRead readBoolItem(PropUiQControl* control, QAbstractButton* box, bool& value
   if (!bag || !box)
     return BoolRead::Unreadable;
   const int index = control->itemIndex();
-  if (bag->getFlags(index) & PropBag::kCaptionOnCheckBox)
+  if (bag->getFlags(index) & PropItemFlag::kCaptionOnCheckBox)
   {
     OdString name;
     if (bag->getName(index, name))

@@ -85,7 +85,7 @@ void PropUiButtonGroupCtrl::updateData()
 void PropUiButtonGroupCtrl::showEntry(QAbstractButton* button, const OdString& text, unsigned long key)
 {
   button->setToolTip(toQString(text));
-  if (!(m_options & kIconsOnly))
+  if (!(m_options & PropUiOption::kIconsOnly))
     button->setText(toQString(text));
   uncheck(button);
   OdSharedPtr<PropIcon> icon;
@@ -105,12 +105,7 @@ void PropUiButtonGroupCtrl::commitButton(QAbstractButton* button)
   PropVariant value;
   if (!m_bag->getListValue(m_index, key->second, value))
     return;
-  OdString message;
-  if (!m_bag->validate(m_index, m_element, value, message))
-  {
-    // The buttons stay as the user left them until the next update.
-    showErrorMessage(message);
-    return;
-  }
-  m_bag->setValue(m_index, value);
+  // A listed value belongs to the item. After a refusal the buttons stay as
+  // the user left them until the next update.
+  commitValue(value, CommitTarget::WholeItem);
 }

@@ -17,13 +17,6 @@ class PROPWIDGETS_EXPORT PropUiButtonGroupCtrl : public PropUiQControl
   Q_OBJECT
 
 public:
-  /** Option bit: buttons to the left (a trailing spacer). */
-  static constexpr int kAlignLeft = 0x10000;
-  /** Option bit: buttons to the right (a leading spacer). */
-  static constexpr int kAlignRight = 0x20000;
-  /** Option bit: tool and push buttons show their icon only. */
-  static constexpr int kIconsOnly = 0x40000;
-
   explicit PropUiButtonGroupCtrl(QWidget* parent = nullptr);
 
   bool setupUi() override;

@@ -9,33 +9,25 @@
 namespace propui
 {
 
-namespace
-{
-
-constexpr int kAlignLeft = 0x10000;
-constexpr int kAlignRight = 0x20000;
-
-} // namespace
-
 QHBoxLayout* buildButtonRow(PropUiQControl* control)
 {
   const int options = control->getOptions();
   auto* outer = new QHBoxLayout(control);
   outer->setContentsMargins(0, 0, 0, 0);
   outer->setSpacing(2);
-  if (!(options & PropUiQControl::kNoFocusButtons))
+  if (!(options & PropUiOption::kNoFocusButtons))
   {
     control->setFocusPolicy(Qt::StrongFocus);
     new PropUiCollectorFocusPolicyFilter(control);
     control->useFocusReactor(control);
   }
-  if (options & kAlignRight)
+  if (options & PropUiOption::kAlignRight)
     outer->addSpacerItem(new QSpacerItem(0, 0, QSizePolicy::Expanding, QSizePolicy::Minimum));
   auto* inner = new QHBoxLayout;
   inner->setContentsMargins(0, 0, 0, 0);
   inner->setSpacing(0);
   outer->addLayout(inner);
-  if (options & kAlignLeft)
+  if (options & PropUiOption::kAlignLeft)
     outer->addSpacerItem(new QSpacerItem(0, 0, QSizePolicy::Expanding, QSizePolicy::Minimum));
   return inner;
 }
@@ -45,7 +37,7 @@ QHBoxLayout* buttonRowOf(const QWidget* control, int options)
   auto* outer = qobject_cast<QHBoxLayout*>(control->layout());
   if (!outer)
     return nullptr;
-  QLayoutItem* item = outer->itemAt((options & kAlignRight) ? 1 : 0);
+  QLayoutItem* item = outer->itemAt((options & PropUiOption::kAlignRight) ? 1 : 0);
   return item ? qobject_cast<QHBoxLayout*>(item->layout()) : nullptr;
 }
 
@@ -65,7 +57,7 @@ void fitButtonRow(PropUiQControl* control, QHBoxLayout* row, QButtonGroup* group
   {
     QAbstractButton* button = create();
     control->useFocusReactor(button);
-    if (control->getOptions() & PropUiQControl::kNoFocusButtons)
+    if (control->getOptions() & PropUiOption::kNoFocusButtons)
       button->setFocusPolicy(Qt::NoFocus);
     row->addWidget(button);
     group->addButton(button, -1);

@@ -15,7 +15,7 @@ namespace propui
 
 /**
  * Lays out a row of buttons in the control: an outer row with the spacers the
- * options ask for (0x20000 right, 0x10000 left) and, unless 0x1000000 is set,
+ * options ask for (kAlignRight, kAlignLeft) and, unless kNoFocusButtons is set,
  * the control taking focus only while no button can. Answers the inner row
  * that holds the buttons.
  */

@@ -3,6 +3,7 @@
 #include "PropAction.h"
 #include "PropBag.h"
 #include "PropUiQAction.h"
+#include "PropUiRefresh.h"
 #include <QHBoxLayout>
 #include <QToolBar>
 
@@ -45,15 +46,16 @@ void PropUiQActionsToolBar::updateData()
   for (int i = 0; i < available; ++i)
     if (auto* mirror = qobject_cast<PropUiQAction*>(current[i]))
       mirror->setPropAction(actions[unsigned(i)].get());
+  // A button may be pressed long after this list was read: what it points to must still be there.
+  m_actions = actions;
 }
 
 void PropUiQActionsToolBar::onActionTriggered(QAction* action)
 {
   auto* mirror = qobject_cast<PropUiQAction*>(action);
-  if (!mirror || !m_bag)
+  if (!mirror || !m_bag || !mirror->getPropAction())
     return;
-  // The PropAction is borrowed from the list of the last update; the bag still owns it.
   if (m_bag->executeAction(m_index, mirror->getPropAction()))
     if (auto* embedding = qobject_cast<PropUiQWidget*>(parentWidget()))
-      embedding->updateData();
+      propui::refreshQuietly(embedding);
 }

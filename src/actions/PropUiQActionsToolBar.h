@@ -1,9 +1,12 @@
 #pragma once
 
+#include "PropAction.h"
+#include "PropBag.h"
 #include "PropUiQControl.h"
+#include <QPointer>
 
 class QAction;
-class QToolBar;
+#include <QToolBar>
 
 /**
  * The item's actions on a QToolBar. Unlike a button row, a command that the
@@ -19,10 +22,12 @@ public:
   bool setupUi() override;
   void updateData() override;
 
-  QToolBar* toolBar() const { return m_toolBar; }
+  QToolBar* toolBar() const { return m_toolBar.data(); }
 
 private:
   void onActionTriggered(QAction* action);
 
-  QToolBar* m_toolBar = nullptr;
+  QPointer<QToolBar> m_toolBar;
+  /** The bag's actions behind the toolbar's, kept alive as long as their buttons. */
+  PropActionArray m_actions;
 };

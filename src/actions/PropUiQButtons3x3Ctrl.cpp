@@ -83,9 +83,6 @@ void PropUiQButtons3x3Ctrl::onIdClicked(int id)
     return;
   PropVariant value;
   value.setInt32(id);
-  OdString message;
-  if (!m_bag->validate(m_index, m_element, value, message))
-    showErrorMessage(message);
-  else
-    m_bag->setValue(m_index, value);
+  // Each cell stands for one listed value of the item: the whole item is written.
+  commitValue(value, CommitTarget::WholeItem);
 }

@@ -73,7 +73,7 @@ void PropUiQCheckBox::onClicked(bool)
     setVaries(false);
   PropVariant value;
   value.setBool(m_checkBox->checkState() == Qt::Checked);
-  if (validateAndWrite(value))
+  if (commitValue(value) == CommitResult::Written)
     m_lastState = m_checkBox->checkState();
   else
     m_checkBox->setCheckState(m_lastState);

@@ -3,9 +3,8 @@
 #include "OdStringQt.h"
 #include "PropBag.h"
 #include "PropUiActionToolButtonsCtrl.h"
+#include "PropUiEditCommitFilter.h"
 #include <QHBoxLayout>
-#include <QKeyEvent>
-#include <QTimer>
 
 PropUiQDateCtrl::PropUiQDateCtrl(QWidget* parent) : PropUiQControl(parent) {}
 
@@ -27,6 +26,13 @@ bool PropUiQDateCtrl::setupUi()
   m_dateEdit->setCalendarPopup(true);
   m_dateEdit->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
   useFocusReactor(m_dateEdit);
+  PropUiEditCommitFilter::Edit rules;
+  rules.restore = [this]() { m_dateEdit->setDate(m_lastDate); };
+  rules.moveOn = [this]() { focusNextChild(); };
+  using Rule = PropUiEditCommitFilter::Rule;
+  // Not put on the edit: the rules act only where a host installs the control on its edit.
+  m_keys = new PropUiEditCommitFilter(this, m_dateEdit, Rule::RestoreOnEscape | Rule::MoveOnAfterReturn, rules,
+                                      PropUiEditCommitFilter::Placement::HandedEvents);
   connect(m_dateEdit.data(), &QDateTimeEdit::dateChanged, this, &PropUiQDateCtrl::onDateChanged);
   layout->addWidget(m_dateEdit);
   if (PropUiActionToolButtonsCtrl* toolbar = createActionsToolBar())
@@ -90,12 +96,12 @@ bool PropUiQDateCtrl::applyData()
 {
   if (!m_bag || !m_dateEdit || m_dateEdit->date() == m_lastDate)
     return false;
-  if (m_applying)
+  const ApplyingScope applying(this);
+  if (!applying.entered())
     return false;
-  m_applying = true;
   PropVariant value;
   value.setString(toOdString(m_dateEdit->date().toString(dateFormat())));
-  if (validateAndWrite(value))
+  if (commitValue(value) == CommitResult::Written)
   {
     m_lastDate = m_dateEdit->date();
     if (isVaries())
@@ -105,19 +111,12 @@ bool PropUiQDateCtrl::applyData()
   {
     m_dateEdit->setDate(m_lastDate);
   }
-  m_applying = false;
   return true;
 }
 
 bool PropUiQDateCtrl::eventFilter(QObject* watched, QEvent* event)
 {
-  if (watched == m_dateEdit && m_dateEdit && event->type() == QEvent::KeyPress)
-  {
-    auto* key = static_cast<QKeyEvent*>(event);
-    if (key->key() == Qt::Key_Escape)
-      m_dateEdit->setDate(m_lastDate);
-    else if (key->spontaneous() && (key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter))
-      QTimer::singleShot(0, this, [this]() { focusNextChild(); });
-  }
+  if (watched == m_dateEdit && m_dateEdit && m_keys)
+    m_keys->eventFilter(watched, event);
   return PropUiQControl::eventFilter(watched, event);
 }

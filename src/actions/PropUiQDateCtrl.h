@@ -5,6 +5,8 @@
 #include <QDate>
 #include <QPointer>
 
+class PropUiEditCommitFilter;
+
 /**
  * A date item, carried by the bag as a "dd.MM.yyyy" string, in a date edit
  * with a calendar popup. Every change of the date is written at once.
@@ -35,4 +37,7 @@ public:
 protected:
   QDate m_lastDate;
   QPointer<PropQDateEdit> m_dateEdit;
+
+private:
+  QPointer<PropUiEditCommitFilter> m_keys;
 };

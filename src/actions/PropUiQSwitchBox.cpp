@@ -61,7 +61,7 @@ void PropUiQSwitchBox::onClicked(bool)
     setVaries(false);
   PropVariant value;
   value.setBool(m_checkBox->checkState() == Qt::Checked);
-  if (validateAndWrite(value))
+  if (commitValue(value) == CommitResult::Written)
     m_lastChecked = m_checkBox->checkState() == Qt::Checked;
   else
     m_checkBox->setCheckState(m_lastChecked ? Qt::Checked : Qt::Unchecked);

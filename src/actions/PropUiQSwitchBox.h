@@ -10,11 +10,6 @@ class PROPWIDGETS_EXPORT PropUiQSwitchBox : public PropUiQControl
   Q_OBJECT
 
 public:
-  /** Option bit: the switch to the left (a trailing spacer). */
-  static constexpr int kAlignLeft = 0x10000;
-  /** Option bit: the switch to the right (a leading spacer). */
-  static constexpr int kAlignRight = 0x20000;
-
   explicit PropUiQSwitchBox(QWidget* parent = nullptr);
 
   bool setupUi() override;

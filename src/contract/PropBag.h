@@ -43,6 +43,7 @@ public:
   /** The group the host files the item under. */
   virtual bool getCategory(int index, OdString& category);
   virtual bool getDescription(int index, OdString& description);
+  /** The item's flags (PropItemFlag in PropUiOptions.h). */
   virtual unsigned int getFlags(int index);
   virtual OdGUID getControlGuid(int index);
   virtual bool validate(int index, unsigned long element, const PropVariant& value, OdString& message);
@@ -64,11 +65,4 @@ public:
   virtual int getGroupCount(int index);
   virtual PropBagCtx* getContext();
   virtual hostPropEditorReactor* getReactor(int index);
-
-  /** Item flag: the item offers actions. */
-  static constexpr unsigned int kHasActions = 0x1;
-  /** Item flag: a combo box may be typed into. */
-  static constexpr unsigned int kEditableList = 0x4;
-  /** Item flag: a check box shows the caption as its own text. */
-  static constexpr unsigned int kCaptionOnCheckBox = 0x10;
 };

@@ -2,6 +2,7 @@
 
 #include "OdStringQt.h"
 #include "PropBag.h"
+#include "PropUiOptions.h"
 #include "PropItemType.h"
 #include "PropMathValidator.h"
 #include "PropUiActionToolButtonsCtrl.h"
@@ -57,7 +58,7 @@ bool PropUiQComboBox::setupUi()
   m_combo->setMaxVisibleItems(30);
   useFocusReactor(m_combo);
   useFocusRedirect(m_combo, nullptr);
-  if (m_bag->getFlags(m_index) & PropBag::kEditableList)
+  if (m_bag->getFlags(m_index) & PropItemFlag::kEditableList)
     m_combo->setEditableWithCompleter(true);
   if (PropItemType* type = m_bag->getItemType(m_index))
   {
@@ -162,14 +163,8 @@ void PropUiQComboBox::onActivated(int index)
   PropVariant value;
   if (!m_bag->getListValue(m_index, static_cast<unsigned long>(id.toULongLong()), value))
     return;
-  OdString message;
-  if (!m_bag->validate(m_index, m_element, value, message))
-  {
-    showInfoMessage(message);
-    m_combo->setCurrentIndex(m_lastIndex);
-    return;
-  }
-  if (!m_bag->setValue(m_index, value))
+  // A listed value belongs to the item, so a choice writes the whole item.
+  if (commitValue(value, CommitTarget::WholeItem, RefusalMessage::Information) != CommitResult::Written)
   {
     m_combo->setCurrentIndex(m_lastIndex);
     return;

@@ -2,12 +2,17 @@
 
 #include "HostDocManager.h"
 #include "PropBag.h"
+#include "PropUiOptions.h"
 #include "PropUiActionToolButtonsCtrl.h"
 #include "PropUiCommonToolTipFilter.h"
+#include "PropUiEditCommitFilter.h"
 #include "PropUiFocusReactorFilter.h"
 #include "PropUiQDefaultFormatter.h"
+#include "PropUiQFormatter.h"
+#include "PropUiQEventFilter.h"
 #include "PropUiRedirectFocusPolicyFilter.h"
 #include "QHostMessageBoxOd.h"
+#include <QLayout>
 #include <QTimer>
 
 PropUiQControl::PropUiQControl(QWidget* parent)
@@ -16,10 +21,68 @@ PropUiQControl::PropUiQControl(QWidget* parent)
 }
 
 // Toolbar, filters and formatter are Qt children; the bag is never ours.
-PropUiQControl::~PropUiQControl() = default;
+// Qt destroys the children after this body, and a child that has the focus
+// is told that it lost it. By then the derived control is gone and the bag
+// may be too, so every child is cut off first: an unfinished edit is
+// dropped, not committed.
+PropUiQControl::~PropUiQControl()
+{
+  m_closing = true;
+  disarmChildren();
+  m_bag = nullptr;
+}
+
+PropUiQControl::ApplyingScope::ApplyingScope(PropUiQControl* control)
+  : m_control(control), m_entered(!control->m_applying)
+{
+  m_control->m_applying = true;
+}
+
+PropUiQControl::ApplyingScope::~ApplyingScope()
+{
+  if (m_entered)
+    m_control->m_applying = false;
+}
+
+void PropUiQControl::disarmChildren()
+{
+  // The filters that report to the host go first, while the focus may still move.
+  delete m_focusReactorFilter;
+  m_focusReactorFilter = nullptr;
+  delete m_toolTipFilter;
+  m_toolTipFilter = nullptr;
+  const QList<QObject*> descendants = findChildren<QObject*>();
+  for (QObject* child : descendants)
+  {
+    child->removeEventFilter(this);
+    if (!qobject_cast<PropUiQFormatter*>(child))
+      child->blockSignals(true);
+    // Filters of nested controls (the rows of a composite) ask the bag too.
+    if (auto* filter = qobject_cast<PropUiQEventFilter*>(child))
+      filter->setPropBagItem(nullptr, -1);
+  }
+  // Commit rules call back into the control that made them.
+  qDeleteAll(findChildren<PropUiEditCommitFilter*>());
+}
+
+void PropUiQControl::clearBuiltUi()
+{
+  disarmChildren();
+  delete layout();
+  QList<QPointer<QObject> > built;
+  for (QObject* child : children())
+    if (!qobject_cast<PropUiQFormatter*>(child))
+      built.append(child);
+  for (const QPointer<QObject>& child : built)
+    delete child.data();
+}
 
 bool PropUiQControl::setupUi()
 {
+  // A second set-up rebuilds: one set of children, whatever the first one made.
+  if (m_setUp)
+    clearBuiltUi();
+  m_setUp = true;
   if (m_actionsToolbar)
     m_actionsToolbar->setupUi();
   useToolTipFilter(this);
@@ -116,13 +179,13 @@ PropUiActionToolButtonsCtrl* PropUiQControl::createActionsToolBar()
     delete m_actionsToolbar.data();
     m_actionsToolbar = nullptr;
   }
-  if (!m_bag || !(m_bag->getFlags(m_index) & PropBag::kHasActions))
+  if (!m_bag || !(m_bag->getFlags(m_index) & PropItemFlag::kHasActions))
     return nullptr;
   if (!m_actionsToolbarDisabled)
   {
     auto* toolbar = new PropUiActionToolButtonsCtrl(this);
     toolbar->setObjectName(QStringLiteral("actionsToolbar"));
-    toolbar->setOptions(kNoFocusButtons);
+    toolbar->setOptions(PropUiOption::kNoFocusButtons);
     toolbar->setPropBagItem(m_bag, m_index, m_element);
     toolbar->setupUi();
     toolbar->updateUi();
@@ -138,24 +201,23 @@ bool PropUiQControl::readValue(PropVariant& value) const
   return m_isPropertyElement ? m_bag->getElementValue(m_index, m_element, value) : m_bag->getValue(m_index, value);
 }
 
-bool PropUiQControl::writeValue(const PropVariant& value) const
+PropUiQControl::CommitResult PropUiQControl::commitValue(const PropVariant& value, CommitTarget target,
+                                                         RefusalMessage refusal)
 {
-  if (!m_bag)
-    return false;
-  return m_isPropertyElement ? m_bag->setElementValue(m_index, m_element, value) : m_bag->setValue(m_index, value);
-}
-
-bool PropUiQControl::validateAndWrite(const PropVariant& value)
-{
-  if (!m_bag)
-    return false;
+  if (!m_bag || m_closing)
+    return CommitResult::Unbound;
   OdString message;
   if (!m_bag->validate(m_index, m_element, value, message))
   {
-    showErrorMessage(message);
-    return false;
+    if (refusal == RefusalMessage::Error)
+      showErrorMessage(message);
+    else
+      showInfoMessage(message);
+    return CommitResult::Refused;
   }
-  return writeValue(value);
+  const bool element = m_isPropertyElement && target == CommitTarget::Binding;
+  const bool written = element ? m_bag->setElementValue(m_index, m_element, value) : m_bag->setValue(m_index, value);
+  return written ? CommitResult::Written : CommitResult::NotWritten;
 }
 
 bool PropUiQControl::showInfoMessage(const OdString& message)
@@ -174,7 +236,8 @@ bool PropUiQControl::postMessage(const OdString& message, bool error)
   if (m_messagesSuppressed || message.isEmpty())
     return false;
   const OdString text = message;
-  QTimer::singleShot(0, [text, error]() {
+  // A control deleted before the message's turn takes its message with it.
+  QTimer::singleShot(0, this, [text, error]() {
     if (error)
       host_qt_ui::QHostMessageBoxOd::critical(text, host_qt_ui::QHostMessageBoxOd::Ok);
     else
@@ -210,7 +273,7 @@ void PropUiQControl::useFocusRedirect(QWidget* widget, QWidget* target)
 
 void PropUiQControl::useToolTipFilter(QWidget* widget)
 {
-  if (!m_toolTipFilter && (m_options & kToolTipFilter))
+  if (!m_toolTipFilter && (m_options & PropUiOption::kToolTipFilter))
   {
     m_toolTipFilter = new PropUiCommonToolTipFilter(this);
     if (m_bag)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "OdString.h"
+#include "PropUiOptions.h"
 #include "PropUiQWidget.h"
 #include <QPointer>
 
@@ -20,10 +21,46 @@ class PROPWIDGETS_EXPORT PropUiQControl : public PropUiQWidget
   Q_OBJECT
 
 public:
-  /** Option bit: refresh the tool tip from the item's description. */
-  static constexpr int kToolTipFilter = 0x40;
-  /** Option bit: the control's buttons take no focus (set on the actions toolbar). */
-  static constexpr int kNoFocusButtons = 0x1000000;
+  /** How a commit through commitValue ended. */
+  enum class CommitResult
+  {
+    Written,   ///< validated and written
+    Refused,   ///< validate said no; its message is on its way to the user
+    NotWritten,///< validated, but the write failed
+    Unbound    ///< no bag: nothing was asked
+  };
+  /** What a commit writes. */
+  enum class CommitTarget
+  {
+    Binding,  ///< the bound element, or the item for a whole-item binding
+    WholeItem ///< the item, whatever the binding (choices: a listed value belongs to the item)
+  };
+  /** How a refusal's message reaches the user. */
+  enum class RefusalMessage
+  {
+    Error,
+    Information
+  };
+
+  /**
+   * Holds the control's applying flag for one scope. A scope opened while the
+   * flag is already held does not enter: a write that moves the focus, or a
+   * refresh that changes the widget, must not start another write.
+   */
+  class PROPWIDGETS_EXPORT ApplyingScope
+  {
+  public:
+    explicit ApplyingScope(PropUiQControl* control);
+    ~ApplyingScope();
+    ApplyingScope(const ApplyingScope&) = delete;
+    ApplyingScope& operator=(const ApplyingScope&) = delete;
+    /** False when the flag was held already by an outer scope. */
+    bool entered() const { return m_entered; }
+
+  private:
+    PropUiQControl* m_control;
+    bool m_entered;
+  };
 
   explicit PropUiQControl(QWidget* parent = nullptr);
   ~PropUiQControl() override;
@@ -60,17 +97,24 @@ public:
   void useFocusRedirect(QWidget* widget, QWidget* target);
   void useToolTipFilter(QWidget* widget);
 
-protected:
-  /** Reads the bound element or, for a whole-item binding, the item. */
+  /** Reads the bound element or, for a whole-item binding, the item. False when unbound or refused. */
   bool readValue(PropVariant& value) const;
-  /** Writes the bound element or item. */
-  bool writeValue(const PropVariant& value) const;
-  /** Asks the bag to validate, then writes; a refusal's message is shown as an error. True when written. */
-  bool validateAndWrite(const PropVariant& value);
+
+  /**
+   * The one way an edit reaches the bag: validate, show a refusal's message
+   * (deferred, and not at all while the editor is losing focus), then write.
+   * The caller puts its widget back on anything but Written.
+   */
+  CommitResult commitValue(const PropVariant& value, CommitTarget target = CommitTarget::Binding,
+                           RefusalMessage refusal = RefusalMessage::Error);
 
   /** Whether messages are posted at all (false while the editor is losing focus). */
   bool messagesSuppressed() const { return m_messagesSuppressed; }
   void setMessagesSuppressed(bool suppressed) { m_messagesSuppressed = suppressed; }
+
+protected:
+  /** True from the start of the base's destruction on: no bag call may follow. */
+  bool isClosing() const { return m_closing; }
 
   bool m_isPropertyElement = false;
   int m_index = -1;
@@ -88,4 +132,11 @@ protected:
 
 private:
   bool postMessage(const OdString& message, bool error);
+  /** Makes every child unable to reach this control or the bag, so it can go quietly. */
+  void disarmChildren();
+  /** Removes what an earlier setupUi built; the formatter and the binding stay. */
+  void clearBuiltUi();
+
+  bool m_closing = false;
+  bool m_setUp = false;
 };

@@ -2,11 +2,10 @@
 
 #include "PropBag.h"
 #include "PropUiActionToolButtonsCtrl.h"
+#include "PropUiEditCommitFilter.h"
 #include "PropUiElidedLineEditFilter.h"
 #include <QHBoxLayout>
-#include <QKeyEvent>
 #include <QLineEdit>
-#include <QTimer>
 #include <limits>
 
 PropUiQIntegerCtrl::PropUiQIntegerCtrl(QWidget* parent) : PropUiQControl(parent) {}
@@ -23,10 +22,15 @@ bool PropUiQIntegerCtrl::setupUi()
   m_spinBox->setObjectName(QStringLiteral("spinBox"));
   m_spinBox->disableMouseWheel(true);
   m_spinBox->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-  m_spinBox->installEventFilter(this);
+  PropUiEditCommitFilter::Edit rules;
+  rules.restore = [this]() { m_spinBox->setValue(m_lastValue); };
+  rules.moveOn = [this]() { focusNextChild(); };
+  using Rule = PropUiEditCommitFilter::Rule;
+  new PropUiEditCommitFilter(this, m_spinBox, Rule::SilenceWhileLeaving | Rule::RestoreOnEscape | Rule::MoveOnAfterReturn,
+                             rules);
   if (auto* edit = m_spinBox->findChild<QLineEdit*>())
   {
-    if (m_options & kElided)
+    if (m_options & PropUiOption::kElided)
     {
       new PropUiElidedLineEditFilter(edit);
       useToolTipFilter(edit);
@@ -54,8 +58,7 @@ void PropUiQIntegerCtrl::updateData()
   if (!m_bag || !m_spinBox)
     return;
   // Setting the range or the value must not count as the user editing.
-  const bool wasApplying = m_applying;
-  m_applying = true;
+  const ApplyingScope refreshing(this);
   PropVariant min, max;
   if (m_bag->getRange(m_index, m_element, min, max))
     m_spinBox->setRange(min.getInt32(), max.getInt32());
@@ -80,7 +83,6 @@ void PropUiQIntegerCtrl::updateData()
       }
     }
   }
-  m_applying = wasApplying;
 }
 
 bool PropUiQIntegerCtrl::isVaries() const
@@ -99,22 +101,21 @@ void PropUiQIntegerCtrl::setVaries(bool varies)
 
 void PropUiQIntegerCtrl::onSpinBoxValueChanged(int)
 {
-  if (m_applying)
-    return;
-  m_applying = true;
+  const ApplyingScope applying(this);
   // Stepping out of the varies state is a choice of value: write it now.
-  if (isVaries())
+  if (applying.entered() && isVaries())
   {
     setVaries(false);
     PropUiQControl::setVaries(false);
     applyData();
   }
-  m_applying = false;
 }
 
 void PropUiQIntegerCtrl::onEditingFinished()
 {
-  applyData();
+  const ApplyingScope applying(this);
+  if (applying.entered())
+    applyData();
 }
 
 bool PropUiQIntegerCtrl::applyData()
@@ -126,29 +127,9 @@ bool PropUiQIntegerCtrl::applyData()
     return false;
   PropVariant value;
   value.setInt32(current);
-  if (validateAndWrite(value))
+  if (commitValue(value) == CommitResult::Written)
     m_lastValue = m_spinBox->value();
   else
     m_spinBox->setValue(m_lastValue);
   return true;
-}
-
-bool PropUiQIntegerCtrl::eventFilter(QObject* watched, QEvent* event)
-{
-  if (watched == m_spinBox && m_spinBox)
-  {
-    if (event->type() == QEvent::FocusIn)
-      m_messagesSuppressed = false;
-    else if (event->type() == QEvent::FocusOut)
-      m_messagesSuppressed = true;
-    else if (event->type() == QEvent::KeyPress)
-    {
-      auto* key = static_cast<QKeyEvent*>(event);
-      if (key->key() == Qt::Key_Escape)
-        m_spinBox->setValue(m_lastValue);
-      else if (key->spontaneous() && (key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter))
-        QTimer::singleShot(0, this, [this]() { focusNextChild(); });
-    }
-  }
-  return PropUiQControl::eventFilter(watched, event);
 }

@@ -13,9 +13,6 @@ class PROPWIDGETS_EXPORT PropUiQIntegerCtrl : public PropUiQControl
   Q_OBJECT
 
 public:
-  /** Option bit: the unfocused text is elided and the description is the tool tip. */
-  static constexpr int kElided = 0x10000;
-
   explicit PropUiQIntegerCtrl(QWidget* parent = nullptr);
 
   bool setupUi() override;
@@ -23,7 +20,6 @@ public:
   void updateData() override;
   bool isVaries() const override;
   void setVaries(bool varies) override;
-  bool eventFilter(QObject* watched, QEvent* event) override;
 
   /** Validates and writes the spin box's value; false when unbound or unchanged. */
   virtual bool applyData();

@@ -3,43 +3,49 @@
 #include "OdStringQt.h"
 #include "PropBag.h"
 #include "PropUiActionToolButtonsCtrl.h"
+#include "PropUiEditCommitFilter.h"
 #include "PropUiElidedLineEditFilter.h"
 #include "QHostLineEdit.h"
 #include <QCoreApplication>
-#include <QFocusEvent>
 #include <QHBoxLayout>
 #include <QKeyEvent>
-#include <QTimer>
 
 PropUiQLineEdit::PropUiQLineEdit(QWidget* parent) : PropUiQControl(parent) {}
 
 bool PropUiQLineEdit::setupUi()
 {
-  if (!m_bag)
-    return false;
-  auto* edit = new host_qt_ui_core::QHostLineEdit(this);
-  edit->setAutoChangePlaceholderTextColor(true);
-  return setupWithEdit(edit);
+  return setupWithEdit([](QWidget* parent) {
+    auto* edit = new host_qt_ui_core::QHostLineEdit(parent);
+    edit->setAutoChangePlaceholderTextColor(true);
+    return edit;
+  });
 }
 
-bool PropUiQLineEdit::setupWithEdit(QLineEdit* edit)
+bool PropUiQLineEdit::setupWithEdit(const std::function<QLineEdit*(QWidget*)>& makeEdit)
 {
-  if (!m_bag)
-  {
-    delete edit;
-    return false;
-  }
   PropUiQControl::setupUi();
+  if (!m_bag)
+    return false;
   auto* layout = new QHBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
   layout->setSpacing(0);
-  edit->setParent(this);
+  QLineEdit* edit = makeEdit(this);
   edit->setObjectName(QStringLiteral("edit"));
   m_edit = edit;
 
-  edit->installEventFilter(this);
+  PropUiEditCommitFilter::Edit rules;
+  rules.changed = [this]() { return m_edit->text() != m_lastText; };
+  rules.acceptable = [this]() { return m_edit->hasAcceptableInput(); };
+  rules.commit = [this]() { commitWithEnter(); };
+  rules.restore = [this]() { restoreLastText(); };
+  rules.moveOn = [this]() { focusNextPrevChild(true); };
+  using Rule = PropUiEditCommitFilter::Rule;
+  new PropUiEditCommitFilter(this, edit,
+                             Rule::SilenceWhileLeaving | Rule::CommitOnLeave | Rule::DeselectOnLeave | Rule::CommitOnTab |
+                               Rule::RestoreOnEscape | Rule::RevertAfterReturn | Rule::MoveOnAfterReturn,
+                             rules);
   useFocusReactor(edit);
-  if (m_options & kElided)
+  if (m_options & PropUiOption::kElided)
   {
     new PropUiElidedLineEditFilter(edit);
     useToolTipFilter(edit);
@@ -93,7 +99,7 @@ bool PropUiQLineEdit::applyData()
     restoreLastText();
     return false;
   }
-  if (!validateAndWrite(value))
+  if (commitValue(value) != CommitResult::Written)
   {
     restoreLastText();
     return false;
@@ -104,11 +110,9 @@ bool PropUiQLineEdit::applyData()
 
 void PropUiQLineEdit::onEditingFinished()
 {
-  if (m_applying)
-    return;
-  m_applying = true;
-  applyData();
-  m_applying = false;
+  const ApplyingScope applying(this);
+  if (applying.entered())
+    applyData();
 }
 
 bool PropUiQLineEdit::isVaries() const
@@ -139,61 +143,4 @@ void PropUiQLineEdit::commitWithEnter()
 {
   QKeyEvent enter(QEvent::KeyPress, Qt::Key_Enter, Qt::NoModifier);
   QCoreApplication::sendEvent(m_edit, &enter);
-}
-
-bool PropUiQLineEdit::eventFilter(QObject* watched, QEvent* event)
-{
-  if (watched == m_edit && m_edit)
-  {
-    switch (event->type())
-    {
-    case QEvent::FocusIn:
-      m_messagesSuppressed = false;
-      break;
-    case QEvent::FocusOut:
-    {
-      m_messagesSuppressed = true;
-      const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
-      if (reason != Qt::TabFocusReason && reason != Qt::BacktabFocusReason)
-      {
-        if (m_edit->text() != m_lastText)
-          commitWithEnter();
-        if (m_edit && !m_edit->hasAcceptableInput())
-          restoreLastText();
-      }
-      if (m_edit && reason != Qt::PopupFocusReason)
-        m_edit->deselect();
-      break;
-    }
-    case QEvent::KeyPress:
-    {
-      auto* key = static_cast<QKeyEvent*>(event);
-      if (key->key() == Qt::Key_Escape)
-      {
-        restoreLastText();
-      }
-      else if (key->spontaneous() && key->key() == Qt::Key_Tab)
-      {
-        commitWithEnter();
-        if (m_edit && !m_edit->hasAcceptableInput())
-          restoreLastText();
-      }
-      else if (key->spontaneous() && (key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter))
-      {
-        QPointer<PropUiQLineEdit> self(this);
-        QTimer::singleShot(0, this, [self]() {
-          if (!self || !self->m_edit)
-            return;
-          if (!self->m_edit->hasAcceptableInput())
-            self->restoreLastText();
-          self->focusNextPrevChild(true);
-        });
-      }
-      break;
-    }
-    default:
-      break;
-    }
-  }
-  return PropUiQControl::eventFilter(watched, event);
 }

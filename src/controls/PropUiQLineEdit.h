@@ -1,9 +1,9 @@
 #pragma once
 
 #include "PropUiQControl.h"
-#include <QPointer>
-
 #include <QLineEdit>
+#include <QPointer>
+#include <functional>
 
 /**
  * A single-line editor of one item. The bag formats and parses the text, so
@@ -15,9 +15,6 @@ class PROPWIDGETS_EXPORT PropUiQLineEdit : public PropUiQControl
   Q_OBJECT
 
 public:
-  /** Option bit: the unfocused text is elided and the description is the tool tip. */
-  static constexpr int kElided = 0x10000;
-
   explicit PropUiQLineEdit(QWidget* parent = nullptr);
 
   bool setupUi() override;
@@ -34,9 +31,8 @@ public:
   QString lastText() const { return m_lastText; }
 
 protected:
-  /** Builds the control around the given edit (which it takes over). */
-  bool setupWithEdit(QLineEdit* edit);
-  bool eventFilter(QObject* watched, QEvent* event) override;
+  /** Sets the control up around the edit that makeEdit builds as a child of the control. */
+  bool setupWithEdit(const std::function<QLineEdit*(QWidget*)>& makeEdit);
 
   QString m_lastText;
   QPointer<QLineEdit> m_edit;

@@ -4,6 +4,7 @@
 #include "PropBag.h"
 #include "PropItemType.h"
 #include "PropUiQLabel.h"
+#include "PropUiRefresh.h"
 #include "QHostSpinBox.h"
 #include "hostPropEditorReactor.h"
 #include <QFormLayout>
@@ -34,21 +35,13 @@ PropUiQMLineEditBase::PropUiQMLineEditBase(QWidget* parent, RowFactory makeRow)
 {
 }
 
-void PropUiQMLineEditBase::clearRows()
-{
-  for (const QPointer<QWidget>& widget : m_built)
-    delete widget.data();
-  m_built.clear();
-  m_rows.clear();
-  delete layout();
-}
-
 bool PropUiQMLineEditBase::setupUi()
 {
   PropUiQControl::setupUi();
+  // The base's set-up took away the rows of an earlier one.
+  m_rows.clear();
   if (!m_bag)
     return false;
-  clearRows();
 
   auto* outer = new QHBoxLayout(this);
   outer->setContentsMargins(0, 0, 0, 0);
@@ -74,7 +67,6 @@ bool PropUiQMLineEditBase::setupUi()
     connect(spinBox, QOverload<int>::of(&QSpinBox::valueChanged), this, &PropUiQMLineEditBase::onGroupChanged);
     m_groupSpinBox = spinBox;
     form->addRow(caption, spinBox);
-    m_built << caption << spinBox;
   }
 
   PropKeyArray elements;
@@ -91,7 +83,6 @@ bool PropUiQMLineEditBase::setupUi()
     row->setupUi();
     form->addRow(caption, row);
     m_rows.append(row);
-    m_built << caption << row;
   }
   outer->addLayout(form);
   return !m_rows.isEmpty();
@@ -125,7 +116,7 @@ void PropUiQMLineEditBase::onGroupChanged()
   {
     m_rows[i]->setPropBagItem(m_bag, m_index, first + static_cast<unsigned long>(i));
     m_rows[i]->updateUi();
-    m_rows[i]->updateData();
+    propui::refreshQuietly(m_rows[i]);
   }
 }
 

@@ -42,13 +42,11 @@ protected:
   PropUiQMLineEditBase(QWidget* parent, RowFactory makeRow);
 
 private:
-  void clearRows();
   unsigned long firstElementOfGroup() const;
 
   int m_reserved = 0;
   QPointer<host_qt_ui_core::QHostSpinBox> m_groupSpinBox;
   QVector<PropUiQControl*> m_rows;
-  QVector<QPointer<QWidget> > m_built;
   RowFactory m_makeRow;
 };
 

@@ -5,6 +5,7 @@
 #include "PropUiActionToolButtonsCtrl.h"
 #include "PropUiThemeColors.h"
 #include <QHBoxLayout>
+#include <limits>
 
 PropUiQSliderCtrl::PropUiQSliderCtrl(QWidget* parent) : PropUiQControl(parent) {}
 
@@ -34,7 +35,7 @@ bool PropUiQSliderCtrl::setupUi()
 
   PropVariant min, max;
   if (m_bag->getRange(m_index, m_element, min, max))
-    m_slider->setRange(min.getInt32(), max.getInt32());
+    setBoundedRange(min.getInt32(), max.getInt32());
   else
     m_slider->setRange(0, 100);
 
@@ -45,6 +46,17 @@ bool PropUiQSliderCtrl::setupUi()
   if (PropUiActionToolButtonsCtrl* toolbar = createActionsToolBar())
     layout->addWidget(toolbar);
   return true;
+}
+
+// The style measures positions with the span max - min in an int: a span of
+// 2^31 or more would divide by zero when the slider paints. The top of the
+// bag's range is kept and the bottom raised as far as needed.
+void PropUiQSliderCtrl::setBoundedRange(int min, int max)
+{
+  const qint64 widest = std::numeric_limits<int>::max() - 1;
+  if (qint64(max) - qint64(min) > widest)
+    min = int(qint64(max) - widest);
+  m_slider->setRange(min, max);
 }
 
 void PropUiQSliderCtrl::updateUi()
@@ -78,7 +90,7 @@ void PropUiQSliderCtrl::onSliderReleased()
   PropVariant value;
   value.setInt32(m_slider->value());
   // Unlike the spin box, an unchanged value is written too.
-  if (validateAndWrite(value))
+  if (commitValue(value) == CommitResult::Written)
     m_lastValue = m_slider->value();
   else
     m_slider->setValue(m_lastValue);

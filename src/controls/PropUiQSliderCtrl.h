@@ -28,4 +28,5 @@ protected:
 
 private:
   void onSliderReleased();
+  void setBoundedRange(int min, int max);
 };

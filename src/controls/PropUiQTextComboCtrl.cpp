@@ -2,13 +2,12 @@
 
 #include "OdStringQt.h"
 #include "PropBag.h"
+#include "PropUiEditCommitFilter.h"
 #include "PropUiElidedLineEditFilter.h"
 #include "QHostLineEdit.h"
 #include <QCoreApplication>
-#include <QFocusEvent>
 #include <QKeyEvent>
 #include <QLineEdit>
-#include <QTimer>
 
 PropUiQTextComboCtrl::PropUiQTextComboCtrl(QWidget* parent) : PropUiQComboBox(parent) {}
 
@@ -19,8 +18,18 @@ bool PropUiQTextComboCtrl::setupUi()
   if (QLineEdit* edit = m_combo->lineEdit())
   {
     connect(edit, &QLineEdit::editingFinished, this, &PropUiQTextComboCtrl::onEditingFinished);
-    m_combo->installEventFilter(this);
-    if (m_options & kElided)
+    PropUiEditCommitFilter::Edit rules;
+    rules.changed = [this]() { return m_combo->currentText() != m_committed.text(); };
+    rules.acceptable = [this]() { return acceptable(); };
+    rules.commit = [this]() { commitWithEnter(); };
+    rules.restore = [this]() { m_committed.restore(m_combo); };
+    // Nothing typed was ever committed: leaving shows the chosen entry as it is.
+    rules.mayCommitOnLeave = [this]() { return !m_committed.text().isEmpty(); };
+    using Rule = PropUiEditCommitFilter::Rule;
+    new PropUiEditCommitFilter(this, m_combo,
+                               Rule::SilenceWhileLeaving | Rule::CommitOnLeave | Rule::CommitOnTab | Rule::RevertAfterReturn,
+                               rules);
+    if (m_options & PropUiOption::kElided)
     {
       new PropUiElidedLineEditFilter(edit);
       useToolTipFilter(edit);
@@ -51,35 +60,34 @@ void PropUiQTextComboCtrl::leaveVaries()
     setVaries(false);
 }
 
+// The choice writes the whole item, as the plain combo's does: a listed value belongs to the item.
 void PropUiQTextComboCtrl::onActivated(int index)
 {
-  if (m_applying || !m_bag || !m_combo)
+  if (m_inert || !m_bag || !m_combo)
     return;
-  m_applying = true;
+  const ApplyingScope applying(this);
+  if (!applying.entered())
+    return;
   leaveVaries();
   const QVariant id = m_combo->itemData(index, Qt::UserRole);
   PropVariant value;
   if (!id.isValid() || !m_bag->getListValue(m_index, static_cast<unsigned long>(id.toULongLong()), value))
-  {
-    m_applying = false;
     return;
-  }
-  OdString message;
-  if (!m_bag->validate(m_index, m_element, value, message))
+  const CommitResult result = commitValue(value, CommitTarget::WholeItem);
+  if (result == CommitResult::Refused)
   {
     m_committed.restore(m_combo);
-    showErrorMessage(message);
-    // Deliberately left set: after a refused choice the control takes no more input.
+    // Deliberately final: after a refused choice the control takes no more input.
+    m_inert = true;
     return;
   }
-  if (!m_bag->setValue(m_index, value))
+  if (result != CommitResult::Written)
     m_committed.restore(m_combo);
   const int committedIndex = m_committed.index();
   if (committedIndex != m_combo->currentIndex())
     removeTempItem(committedIndex);
   m_committed.init(m_combo->currentIndex(), m_combo->currentText());
   m_lastIndex = m_combo->currentIndex();
-  m_applying = false;
 }
 
 bool PropUiQTextComboCtrl::applyData()
@@ -96,30 +104,28 @@ bool PropUiQTextComboCtrl::applyData()
     m_committed.restore(m_combo);
     return false;
   }
-  OdString message;
-  if (!m_bag->validate(m_index, m_element, value, message))
+  switch (commitValue(value, CommitTarget::WholeItem))
   {
-    m_committed.restore(m_combo);
-    showErrorMessage(message);
-    return false;
-  }
-  if (!m_bag->setValue(m_index, value))
-  {
+  case CommitResult::Written:
+    m_committed.init(-1, text);
+    return true;
+  case CommitResult::NotWritten:
     m_committed.restore(m_combo);
     m_committed.setText(text);
     return false;
+  default:
+    m_committed.restore(m_combo);
+    return false;
   }
-  m_committed.init(-1, text);
-  return true;
 }
 
 void PropUiQTextComboCtrl::onEditingFinished()
 {
-  if (m_applying)
+  if (m_inert)
     return;
-  m_applying = true;
-  applyData();
-  m_applying = false;
+  const ApplyingScope applying(this);
+  if (applying.entered())
+    applyData();
 }
 
 void PropUiQTextComboCtrl::commitWithEnter()
@@ -128,54 +134,7 @@ void PropUiQTextComboCtrl::commitWithEnter()
   QCoreApplication::sendEvent(m_combo->lineEdit(), &enter);
 }
 
-void PropUiQTextComboCtrl::revertUnacceptable()
+bool PropUiQTextComboCtrl::acceptable() const
 {
-  if (m_combo && m_combo->lineEdit() && !m_combo->lineEdit()->hasAcceptableInput())
-    m_committed.restore(m_combo);
-}
-
-bool PropUiQTextComboCtrl::eventFilter(QObject* watched, QEvent* event)
-{
-  if (watched == m_combo && m_combo && m_combo->lineEdit())
-  {
-    switch (event->type())
-    {
-    case QEvent::FocusIn:
-      m_messagesSuppressed = false;
-      break;
-    case QEvent::FocusOut:
-    {
-      m_messagesSuppressed = true;
-      const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
-      if (reason != Qt::TabFocusReason && reason != Qt::BacktabFocusReason && !m_committed.text().isEmpty())
-      {
-        if (m_combo->currentText() != m_committed.text())
-          commitWithEnter();
-        revertUnacceptable();
-      }
-      break;
-    }
-    case QEvent::KeyPress:
-    {
-      auto* key = static_cast<QKeyEvent*>(event);
-      if (key->spontaneous() && key->key() == Qt::Key_Tab)
-      {
-        commitWithEnter();
-        revertUnacceptable();
-      }
-      else if (key->spontaneous() && (key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter))
-      {
-        QPointer<PropUiQTextComboCtrl> self(this);
-        QTimer::singleShot(0, this, [self]() {
-          if (self)
-            self->revertUnacceptable();
-        });
-      }
-      break;
-    }
-    default:
-      break;
-    }
-  }
-  return PropUiQComboBox::eventFilter(watched, event);
+  return !m_combo || !m_combo->lineEdit() || m_combo->lineEdit()->hasAcceptableInput();
 }

@@ -13,9 +13,6 @@ class PROPWIDGETS_EXPORT PropUiQTextComboCtrl : public PropUiQComboBox
   Q_OBJECT
 
 public:
-  /** Option bit: the unfocused text is elided and the description is the tool tip. */
-  static constexpr int kElided = 0x10000;
-
   explicit PropUiQTextComboCtrl(QWidget* parent = nullptr);
 
   bool setupUi() override;
@@ -28,14 +25,14 @@ public:
   virtual bool applyData();
 
   const DataHelper& committed() const { return m_committed; }
-
-protected:
-  bool eventFilter(QObject* watched, QEvent* event) override;
+  /** After a refused choice the control takes no more choices or typed values, until it is made anew. */
+  bool isInert() const { return m_inert; }
 
 private:
   void leaveVaries();
   void commitWithEnter();
-  void revertUnacceptable();
+  bool acceptable() const;
 
   DataHelper m_committed;
+  bool m_inert = false;
 };

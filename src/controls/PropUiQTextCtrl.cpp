@@ -2,20 +2,18 @@
 
 #include "QHostTextEdit.h"
 
-// Text options 0x1 and 0x2: select all on double click, flatten pasted lines.
+// The edit selects all on a double click and flattens pasted lines unless the host says otherwise.
 PropUiQTextCtrl::PropUiQTextCtrl(QWidget* parent) : PropUiQLineEdit(parent)
 {
-  setOptions(3);
+  setOptions(PropUiOption::kSelectAllOnDoubleClick | PropUiOption::kFlattenPastedLines);
 }
 
 bool PropUiQTextCtrl::setupUi()
 {
-  if (!m_bag)
-    return false;
-  auto* edit = new host_qt_ui::QHostTextEdit(this);
-  edit->setAutoChangePlaceholderTextColor(true);
-  if (!setupWithEdit(edit))
-    return false;
-  edit->setTextOptions(getOptions());
-  return true;
+  return setupWithEdit([this](QWidget* parent) {
+    auto* edit = new host_qt_ui::QHostTextEdit(parent);
+    edit->setAutoChangePlaceholderTextColor(true);
+    edit->setTextOptions(getOptions());
+    return edit;
+  });
 }

@@ -38,13 +38,13 @@ typedef PlainFactory<PropUiQControl> PropUiEmptyControlFactory;
 typedef PassOptionsFactory<PropUiActionToolButtonsCtrl> PropUiActionToolButtonsCtrlFactory;
 typedef PassOptionsFactory<PropUiActionPushButtonsCtrl> PropUiActionPushButtonsCtrlFactory;
 typedef PlainFactory<PropUiQLabel> PropUiQLabelCtrlFactory;
-typedef LineEditFactory<PropUiQDoubleCtrl, PropUiQMLineEdit<PropUiQDoubleCtrl>, TextCombo, 0x2> PropUiQDoubleCtrlFactory;
+typedef LineEditFactory<PropUiQDoubleCtrl, PropUiQMLineEdit<PropUiQDoubleCtrl>, TextCombo, PropUiOption::kTextCombo> PropUiQDoubleCtrlFactory;
 // An item view edits a composite coordinate one element at a time, as a distance.
-typedef LineEditFactory<PropUiQDistanceCtrl, PropUiQMLineEdit<PropUiQDistanceCtrl>, TextCombo, 0x2, PropUiQDistanceCtrl>
+typedef LineEditFactory<PropUiQDistanceCtrl, PropUiQMLineEdit<PropUiQDistanceCtrl>, TextCombo, PropUiOption::kTextCombo, PropUiQDistanceCtrl>
   PropUiQDistanceCtrlFactory;
-typedef LineEditFactory<PropUiQAngleCtrl, PropUiQMLineEdit<PropUiQAngleCtrl>, TextCombo, 0x2> PropUiQAngleCtrlFactory;
-typedef LineEditFactory<PropUiQTextCtrl, PropUiQMLineEdit<PropUiQTextCtrl>, TextCombo, 0x2> PropUiQTextCtrlFactory;
-typedef LineEditFactory<PropUiQIntegerCtrl, PropUiQMLineEdit<PropUiQIntegerCtrl>, TextCombo, 0x2 | 0x4> PropUiQIntegerCtrlFactory;
+typedef LineEditFactory<PropUiQAngleCtrl, PropUiQMLineEdit<PropUiQAngleCtrl>, TextCombo, PropUiOption::kTextCombo> PropUiQAngleCtrlFactory;
+typedef LineEditFactory<PropUiQTextCtrl, PropUiQMLineEdit<PropUiQTextCtrl>, TextCombo, PropUiOption::kTextCombo> PropUiQTextCtrlFactory;
+typedef LineEditFactory<PropUiQIntegerCtrl, PropUiQMLineEdit<PropUiQIntegerCtrl>, TextCombo, PropUiOption::kTextCombo | PropUiOption::kIntegerTextCombo> PropUiQIntegerCtrlFactory;
 typedef PlainFactory<PropUiQTextComboCtrl> PropUiQTextComboCtrlFactory;
 typedef ChoiceFactory<PropUiQCheckBox, TextCombo, false> PropUiQBoolCtrlFactory;
 typedef ChoiceFactory<PropUiQTextCheckBox, TextCombo, false> PropUiQBoolTextCtrlFactory;

@@ -4,6 +4,7 @@
 // interface pointer (the registry deletes it through the interface), so each
 // kind is a stateless template over the control it makes.
 
+#include "PropUiOptions.h"
 #include "PropUiQWidget.h"
 #include "PropUiQWidgetFactory.h"
 #include <type_traits>
@@ -11,14 +12,11 @@
 namespace propui
 {
 
-/** Option bit every built-in factory copies from the caller into the control. */
-constexpr int kFactoryToolTipBit = 0x40;
-
 /** Finishes a control the way every factory does: the caller's tool-tip bit is kept. */
 template <class Control>
 Control* withToolTipBit(Control* control, int options)
 {
-  control->setOptions(control->getOptions() | (options & kFactoryToolTipBit));
+  control->setOptions(control->getOptions() | (options & PropUiOption::kToolTipFilter));
   return control;
 }
 
@@ -56,17 +54,10 @@ public:
   PropUiQWidget* createEditor(int options, QWidget* parent) override { return createWidget(options, parent); }
 };
 
-/** Option bit: the multi-line form of a line-edit kind. */
-constexpr int kFactoryMultiLineBit = 0x8;
-/** Option bit: the text-combo form of a value kind. */
-constexpr int kFactoryTextComboBit = 0x2;
-/** Option bit the plain line-edit form takes over from the caller (elided text). */
-constexpr int kFactoryElidedBit = 0x10000;
-
 /**
- * A line-edit kind: the multi-line form for 0x8, the text combo for the
+ * A line-edit kind: the multi-line form for kMultiLine, the text combo for the
  * combo bits (when the kind has one), otherwise the plain control, which
- * also keeps the caller's 0x10000. Editor, when not void, is the bare
+ * also keeps the caller's kElided. Editor, when not void, is the bare
  * control an item view gets instead, built without any option step.
  */
 template <class Control, class MultiLine, class TextCombo, int ComboBits, class Editor = void>
@@ -76,15 +67,15 @@ public:
   PropUiQWidget* createWidget(int options, QWidget* parent) override
   {
     PropUiQWidget* control = nullptr;
-    if (options & kFactoryMultiLineBit)
+    if (options & PropUiOption::kMultiLine)
       control = new MultiLine(parent);
     else if (ComboBits != 0 && (options & ComboBits))
       control = makeCombo(parent);
     if (!control)
     {
       control = new Control(parent);
-      if (options & kFactoryElidedBit)
-        control->setOptions(control->getOptions() | kFactoryElidedBit);
+      if (options & PropUiOption::kElided)
+        control->setOptions(control->getOptions() | PropUiOption::kElided);
     }
     return withToolTipBit(control, options);
   }
@@ -107,7 +98,7 @@ private:
 };
 
 /**
- * A choice kind (check boxes, switches): the text combo for 0x2, otherwise
+ * A choice kind (check boxes, switches): the text combo for kTextCombo, otherwise
  * the control, which is handed the caller's whole option word when
  * PassOptions is set.
  */
@@ -117,7 +108,7 @@ class ChoiceFactory : public PropUiQWidgetFactory
 public:
   PropUiQWidget* createWidget(int options, QWidget* parent) override
   {
-    if (options & kFactoryTextComboBit)
+    if (options & PropUiOption::kTextCombo)
       return withToolTipBit(new TextCombo(parent), options);
     auto* control = new Control(parent);
     if (PassOptions)

@@ -1,3 +1,4 @@
+#include "PropUiOptions.h"
 #include "MessageCatcher.h"
 #include "PropUiQCheckBox.h"
 #include "PropUiQSwitchBox.h"
@@ -64,7 +65,7 @@ private slots:
   {
     RecordingBag bag;
     const int item = bag.addItem(QStringLiteral("Visible"), boolValue(true));
-    bag.item(item).flags = PropBag::kCaptionOnCheckBox;
+    bag.item(item).flags = PropItemFlag::kCaptionOnCheckBox;
     QScopedPointer<PropUiQCheckBox> named(boundControl<PropUiQCheckBox>(bag, item));
     QCOMPARE(named->checkBox()->text(), QStringLiteral("Visible"));
 

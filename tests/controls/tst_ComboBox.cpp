@@ -1,3 +1,4 @@
+#include "PropUiOptions.h"
 #include "ControlWindow.h"
 #include "MessageCatcher.h"
 #include "OdStringQt.h"
@@ -142,7 +143,7 @@ private slots:
     QCOMPARE(combo->currentIndex(), 1);
     QVERIFY(bag.written.isEmpty());
 
-    bag.item(item).flags = PropBag::kEditableList;
+    bag.item(item).flags = PropItemFlag::kEditableList;
     QScopedPointer<PropUiQComboBox> editable(boundControl<PropUiQComboBox>(bag, item));
     QVERIFY(editable->comboBox()->isEditable());
     QVERIFY(editable->comboBox()->completer());
@@ -153,10 +154,10 @@ private slots:
     RecordingBag bag;
     TestItemType integerType(1, PropUiGuidInteger), textType(2, PropUiGuidText);
     const int count = bag.addItem(QStringLiteral("Count"), intValue(3));
-    bag.item(count).flags = PropBag::kEditableList;
+    bag.item(count).flags = PropItemFlag::kEditableList;
     bag.item(count).type = &integerType;
     const int name = bag.addItem(QStringLiteral("Name"), textValue(QStringLiteral("A")));
-    bag.item(name).flags = PropBag::kEditableList;
+    bag.item(name).flags = PropItemFlag::kEditableList;
     bag.item(name).type = &textType;
     QScopedPointer<PropUiQTextComboCtrl> numbers(boundControl<PropUiQTextComboCtrl>(bag, count));
     auto* validator = qobject_cast<const PropMathValidator*>(numbers->comboBox()->validator());
@@ -174,7 +175,7 @@ private slots:
     const PropVariant h = realValue(3.5);
     const int item = bag.addItem(QStringLiteral("Text height"), h);
     RecordingBag::Item& it = bag.item(item);
-    it.flags = PropBag::kEditableList;
+    it.flags = PropItemFlag::kEditableList;
     it.type = &heights;
     it.listNames = QStringList{QStringLiteral("2.5"), QStringLiteral("3.5")};
     it.listKeys = {0, 1};

@@ -1,3 +1,4 @@
+#include "PropUiOptions.h"
 #include "PropUiActionToolButtonsCtrl.h"
 #include "PropUiCommonToolTipFilter.h"
 #include "PropUiFocusReactorFilter.h"
@@ -92,7 +93,7 @@ private slots:
     RecordingBag bag;
     const int plain = bag.addItem(QStringLiteral("Plain"));
     const int withActions = bag.addItem(QStringLiteral("Style"));
-    bag.item(withActions).flags = PropBag::kHasActions;
+    bag.item(withActions).flags = PropItemFlag::kHasActions;
     bag.item(withActions).actions.append(OdSharedPtr<PropAction>(new TestAction(QStringLiteral("Edit"))));
 
     PropUiQControl control;

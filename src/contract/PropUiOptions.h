@@ -1,0 +1,63 @@
+#pragma once
+
+/**
+ * The option word and the item flags, named.
+ *
+ * A host passes an option word to propUiCreateWidget/propUiCreateEditor. The
+ * factory reads its own bits and hands the control the rest (or a fixed
+ * word); the control reads its family's bits. Several families give the
+ * same bit different meanings (0x10000 elides a line edit but left-aligns a
+ * button row), because each control only ever reads its own.
+ *
+ * Item flags are what PropBag::getFlags answers for an item. A host may pass
+ * an item's flags as the option word: the bag then chooses, item by item,
+ * how its control looks, without the host keeping a second table.
+ */
+namespace PropUiOption
+{
+
+// Read by the built-in factories.
+/** Value kinds: a combo over the item's listed values instead of the kind's own editor. */
+constexpr int kTextCombo = 0x2;
+/** The integer kind takes this bit, like kTextCombo, as a request for the combo. */
+constexpr int kIntegerTextCombo = 0x4;
+/** Line-edit kinds: one row per element of a composite item. */
+constexpr int kMultiLine = 0x8;
+
+// Read by every control.
+/** The tool tip follows the item's description. Every factory keeps the caller's bit. */
+constexpr int kToolTipFilter = 0x40;
+/** The control's buttons take no focus (the actions toolbar beside an editor). */
+constexpr int kNoFocusButtons = 0x1000000;
+
+// Line edits, the integer control and the text combo.
+/** The unfocused text is cut at the right with an ellipsis; the description is the tool tip. */
+constexpr int kElided = 0x10000;
+
+// Button rows (choices and actions) and switches.
+/** The buttons sit at the left; the rest of the row is empty. */
+constexpr int kAlignLeft = 0x10000;
+/** The buttons sit at the right. */
+constexpr int kAlignRight = 0x20000;
+/** Push and tool buttons show only their pictures; the captions go to the tool tips. */
+constexpr int kIconsOnly = 0x40000;
+
+// The text control (handed on to its edit as text options).
+/** A double click selects the whole text. */
+constexpr int kSelectAllOnDoubleClick = 0x1;
+/** Pasted line breaks become blanks. */
+constexpr int kFlattenPastedLines = 0x2;
+
+} // namespace PropUiOption
+
+namespace PropItemFlag
+{
+
+/** The item offers actions: its control shows them in a toolbar beside the editor. */
+constexpr unsigned int kHasActions = 0x1;
+/** A combo box over the item may be typed into, with completion. */
+constexpr unsigned int kEditableList = 0x4;
+/** A check box shows the item's caption as its own text. */
+constexpr unsigned int kCaptionOnCheckBox = 0x10;
+
+} // namespace PropItemFlag
