@@ -37,6 +37,21 @@ void PropUiEditCommitFilter::afterReturn()
   });
 }
 
+void PropUiEditCommitFilter::leave(Qt::FocusReason reason)
+{
+  const bool byTab = reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason;
+  if ((m_rules & CommitOnLeave) && !byTab && (!m_edit.mayCommitOnLeave || m_edit.mayCommitOnLeave()))
+  {
+    if (m_edit.changed && m_edit.changed() && m_edit.commit)
+      m_edit.commit();
+    if (m_editor && !acceptable() && m_edit.restore)
+      m_edit.restore();
+  }
+  if ((m_rules & DeselectOnLeave) && reason != Qt::PopupFocusReason)
+    if (auto* edit = qobject_cast<QLineEdit*>(m_editor.data()))
+      edit->deselect();
+}
+
 bool PropUiEditCommitFilter::eventFilter(QObject* watched, QEvent* event)
 {
   if (watched != m_editor || !m_editor || !m_control)
@@ -52,17 +67,20 @@ bool PropUiEditCommitFilter::eventFilter(QObject* watched, QEvent* event)
     if (m_rules & SilenceWhileLeaving)
       m_control->setMessagesSuppressed(true);
     const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
-    const bool byTab = reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason;
-    if ((m_rules & CommitOnLeave) && !byTab && (!m_edit.mayCommitOnLeave || m_edit.mayCommitOnLeave()))
+    if (!PropUiQControl::isWindowGoingAway(m_editor))
     {
-      if (m_edit.changed && m_edit.changed() && m_edit.commit)
-        m_edit.commit();
-      if (m_editor && !acceptable() && m_edit.restore)
-        m_edit.restore();
+      leave(reason);
     }
-    if ((m_rules & DeselectOnLeave) && reason != Qt::PopupFocusReason)
-      if (auto* edit = qobject_cast<QLineEdit*>(m_editor.data()))
-        edit->deselect();
+    else
+    {
+      // The window may be on its way to destruction, and the control with
+      // it: the edit is committed on the next turn, if anybody is left.
+      QPointer<PropUiEditCommitFilter> self(this);
+      QTimer::singleShot(0, this, [self, reason]() {
+        if (self && self->m_editor && self->m_control)
+          self->leave(reason);
+      });
+    }
     break;
   }
   case QEvent::KeyPress:

@@ -73,6 +73,7 @@ public:
   bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+  void leave(Qt::FocusReason reason);
   void commitThenRevertUnacceptable();
   void afterReturn();
   bool acceptable() const { return !m_edit.acceptable || m_edit.acceptable(); }

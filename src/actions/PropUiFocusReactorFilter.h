@@ -12,4 +12,7 @@ public:
 
 protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+  void report(Qt::FocusReason reason, bool focusIn);
 };

@@ -15,6 +15,9 @@ bool PropUiQAngleCtrl::setupUi()
 // The bag's formatting of the entered angle replaces what the user typed.
 void PropUiQAngleCtrl::onEditingFinished()
 {
+  // A window going away commits nothing, so there is nothing to re-read either.
+  if (isWindowGoingAway(this))
+    return;
   PropUiQLineEdit::onEditingFinished();
   updateData();
 }

@@ -33,7 +33,7 @@ PropUiQControl::~PropUiQControl()
 }
 
 PropUiQControl::ApplyingScope::ApplyingScope(PropUiQControl* control)
-  : m_control(control), m_entered(!control->m_applying)
+  : m_control(control), m_entered(!control->m_applying && !isWindowGoingAway(control))
 {
   m_control->m_applying = true;
 }
@@ -42,6 +42,13 @@ PropUiQControl::ApplyingScope::~ApplyingScope()
 {
   if (m_entered)
     m_control->m_applying = false;
+}
+
+bool PropUiQControl::isWindowGoingAway(const QWidget* widget)
+{
+  const QWidget* window = widget ? widget->window() : nullptr;
+  // Hidden already asked for, but still shown: between setVisible(false) and its end.
+  return window && window->testAttribute(Qt::WA_WState_Hidden) && window->testAttribute(Qt::WA_WState_Visible);
 }
 
 void PropUiQControl::disarmChildren()

@@ -45,7 +45,9 @@ public:
   /**
    * Holds the control's applying flag for one scope. A scope opened while the
    * flag is already held does not enter: a write that moves the focus, or a
-   * refresh that changes the widget, must not start another write.
+   * refresh that changes the widget, must not start another write. Nor does
+   * one opened while the control's window is being taken down: the focus
+   * leaving then is not the user finishing an edit.
    */
   class PROPWIDGETS_EXPORT ApplyingScope
   {
@@ -96,6 +98,13 @@ public:
   void useFocusReactor(QWidget* widget);
   void useFocusRedirect(QWidget* widget, QWidget* target);
   void useToolTipFilter(QWidget* widget);
+
+  /**
+   * Whether the widget's window is being hidden, closed or destroyed just
+   * now: Qt moves the focus out of a window in the middle of hiding it, and
+   * a window deleted while shown is hidden first.
+   */
+  static bool isWindowGoingAway(const QWidget* widget);
 
   /** Reads the bound element or, for a whole-item binding, the item. False when unbound or refused. */
   bool readValue(PropVariant& value) const;

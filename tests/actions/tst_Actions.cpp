@@ -1,4 +1,6 @@
 #include "HostQtStyleManager.h"
+#include "OdError.h"
+#include "OdStringQt.h"
 #include "PropUiActionPushButtonsCtrl.h"
 #include "PropUiActionToolButtonsCtrl.h"
 #include "PropUiIcons.h"
@@ -22,6 +24,24 @@ public:
     ++reads;
   }
   int reads = 0;
+};
+
+/** A control whose items cannot be shown: the 3x3 grid over a list shorter than nine raises so. */
+class RaisingControl : public PropUiQControl
+{
+public:
+  void updateData() override { throw OdError_InvalidIndex(); }
+};
+
+/** An action that says when it is gone. */
+class WatchedAction : public TestAction
+{
+public:
+  explicit WatchedAction(bool& gone) : TestAction(QStringLiteral("Watched")), m_gone(gone) {}
+  ~WatchedAction() override { m_gone = true; }
+
+private:
+  bool& m_gone;
 };
 
 QImage pictureOf(const QIcon& icon)
@@ -192,6 +212,30 @@ private slots:
     bag.item(item).actions.resize(0);
     toolbar->updateData();
     QVERIFY(toolbar->toolBar()->actions().isEmpty());
+  }
+
+  // The bag may hand out a new list on every call and drop the old one; a
+  // press long after the toolbar read its list still runs a live action, and
+  // a control that cannot show its item after the action keeps the error to itself.
+  void toolbarActionsOutliveTheBagsList()
+  {
+    RecordingBag bag;
+    const int item = bag.addItem(QStringLiteral("Tools"));
+    bool gone = false;
+    bag.item(item).actions = {OdSharedPtr<PropAction>(new WatchedAction(gone))};
+    RaisingControl embedding;
+    auto* toolbar = new PropUiQActionsToolBar(&embedding);
+    toolbar->setPropBagItem(&bag, item);
+    toolbar->setupUi();
+    toolbar->updateData();
+    bag.item(item).actions.clear();
+    QVERIFY(!gone);
+
+    toolbar->toolBar()->actions()[0]->trigger();
+    QCOMPARE(bag.executed.size(), 1);
+    QCOMPARE(toQString(bag.executed[0]->name()), QStringLiteral("Watched"));
+    toolbar->updateData();
+    QVERIFY(gone);
   }
 
   void buttonRowNeverRefreshes()

@@ -193,6 +193,51 @@ private slots:
     QCOMPARE(slider->value(), 60);
   }
 
+  // The style divides by the span of the range: 2^31 and more must never reach it.
+  void sliderPaintsAnyRangeTheBagGives_data()
+  {
+    QTest::addColumn<int>("min");
+    QTest::addColumn<int>("max");
+    QTest::newRow("down to the lowest int") << std::numeric_limits<int>::min() << 0;
+    QTest::newRow("up to the highest int") << -1 << std::numeric_limits<int>::max();
+    QTest::newRow("every int") << std::numeric_limits<int>::min() << std::numeric_limits<int>::max();
+  }
+
+  void sliderPaintsAnyRangeTheBagGives()
+  {
+    QFETCH(int, min);
+    QFETCH(int, max);
+    RecordingBag bag;
+    const int item = bag.addItem(QStringLiteral("Offset"), intValue(max));
+    bag.item(item).hasRange = true;
+    bag.item(item).min = intValue(min);
+    bag.item(item).max = intValue(max);
+    QScopedPointer<PropUiQSliderCtrl> control(boundControl<PropUiQSliderCtrl>(bag, item));
+    control->resize(300, 30);
+    QVERIFY(!control->grab().isNull());
+    QCOMPARE(control->slider()->maximum(), max);
+    QCOMPARE(control->slider()->value(), max);
+  }
+
+  // A bag whose validate moves the focus makes the spin box finish editing
+  // again, inside the first commit: that must not commit a second time.
+  void aCommitThatMovesTheFocusCommitsOnce()
+  {
+    RecordingBag bag;
+    const int item = addSegments(bag);
+    ControlWindow window(boundControl<PropUiQIntegerCtrl>(bag, item));
+    auto* control = window.findChild<PropUiQIntegerCtrl*>();
+    QVERIFY(window.showActive());
+    QLineEdit* edit = control->spinBox()->findChild<QLineEdit*>();
+    control->spinBox()->setFocus(Qt::MouseFocusReason);
+    edit->selectAll();
+    QTest::keyClicks(edit, QStringLiteral("30"));
+    bag.duringValidate = [&window]() { window.other->setFocus(Qt::MouseFocusReason); };
+    QTest::keyClick(edit, Qt::Key_Return);
+    QCOMPARE(bag.count(QStringLiteral("validate")), 1);
+    QCOMPARE(bag.count(QStringLiteral("setValue")), 1);
+  }
+
   void grooveClicksDoNotPage()
   {
     RecordingBag bag;

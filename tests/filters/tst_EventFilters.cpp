@@ -1,5 +1,7 @@
 #include "PropUiCollectorFocusPolicyFilter.h"
 #include "PropUiCommonToolTipFilter.h"
+#include "PropUiEditCommitFilter.h"
+#include "PropUiQControl.h"
 #include "PropUiElidedLineEditFilter.h"
 #include "PropUiFocusReactorFilter.h"
 #include "PropUiRedirectFocusPolicyFilter.h"
@@ -204,6 +206,84 @@ private slots:
     const QImage withPlaceholder = second.grab().toImage();
     second.setPlaceholderText(QString());
     QVERIFY(second.grab().toImage() != withPlaceholder);
+  }
+
+  // The rules a control picks, as the editor's events meet them. The log
+  // names the callbacks in the order they ran.
+  void commitRulesFollowTheEvent_data()
+  {
+    using R = PropUiEditCommitFilter::Rule;
+    QTest::addColumn<int>("rules");
+    QTest::addColumn<int>("event"); // a focus reason, or a key
+    QTest::addColumn<bool>("changed");
+    QTest::addColumn<bool>("acceptable");
+    QTest::addColumn<QString>("log");
+    const int all = R::CommitOnLeave | R::CommitOnTab | R::RestoreOnEscape | R::RevertAfterReturn | R::MoveOnAfterReturn;
+    QTest::newRow("leave by mouse commits a change") << all << int(Qt::MouseFocusReason) << true << true << "commit";
+    QTest::newRow("leave by mouse, nothing changed") << all << int(Qt::MouseFocusReason) << false << true << "";
+    QTest::newRow("leave with bad input puts back") << all << int(Qt::MouseFocusReason) << true << false << "commit restore";
+    QTest::newRow("leave by Tab leaves it to the Tab key") << all << int(Qt::TabFocusReason) << true << true << "";
+    QTest::newRow("leave without the rule") << int(R::CommitOnTab) << int(Qt::MouseFocusReason) << true << true << "";
+    QTest::newRow("typed Tab commits") << all << int(Qt::Key_Tab) + 1000 << false << true << "commit";
+    QTest::newRow("typed Tab, bad input") << all << int(Qt::Key_Tab) + 1000 << false << false << "commit restore";
+    QTest::newRow("Escape puts back") << all << int(Qt::Key_Escape) + 1000 << true << true << "restore";
+    QTest::newRow("Return moves on later") << all << int(Qt::Key_Return) + 1000 << true << true << "| moveOn";
+    QTest::newRow("Return with bad input") << all << int(Qt::Key_Return) + 1000 << true << false << "| restore moveOn";
+    QTest::newRow("Return, only moving on") << int(R::MoveOnAfterReturn) << int(Qt::Key_Return) + 1000 << true << false
+                                            << "| moveOn";
+  }
+
+  void commitRulesFollowTheEvent()
+  {
+    QFETCH(int, rules);
+    QFETCH(int, event);
+    QFETCH(bool, changed);
+    QFETCH(bool, acceptable);
+    QFETCH(QString, log);
+    QStringList ran;
+    PropUiQControl control;
+    auto* editor = new QLineEdit(&control);
+    PropUiEditCommitFilter::Edit edit;
+    edit.changed = [&]() { return changed; };
+    edit.acceptable = [&]() { return acceptable; };
+    edit.commit = [&]() { ran << QStringLiteral("commit"); };
+    edit.restore = [&]() { ran << QStringLiteral("restore"); };
+    edit.moveOn = [&]() { ran << QStringLiteral("moveOn"); };
+    new PropUiEditCommitFilter(&control, editor,
+                               PropUiEditCommitFilter::Rules(rules) | PropUiEditCommitFilter::SilenceWhileLeaving, edit);
+
+    if (event < 1000)
+    {
+      QFocusEvent in(QEvent::FocusIn, Qt::MouseFocusReason);
+      QCoreApplication::sendEvent(editor, &in);
+      QVERIFY(!control.messagesSuppressed());
+      QFocusEvent out(QEvent::FocusOut, Qt::FocusReason(event));
+      QCoreApplication::sendEvent(editor, &out);
+      QVERIFY(control.messagesSuppressed());
+    }
+    else
+    {
+      QTest::keyClick(editor, Qt::Key(event - 1000));
+      ran << QStringLiteral("|");
+      QCoreApplication::processEvents();
+      if (ran.last() == QLatin1String("|"))
+        ran.removeLast();
+    }
+    QCOMPARE(ran.join(QLatin1Char(' ')), log);
+  }
+
+  void applyingScopeEntersOnce()
+  {
+    PropUiQControl control;
+    PropUiQControl::ApplyingScope outer(&control);
+    QVERIFY(outer.entered());
+    {
+      PropUiQControl::ApplyingScope inner(&control);
+      QVERIFY(!inner.entered());
+    }
+    // The inner scope leaves the outer one's hold in place.
+    PropUiQControl::ApplyingScope again(&control);
+    QVERIFY(!again.entered());
   }
 };
 

@@ -130,6 +130,8 @@ bool RecordingBag::validate(int index, unsigned long element, const PropVariant&
   const Item* item = call(::call("validate", index, element), index);
   if (!item)
     return false;
+  if (duringValidate)
+    duringValidate();
   if (!item->acceptValidate)
     message = toOdString(item->validateMessage);
   return item->acceptValidate;

@@ -126,6 +126,8 @@ public:
   QVector<PropAction*> executed;
   std::function<bool(int, const PropVariant&, OdString&)> format;
   std::function<bool(int, const OdString&, PropVariant&)> parse;
+  /** Runs inside validate, before it answers: a bag that moves the focus or rebuilds the panel. */
+  std::function<void()> duringValidate;
   PropBagCtx* context = nullptr;
 
   static QString textOf(const PropVariant& value);

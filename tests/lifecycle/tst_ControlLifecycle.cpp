@@ -1,0 +1,204 @@
+#include "ControlWindow.h"
+#include "EveryKind.h"
+#include "MessageCatcher.h"
+#include "OdRxModule.h"
+#include "PropWidgetsEntry.h"
+#include "PropUiOptions.h"
+#include "PropUiQControl.h"
+#include "PropUiRegistry.h"
+#include "RecordingBag.h"
+#include "TestValues.h"
+#include <QtTest>
+#include <QtWidgets>
+
+
+namespace
+{
+
+/** An item every kind can show: a number with a list of nine, three elements, two actions. */
+int addRichItem(RecordingBag& bag)
+{
+  const int item = bag.addItem(QStringLiteral("Rich"), intValue(5));
+  RecordingBag::Item& it = bag.item(item);
+  it.flags = PropItemFlag::kHasActions | PropItemFlag::kEditableList;
+  for (int i = 0; i < 9; ++i)
+  {
+    it.listNames << QStringLiteral("Entry %1").arg(i);
+    it.listKeys << unsigned(i);
+    it.listValues[unsigned(i)] = intValue(i);
+  }
+  it.elements = {0, 1, 2};
+  it.elementCaptions = QStringList{QStringLiteral("X"), QStringLiteral("Y"), QStringLiteral("Z")};
+  it.elementValues[0] = intValue(1);
+  it.elementValues[1] = intValue(2);
+  it.elementValues[2] = intValue(3);
+  it.groupCount = 2;
+  it.actions = {OdSharedPtr<PropAction>(new TestAction(QStringLiteral("Reset"))),
+                OdSharedPtr<PropAction>(new TestAction(QStringLiteral("Pick")))};
+  return item;
+}
+
+PropUiQWidget* makeBound(const OdGUID& guid, RecordingBag& bag, int item, int options = 0)
+{
+  PropUiQWidget* control = propUiCreateWidget(guid, PropUiOption::kToolTipFilter | options);
+  if (!control)
+    return nullptr;
+  control->setPropBagItem(&bag, item);
+  control->setupUi();
+  control->updateUi();
+  control->updateData();
+  return control;
+}
+
+/** The focusable child a user would click into first. */
+QWidget* firstEditor(QWidget* control)
+{
+  for (QWidget* child : control->findChildren<QWidget*>())
+    if (child->isVisible() && child->isEnabled() && (child->focusPolicy() & Qt::ClickFocus))
+      return child;
+  return nullptr;
+}
+
+/** The shape of what a set-up built: every child's class and name, in order. */
+QStringList shapeOf(QWidget* control)
+{
+  QStringList shape;
+  for (QObject* child : control->findChildren<QObject*>())
+    shape << QString::fromLatin1(child->metaObject()->className()) + QLatin1Char(':') + child->objectName();
+  return shape;
+}
+
+QStringList g_warnings;
+void collectWarnings(QtMsgType type, const QMessageLogContext&, const QString& text)
+{
+  if (type != QtDebugMsg && type != QtInfoMsg)
+    g_warnings << text;
+}
+
+} // namespace
+
+class TestControlLifecycle : public QObject
+{
+  Q_OBJECT
+
+private slots:
+  void initTestCase() { odrxCreateModuleObject()->initApp(); }
+  void cleanupTestCase() { odrxCreateModuleObject()->uninitApp(); }
+
+  void deletionMidEditTouchesNoBag_data()
+  {
+    addEveryKindRows();
+  }
+
+  // A host rebuilds its panel while the user types: whatever way the control
+  // goes, the half-typed edit is dropped and the bag hears nothing more.
+  void deletionMidEditTouchesNoBag()
+  {
+    QFETCH(OdGUID, guid);
+    MessageCatcher messages;
+    for (const char* way : {"delete", "deleteLater", "parent", "window"})
+    {
+      RecordingBag bag;
+      const int item = addRichItem(bag);
+      PropUiQWidget* control = makeBound(guid, bag, item);
+      if (!control)
+        QSKIP("kind not registered");
+      auto* window = new ControlWindow(control);
+      QVERIFY(window->showActive());
+      if (QWidget* editor = firstEditor(control))
+      {
+        editor->setFocus(Qt::MouseFocusReason);
+        QTest::keyClicks(editor, QStringLiteral("12"));
+      }
+      bag.clearCalls();
+      QPointer<ControlWindow> watch(window);
+      const QString how = QString::fromLatin1(way);
+      if (how == QLatin1String("delete"))
+        delete control;
+      else if (how == QLatin1String("deleteLater"))
+        control->deleteLater();
+      else if (how == QLatin1String("parent"))
+        delete window;
+      else
+        window->setAttribute(Qt::WA_DeleteOnClose);
+      if (how == QLatin1String("window"))
+      {
+        // Closing is the user leaving the field: that may commit. Destruction may not.
+        window->close();
+        QCoreApplication::processEvents();
+        bag.clearCalls();
+      }
+      QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+      QCoreApplication::processEvents();
+      QVERIFY2(bag.calls.isEmpty(), qPrintable(how + QStringLiteral(": ") + bag.calls.join(QLatin1Char(' '))));
+      delete watch.data();
+    }
+  }
+
+  void secondSetupRebuildsOnce_data()
+  {
+    addEveryKindRows();
+    // The multi-line forms, with the group selector focused during the rebuild.
+    QTest::newRow("multi-line double") << PropUiGuidDouble;
+    QTest::newRow("multi-line integer") << PropUiGuidInteger;
+  }
+
+  void secondSetupRebuildsOnce()
+  {
+    QFETCH(OdGUID, guid);
+    const int options = QTest::currentDataTag() && QByteArray(QTest::currentDataTag()).startsWith("multi-line")
+                          ? PropUiOption::kMultiLine
+                          : 0;
+    RecordingBag bag;
+    const int item = addRichItem(bag);
+    PropUiQWidget* control = makeBound(guid, bag, item, options);
+    if (!control)
+      QSKIP("kind not registered");
+    ControlWindow window(control);
+    QVERIFY(window.showActive());
+    const QStringList first = shapeOf(control);
+    const int controlOptions = control->getOptions();
+    // The rebuild happens while the user is in the control.
+    if (QWidget* editor = firstEditor(control))
+      editor->setFocus(Qt::MouseFocusReason);
+
+    g_warnings.clear();
+    const QtMessageHandler previous = qInstallMessageHandler(collectWarnings);
+    control->setupUi();
+    control->updateUi();
+    control->updateData();
+    qInstallMessageHandler(previous);
+
+    QVERIFY2(g_warnings.isEmpty(), qPrintable(g_warnings.join(QLatin1Char('\n'))));
+    QCOMPARE(shapeOf(control), first);
+    QCOMPARE(control->getOptions(), controlOptions);
+    if (auto* bound = qobject_cast<PropUiQControl*>(control))
+    {
+      QCOMPARE(bound->propBag(), static_cast<PropBag*>(&bag));
+      QCOMPARE(bound->itemIndex(), item);
+    }
+  }
+
+  void messageOfADeletedControlIsDropped()
+  {
+    MessageCatcher messages;
+    RecordingBag bag;
+    const int item = bag.addItem(QStringLiteral("Radius"), realValue(2));
+    bag.item(item).acceptValidate = false;
+    bag.item(item).validateMessage = QStringLiteral("Must be positive.");
+    PropUiQWidget* control = makeBound(PropUiGuidDouble, bag, item);
+    ControlWindow window(control);
+    QVERIFY(window.showActive());
+    auto* edit = control->findChild<QLineEdit*>(QStringLiteral("edit"));
+    edit->setFocus(Qt::MouseFocusReason);
+    QTest::keyClicks(edit, QStringLiteral("-1"));
+    QTest::keyClick(edit, Qt::Key_Return);
+    QCOMPARE(bag.count(QStringLiteral("validate")), 1);
+    delete control;
+    QCoreApplication::processEvents();
+    QVERIFY(messages.shown.isEmpty());
+  }
+};
+
+QTEST_MAIN(TestControlLifecycle)
+#include "tst_ControlLifecycle.moc"
