@@ -34,7 +34,7 @@ namespace
 // Stateless, as every registered factory must be; it counts through a global.
 int g_factoryCalls = 0;
 
-class CountingFactory : public PropUiQWidgetFactory
+class CountingFactory final : public PropUiQWidgetFactory
 {
 public:
   PropUiQWidget* createWidget(int options, QWidget* parent) override
