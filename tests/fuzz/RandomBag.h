@@ -1,0 +1,331 @@
+#pragma once
+
+#include "OdStringQt.h"
+#include "PropAction.h"
+#include "PropBag.h"
+#include "PropBagCtx.h"
+#include "PropItemType.h"
+#include "PropUiQIcon.h"
+#include "hostPropEditorReactor.h"
+#include <QPixmap>
+#include <QStringList>
+#include <cmath>
+#include <functional>
+#include <limits>
+#include <memory>
+#include <random>
+#include <vector>
+
+/** The seeded source of every random choice, so that one seed replays one run. */
+class Dice
+{
+public:
+  explicit Dice(unsigned int seed) : m_engine(seed) {}
+
+  bool chance(double p) { return std::bernoulli_distribution(p)(m_engine); }
+  int below(int n) { return n <= 1 ? 0 : std::uniform_int_distribution<int>(0, n - 1)(m_engine); }
+  unsigned int word() { return unsigned(m_engine()); }
+  template <class T>
+  const T& pick(const std::vector<T>& from) { return from[size_t(below(int(from.size())))]; }
+
+  /** Mostly small numbers, often the limits of the kind, sometimes anything. */
+  long long integer()
+  {
+    static const std::vector<long long> edges = {0, 1, -1, 2, 8, 9, 100, std::numeric_limits<int>::min(),
+                                                 std::numeric_limits<int>::max(), std::numeric_limits<long long>::min(),
+                                                 std::numeric_limits<long long>::max(), 0x80000000LL, 0xFFFFFFFFLL};
+    if (chance(0.5))
+      return below(21) - 10;
+    if (chance(0.6))
+      return pick(edges);
+    return (static_cast<long long>(word()) << 32) | word();
+  }
+
+  double real()
+  {
+    static const std::vector<double> edges = {0.0, -0.0, 0.5, -1e-300, 1e300, std::numeric_limits<double>::max(),
+                                              std::numeric_limits<double>::denorm_min(),
+                                              std::numeric_limits<double>::quiet_NaN(),
+                                              std::numeric_limits<double>::infinity(),
+                                              -std::numeric_limits<double>::infinity()};
+    return chance(0.5) ? pick(edges) : std::uniform_real_distribution<double>(-1e6, 1e6)(m_engine);
+  }
+
+  /** Empty, short, unicode, numeric-looking or 5,000 characters. */
+  QString text()
+  {
+    static const std::vector<QString> samples = {QString(), QStringLiteral("0"), QStringLiteral("-1"),
+                                                 QStringLiteral("1e309"), QStringLiteral("nan"),
+                                                 QStringLiteral("*VARIES*"), QStringLiteral("12,5"),
+                                                 QStringLiteral("\u00e4\u4e2d\U0001F600"), QStringLiteral(" \t\n")};
+    switch (below(4))
+    {
+    case 0: return pick(samples);
+    case 1: return QString(5000, QChar(u'a' + below(26)));
+    default:
+    {
+      QString s;
+      for (int n = below(12); n > 0; --n)
+        s += QChar(chance(0.8) ? ushort(0x20 + below(0x5f)) : ushort(0xa0 + below(0x2000)));
+      return s;
+    }
+    }
+  }
+
+private:
+  std::mt19937 m_engine;
+};
+
+/** An action whose every answer is random; a freed one is what AddressSanitizer looks for. */
+class RandomAction : public PropAction
+{
+public:
+  explicit RandomAction(Dice& dice) : m_dice(dice) {}
+  bool execute(const PropVariant&, PropVariant&) override { return m_dice.chance(0.5); }
+  OdString name() override { return toOdString(m_dice.text()); }
+  OdSharedPtr<PropIcon> icon() override
+  {
+    if (m_dice.chance(0.5))
+      return OdSharedPtr<PropIcon>();
+    QPixmap pixmap(16, 16);
+    pixmap.fill(Qt::red);
+    return OdSharedPtr<PropIcon>(new PropUiQIcon(QIcon(pixmap)));
+  }
+  bool checkable() override { return m_dice.chance(0.5); }
+  bool checked() override { return m_dice.chance(0.5); }
+  bool enabled() override { return m_dice.chance(0.8); }
+  bool modeless() override { return m_dice.chance(0.5); }
+
+private:
+  Dice& m_dice;
+};
+
+/**
+ * A bag whose every answer is random: results, kinds of values, state bits,
+ * lists, counts, types, contexts and reactors. It checks what a control must
+ * never do whatever the answers: write after a refused validate without a
+ * new validate, or call the bag once the host has started to destroy it.
+ */
+class RandomBag : public PropBag
+{
+public:
+  explicit RandomBag(unsigned int seed) : m_dice(seed) {}
+
+  /** Faults seen so far, one line each. */
+  QStringList faults;
+  /** Set by the host when the control's destruction starts. */
+  bool retired = false;
+  /** What the host may do inside validate or a write, such as moving the focus as a dialog does. */
+  std::function<void()> sideEffect;
+
+  typedef unsigned long Key;
+
+  int getItemCount() override { return int(answer("getItemCount", m_dice.integer())); }
+  PropItemType* getItemType(int) override { return call("getItemType") && m_dice.chance(0.7) ? &m_type : nullptr; }
+  bool isEditable(int, unsigned long) override { return call("isEditable") && m_dice.chance(0.8); }
+  bool getName(int, OdString& name) override { return someText("getName", name); }
+  bool getDescription(int, OdString& description) override { return someText("getDescription", description); }
+  unsigned int getFlags(int) override { return unsigned(answer("getFlags", flags())); }
+  OdGUID getControlGuid(int) override
+  {
+    call("getControlGuid");
+    return OdGUID();
+  }
+
+  bool validate(int, unsigned long, const PropVariant&, OdString& message) override
+  {
+    m_refused = !call("validate") || m_dice.chance(0.35);
+    message = m_dice.chance(0.7) ? toOdString(m_dice.text()) : OdString();
+    const bool refused = m_refused;
+    maybeSideEffect("validate");
+    return !refused;
+  }
+  bool getRange(int, unsigned long, PropVariant& min, PropVariant& max) override
+  {
+    if (!call("getRange"))
+      return false;
+    min = value();
+    max = value();
+    return m_dice.chance(0.7);
+  }
+  bool formatValue(int, unsigned long, const PropVariant&, OdString& text) override { return someText("formatValue", text); }
+  bool parseValue(int, unsigned long, const OdString&, PropVariant& parsed) override { return someValue("parseValue", parsed); }
+  bool getValue(int, PropVariant& read) override { return someValue("getValue", read); }
+  bool setValue(int, const PropVariant&) override { return write("setValue"); }
+  unsigned int getActions(int, unsigned long, PropActionArray& actions) override
+  {
+    actions.clear();
+    if (!call("getActions"))
+      return 0;
+    // The caller's array is the actions' only owner, as with a host that builds them per call.
+    for (int n = m_dice.below(6); n > 0; --n)
+      actions.append(OdSharedPtr<PropAction>(new RandomAction(m_dice)));
+    return m_dice.chance(0.8) ? actions.size() : unsigned(m_dice.below(8));
+  }
+  bool executeAction(int, PropAction* action) override
+  {
+    if (!call("executeAction"))
+      return false;
+    if (action)
+      action->name(); // a freed action fails here under AddressSanitizer
+    return m_dice.chance(0.5);
+  }
+  bool getValueList(int, OdStringArray& names, PropKeyArray& keys) override
+  {
+    names.clear();
+    keys.clear();
+    if (!call("getValueList"))
+      return false;
+    const int count = m_dice.below(12);
+    // Names and keys are meant to pair up; a careless host gets the lengths wrong.
+    const int keyCount = m_dice.chance(0.6) ? count : m_dice.below(12);
+    for (int i = 0; i < count; ++i)
+      names.append(toOdString(m_dice.text()));
+    for (int i = 0; i < keyCount; ++i)
+      keys.append(m_dice.chance(0.8) ? Key(i) : Key(m_dice.integer()));
+    return m_dice.chance(0.8);
+  }
+  bool getListValue(int, unsigned long, PropVariant& listed) override { return someValue("getListValue", listed); }
+  bool getIcon(int, unsigned long, OdSharedPtr<PropIcon>& icon) override
+  {
+    if (!call("getIcon") || m_dice.chance(0.5))
+      return false;
+    icon = OdSharedPtr<PropIcon>(m_dice.chance(0.8) ? new PropUiQIcon(QIcon()) : nullptr);
+    return true;
+  }
+  bool getListText(int, const PropVariant&, OdString& text) override { return someText("getListText", text); }
+  unsigned int getElements(int, PropKeyArray& elements, OdStringArray& captions) override
+  {
+    elements.clear();
+    captions.clear();
+    if (!call("getElements"))
+      return 0;
+    const int count = m_dice.below(10);
+    const int captionCount = m_dice.chance(0.6) ? count : m_dice.below(10);
+    for (int i = 0; i < count; ++i)
+      elements.append(m_dice.chance(0.8) ? Key(i) : Key(m_dice.integer()));
+    for (int i = 0; i < captionCount; ++i)
+      captions.append(toOdString(m_dice.text()));
+    return m_dice.chance(0.7) ? elements.size() : unsigned(m_dice.integer());
+  }
+  bool getElementValue(int, unsigned long, PropVariant& read) override { return someValue("getElementValue", read); }
+  bool setElementValue(int, unsigned long, const PropVariant&) override { return write("setElementValue"); }
+  int getElementCount(int) override { return int(answer("getElementCount", m_dice.integer())); }
+  int getGroupCount(int) override { return int(answer("getGroupCount", m_dice.integer())); }
+  PropBagCtx* getContext() override { return call("getContext") && m_dice.chance(0.5) ? &m_context : nullptr; }
+  hostPropEditorReactor* getReactor(int) override
+  {
+    return call("getReactor") && m_dice.chance(0.5) ? &m_reactor : nullptr;
+  }
+
+  /** A value of any kind, with any state bits, or a type word that matches no value at all. */
+  PropVariant value()
+  {
+    PropVariant v;
+    switch (m_dice.below(10))
+    {
+    case 0: break;
+    case 1: v.setBool(m_dice.chance(0.5)); break;
+    case 2: v.setInt32(OdInt32(m_dice.integer())); break;
+    case 3: v.setInt16(OdInt16(m_dice.integer())); break;
+    case 4: v.setInt64(m_dice.integer()); break;
+    case 5: v.setUInt64(OdUInt64(m_dice.integer())); break;
+    case 6:
+    case 7: v.setDouble(m_dice.real()); break;
+    case 8: v.setString(toOdString(m_dice.text())); break;
+    default:
+    {
+      OdDoubleArray reals;
+      for (int n = m_dice.below(12); n > 0; --n)
+        reals.append(m_dice.real());
+      v.setDoubleArray(reals);
+    }
+    }
+    if (m_dice.chance(0.15))
+      v.setType(v.type() | PropVariant::kVaries);
+    if (m_dice.chance(0.1))
+      v.setType(v.type() | PropVariant::kNoData);
+    if (m_dice.chance(0.05))
+      v.setType(m_dice.word());
+    return v;
+  }
+
+private:
+  /** Reports focus like the host's reactor; a report from a control being destroyed is a fault. */
+  class Reactor : public hostPropEditorReactor
+  {
+  public:
+    explicit Reactor(RandomBag& bag) : m_bag(bag) {}
+    void focusChanged(int, unsigned long, bool) override { m_bag.call("the reactor's focusChanged"); }
+
+  private:
+    RandomBag& m_bag;
+  };
+
+  class Type : public PropItemType
+  {
+  public:
+    explicit Type(Dice& dice) : m_dice(dice) {}
+    int typeId() const override { return int(m_dice.integer()); }
+    OdString typeName() const override { return toOdString(m_dice.text()); }
+    OdGUID editorGuid() const override { return OdGUID(); }
+
+  private:
+    Dice& m_dice;
+  };
+
+  /** Notes a call and answers whether the bag says anything at all. */
+  bool call(const char* what)
+  {
+    if (retired)
+      faults << QStringLiteral("%1 called while the control is being destroyed").arg(QLatin1String(what));
+    return m_dice.chance(0.9);
+  }
+  long long answer(const char* what, long long random) { return call(what) ? random : 0; }
+  bool someText(const char* what, OdString& text)
+  {
+    if (!call(what))
+      return false;
+    text = toOdString(m_dice.text());
+    return m_dice.chance(0.8);
+  }
+  bool someValue(const char* what, PropVariant& v)
+  {
+    if (!call(what))
+      return false;
+    v = value();
+    return m_dice.chance(0.85);
+  }
+  bool write(const char* what)
+  {
+    if (!call(what))
+      return false;
+    if (m_refused)
+      faults << QStringLiteral("%1 after a refused validate").arg(QLatin1String(what));
+    maybeSideEffect(what);
+    return m_dice.chance(0.8);
+  }
+  /** A commit that the side effect starts again inside the first one is the same edit written twice. */
+  void maybeSideEffect(const char* what)
+  {
+    if (m_inSideEffect)
+      faults << QStringLiteral("%1 nested in another commit of the same control").arg(QLatin1String(what));
+    if (!sideEffect || m_inSideEffect || !m_dice.chance(0.2))
+      return;
+    m_inSideEffect = true;
+    sideEffect();
+    m_inSideEffect = false;
+  }
+  unsigned int flags()
+  {
+    const unsigned int known = PropBag::kHasActions | PropBag::kEditableList | PropBag::kCaptionOnCheckBox;
+    return m_dice.chance(0.8) ? (m_dice.word() & known) : m_dice.word();
+  }
+
+  Dice m_dice;
+  bool m_refused = false;
+  bool m_inSideEffect = false;
+  Type m_type{m_dice};
+  PropBagCtxBase m_context;
+  Reactor m_reactor{*this};
+};
