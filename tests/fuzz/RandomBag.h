@@ -3,6 +3,7 @@
 #include "OdStringQt.h"
 #include "PropAction.h"
 #include "PropBag.h"
+#include "PropUiOptions.h"
 #include "PropBagCtx.h"
 #include "PropItemType.h"
 #include "PropUiQIcon.h"
@@ -318,7 +319,7 @@ private:
   }
   unsigned int flags()
   {
-    const unsigned int known = PropBag::kHasActions | PropBag::kEditableList | PropBag::kCaptionOnCheckBox;
+    const unsigned int known = PropItemFlag::kHasActions | PropItemFlag::kEditableList | PropItemFlag::kCaptionOnCheckBox;
     return m_dice.chance(0.8) ? (m_dice.word() & known) : m_dice.word();
   }
 

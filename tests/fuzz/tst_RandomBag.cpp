@@ -2,7 +2,7 @@
 // at any moment, over a bag whose every answer is random.
 //
 // PROP_FUZZ_OPS      operations to run (20000)
-// PROP_FUZZ_SEED     seed of the run (a new one each run; printed at start)
+// PROP_FUZZ_SEED     seed of the run (fixed by default, so that a failure in CI replays; printed at start)
 // PROP_FUZZ_SKIP     operations left out, by name: "popup,deleteLater"
 // PROP_FUZZ_SKIP_KINDS  control kinds left out, by GUID text: "59F8790E-59D5-42C5-92AD-F2134A65C9CE"
 // PROP_FUZZ_NO_DELETE_WITH_FOCUS=1   move the focus out of a control before it is deleted
@@ -592,7 +592,7 @@ private slots:
     // GIVEN every registered kind, a seed and a count
     const std::vector<OdGUID> kinds = registeredKinds();
     QVERIFY(!kinds.empty());
-    const unsigned int seed = environmentNumber("PROP_FUZZ_SEED", QRandomGenerator::system()->generate());
+    const unsigned int seed = environmentNumber("PROP_FUZZ_SEED", 20261123u);
     const int operations = int(environmentNumber("PROP_FUZZ_OPS", 20000));
     qInfo("PROP_FUZZ_SEED=%u PROP_FUZZ_OPS=%d over %d kinds", seed, operations, int(kinds.size()));
 
