@@ -1,9 +1,9 @@
-#include "PropWidgetsService.h"
-
 // The factory interface has no virtual destructor by contract: a factory holds
 // no data and is deleted through the interface with the interface's size. The
 // handles below are the one place that deletes factories.
 #pragma GCC diagnostic ignored "-Wdelete-non-virtual-dtor"
+
+#include "PropWidgetsService.h"
 
 ODRX_DEFINE_MEMBERS(PropWidgetsService, OdRxObject, L"PropWidgetsService")
 
