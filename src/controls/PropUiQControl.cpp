@@ -33,14 +33,14 @@ PropUiQControl::~PropUiQControl()
 }
 
 PropUiQControl::ApplyingScope::ApplyingScope(PropUiQControl* control)
-  : m_control(control), m_entered(!control->m_applying && !isWindowGoingAway(control))
+  : m_control(control), m_held(!control->m_applying), m_entered(m_held && !isWindowGoingAway(control))
 {
   m_control->m_applying = true;
 }
 
 PropUiQControl::ApplyingScope::~ApplyingScope()
 {
-  if (m_entered)
+  if (m_held)
     m_control->m_applying = false;
 }
 

@@ -61,6 +61,8 @@ public:
 
   private:
     PropUiQControl* m_control;
+    /** This scope took the flag, and gives it back. */
+    bool m_held;
     bool m_entered;
   };
 

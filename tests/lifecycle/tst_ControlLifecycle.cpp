@@ -179,6 +179,30 @@ private slots:
     }
   }
 
+  // Hiding the window is not destroying it: the edit is committed once the
+  // window is gone from the screen, and the control stays ready for more.
+  void hidingTheWindowMidEditCommitsAfterwards()
+  {
+    RecordingBag bag;
+    const int item = bag.addItem(QStringLiteral("Radius"), realValue(2));
+    ControlWindow window(makeBound(PropUiGuidDouble, bag, item));
+    QVERIFY(window.showActive());
+    auto* edit = window.findChild<QLineEdit*>(QStringLiteral("edit"));
+    edit->setFocus(Qt::MouseFocusReason);
+    edit->selectAll();
+    QTest::keyClicks(edit, QStringLiteral("7"));
+    window.hide();
+    QTRY_COMPARE(bag.written.size(), 1);
+    QCOMPARE(bag.written[0].getDouble(), 7.0);
+
+    QVERIFY(window.showActive());
+    edit->setFocus(Qt::MouseFocusReason);
+    edit->selectAll();
+    QTest::keyClicks(edit, QStringLiteral("8"));
+    QTest::keyClick(edit, Qt::Key_Return);
+    QCOMPARE(bag.written.size(), 2);
+  }
+
   void messageOfADeletedControlIsDropped()
   {
     MessageCatcher messages;
