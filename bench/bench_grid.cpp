@@ -5,6 +5,9 @@
 // to 100,000 items.
 //
 //   bench_grid [ROUNDS]   (default 3; run with QT_QPA_PLATFORM=offscreen)
+//   bench_grid --child plain|ours ITEMS [--no-scroll]
+//                         one measurement, as the parent runs it; without the scroll
+//                         it is quick enough to profile under callgrind
 //
 // Every figure comes from a fresh child process, so that one view's heap and
 // peak RSS do not leak into the next; children of both kinds alternate and the
@@ -86,12 +89,8 @@ public:
   {
     if (!hasElements(index))
       return 0;
-    static const char* const names[kElementsPerGroup] = {"X", "Y", "Z"};
-    for (unsigned long e = 0; e < kElementsPerGroup; ++e)
-    {
-      elements.append(e);
-      captions.append(OdString(names[e]));
-    }
+    elements = m_elements;
+    captions = m_captions;
     return kElementsPerGroup;
   }
   bool getElementValue(int index, unsigned long element, PropVariant& value) override
@@ -104,6 +103,8 @@ public:
 private:
   std::vector<double> m_values;
   PlainType m_type;
+  const PropKeyArray m_elements{0, 1, 2};
+  const OdStringArray m_captions{OdString("X"), OdString("Y"), OdString("Z")};
 };
 
 /** The baseline: the same rows and texts, made on demand, with nothing behind them. */
@@ -191,7 +192,7 @@ struct Figures
 };
 
 /** One grid of one kind: built, painted, scrolled to the end and measured. */
-Figures measureOnce(bool ours, int items)
+Figures measureOnce(bool ours, int items, bool scroll)
 {
   odrxCreateModuleObject()->initApp();
   std::unique_ptr<NumberBag> bag(ours ? new NumberBag(items) : nullptr);
@@ -220,6 +221,8 @@ Figures measureOnce(bool ours, int items)
   const QPixmap firstPaint = view->grab();
   figures.populateMs = cpuMs() - startPopulate;
 
+  if (!scroll)
+    return figures;
   view->show();
   if (!QTest::qWaitForWindowExposed(view.get()))
     return figures;
@@ -307,9 +310,10 @@ int main(int argc, char** argv)
     qputenv("QT_QPA_PLATFORM", "offscreen");
   QApplication app(argc, argv);
 
-  if (argc == 4 && qstrcmp(argv[1], "--child") == 0)
+  if (argc >= 4 && qstrcmp(argv[1], "--child") == 0)
   {
-    const Figures f = measureOnce(qstrcmp(argv[2], "ours") == 0, std::max(1, atoi(argv[3])));
+    const bool scroll = !(argc > 4 && qstrcmp(argv[4], "--no-scroll") == 0);
+    const Figures f = measureOnce(qstrcmp(argv[2], "ours") == 0, std::max(1, atoi(argv[3])), scroll);
     std::printf("%.3f %.3f %.0f %d\n", f.populateMs, f.scrollMs, f.rssKiB, f.scrolledRows);
     return 0;
   }

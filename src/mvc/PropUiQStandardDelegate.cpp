@@ -58,6 +58,7 @@ void PropUiQStandardDelegate::setSubDelegate(const OdGUID& guid, PropUiQControlD
   if (held && held != delegate)
     delete held.data();
   held = delegate;
+  m_resolved.clear();
   // A sub-delegate added after binding serves the same bag at once.
   delegate->setPropBag(m_bag);
   delegate->setFormatter(m_standardFormatter ? formatterForKey(key) : m_formatter);
@@ -73,9 +74,14 @@ PropUiQControlDelegate* PropUiQStandardDelegate::subDelegateForItem(int item) co
 {
   if (!m_bag)
     return nullptr;
-  if (PropUiQControlDelegate* own = subDelegate(m_bag->getControlGuid(item)))
-    return own;
-  return subDelegate(OdGUID::kNull);
+  const OdGUID guid = m_bag->getControlGuid(item);
+  if (auto* known = m_resolved.find(guid))
+    return known;
+  PropUiQControlDelegate* delegate = subDelegate(guid);
+  if (!delegate)
+    delegate = subDelegate(OdGUID::kNull);
+  m_resolved.remember(guid, delegate);
+  return delegate;
 }
 
 PropUiQFormatter* PropUiQStandardDelegate::formatterForKey(const std::wstring& key) const

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "OdGUID.h"
+#include "PropUiGuidLookupCache.h"
 #include "PropUiQControlDelegate.h"
 #include <QPointer>
 #include <map>
@@ -52,4 +53,5 @@ private:
   std::map<std::wstring, QPointer<PropUiQControlDelegate> > m_subDelegates;
   PropUiQFormatter* m_formatter = nullptr;
   PropUiQStandardFormatter* m_standardFormatter = nullptr;
+  mutable PropUiGuidLookupCache<PropUiQControlDelegate> m_resolved;
 };

@@ -26,6 +26,7 @@ void PropUiQStandardFormatter::registerFormatter(const OdGUID& typeGuid, PropUiQ
   if (held && held != formatter)
     delete held.data();
   held = formatter;
+  m_resolved.clear();
 }
 
 PropUiQFormatter* PropUiQStandardFormatter::formatterFor(const OdString& keyText) const
@@ -44,7 +45,12 @@ PropUiQFormatter* PropUiQStandardFormatter::formatterForItem(int item) const
   PropItemType* type = m_bag->getItemType(item);
   if (!type)
     return nullptr;
-  return formatterFor(type->editorGuid().toString());
+  const OdGUID guid = type->editorGuid();
+  if (auto* known = m_resolved.find(guid))
+    return known;
+  PropUiQFormatter* formatter = formatterFor(guid.toString());
+  m_resolved.remember(guid, formatter);
+  return formatter;
 }
 
 void PropUiQStandardFormatter::setPropBag(PropBag* bag)

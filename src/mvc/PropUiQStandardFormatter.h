@@ -1,6 +1,7 @@
 #pragma once
 
 #include "OdGUID.h"
+#include "PropUiGuidLookupCache.h"
 #include "PropUiQFormatter.h"
 #include <QPointer>
 #include <map>
@@ -40,6 +41,7 @@ public:
 
 private:
   std::map<std::wstring, QPointer<PropUiQFormatter> > m_formatters;
+  mutable PropUiGuidLookupCache<PropUiQFormatter> m_resolved;
 };
 
 /** The usual set: a standard formatter holding the default formatter (the drawing-attribute ones come later). */

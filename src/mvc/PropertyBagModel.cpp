@@ -4,6 +4,7 @@
 #include "PropBag.h"
 #include "PropUiQFormatter.h"
 #include <QIcon>
+#include <algorithm>
 #include <vector>
 
 namespace
@@ -35,6 +36,17 @@ struct PropertyBagModel::Private
   // Only the addresses count: an element row's pointer names its item by its distance from the start.
   std::vector<char> anchors;
   PropUiQFormatter* formatter = nullptr;
+  // A view asks for an item's row count many times while it lays out, and a bag builds its element
+  // list (captions included) each time; -1 until asked, and again after a change notice.
+  mutable std::vector<int> elementCounts;
+
+  int elementsOf(int item) const
+  {
+    int& count = elementCounts[std::size_t(item)];
+    if (count < 0)
+      count = int(elementCount(bag, item));
+    return count;
+  }
 
   bool isItemRow(const QModelIndex& index) const { return index.internalPointer() == &s_itemRowSentinel; }
   /** The item of an element row, -1 when its anchor is not one of ours. */
@@ -96,7 +108,7 @@ int PropertyBagModel::rowCount(const QModelIndex& parent) const
     return std::min(d->bag->getItemCount(), d->anchoredItems()); // rows beyond the bound count do not exist
   if (parent.model() != this || !d->isItemRow(parent) || parent.column() != 0 || parent.row() >= d->anchoredItems())
     return 0;
-  return int(elementCount(d->bag, parent.row()));
+  return d->elementsOf(parent.row());
 }
 
 int PropertyBagModel::columnCount(const QModelIndex&) const
@@ -128,9 +140,13 @@ void PropertyBagModel::setPropBag(PropBag* bag)
 {
   beginResetModel();
   d->anchors.clear();
+  d->elementCounts.clear();
   d->bag = bag;
   if (bag)
+  {
     d->anchors.resize(std::size_t(std::max(0, bag->getItemCount())));
+    d->elementCounts.assign(d->anchors.size(), -1);
+  }
   endResetModel();
 }
 
@@ -145,9 +161,15 @@ void PropertyBagModel::itemChanged(int item)
     return;
   const int rows = std::min(d->bag->getItemCount(), d->anchoredItems());
   if (item >= 0 && item < rows)
+  {
+    d->elementCounts[std::size_t(item)] = -1;
     emit dataChanged(index(item, 0), index(item, 1), kChangedRoles);
+  }
   else if (item == -1 && rows > 0)
+  {
+    std::fill(d->elementCounts.begin(), d->elementCounts.end(), -1);
     emit dataChanged(index(0, 0), index(rows - 1, 1), kChangedRoles);
+  }
 }
 
 QVariant PropertyBagModel::data(const QModelIndex& index, int role) const
@@ -164,10 +186,11 @@ QVariant PropertyBagModel::data(const QModelIndex& index, int role) const
 
 OdUInt64 PropertyBagModel::Private::chosenEntry(int item) const
 {
+  // The flags first: most items are no choice, and every painted cell asks for this role.
+  if (!(bag->getFlags(item) & kChoiceFlag))
+    return 0;
   PropVariant value;
   if (!bag->getValue(item, value) || value.isVaries())
-    return 0;
-  if (!(bag->getFlags(item) & kChoiceFlag))
     return 0;
   OdStringArray names;
   PropKeyArray keys;

@@ -261,10 +261,15 @@ private slots:
     grid.delegate->setFormatter(&plain);
     QCOMPARE(layer->formatter(), &plain);
 
-    // A replaced entry is deleted with its key.
+    // A replaced entry is deleted with its key, and its items go to the new one.
     QPointer<PropUiQControlDelegate> old = layer;
-    grid.delegate->setSubDelegate(PropUiGuidLayer, new PropUiQLayerDelegate);
+    auto* replacement = new PropUiQLayerDelegate;
+    grid.delegate->setSubDelegate(PropUiGuidLayer, replacement);
     QVERIFY(!old);
+    QCOMPARE(grid.delegate->subDelegateForItem(2), static_cast<PropUiQControlDelegate*>(replacement));
+    // One deleted behind the standard delegate's back leaves its items to the default one.
+    delete replacement;
+    QCOMPARE(grid.delegate->subDelegateForItem(2), fallback);
   }
 
   void paintsOnlyPropertyCells()

@@ -239,6 +239,27 @@ private slots:
     QCOMPARE(changed[1][1].toModelIndex(), model.index(3, 1));
   }
 
+  void elementRowsFollowChangeNotices()
+  {
+    RecordingBag bag;
+    fill(bag, Mixed);
+    PropertyBagModel model;
+    model.setPropBag(&bag);
+    const QModelIndex point = model.index(1, 0);
+    QCOMPARE(model.rowCount(point), 3);
+
+    bag.item(1).elements = {0, 1};
+    model.itemChanged(1);
+    QCOMPARE(model.rowCount(point), 2);
+    bag.item(1).elements.clear();
+    model.itemChanged(-1);
+    QCOMPARE(model.rowCount(point), 0);
+    QVERIFY(!model.hasChildren(point));
+    bag.item(1).elements = {0, 1, 2};
+    model.setPropBag(&bag);
+    QCOMPARE(model.rowCount(model.index(1, 0)), 3);
+  }
+
   void getPropDataChecksTypesExactly()
   {
     QStandardItemModel host(1, 1);
