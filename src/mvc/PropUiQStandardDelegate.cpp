@@ -184,6 +184,18 @@ void PropUiQStandardDelegate::updateEditorGeometry(QWidget* editor, const QStyle
   PropUiQControlDelegate::placeEditor(editor, option);
 }
 
+bool PropUiQStandardDelegate::editorEvent(QEvent* event, QAbstractItemModel* model,
+                                          const QStyleOptionViewItem& option, const QModelIndex& index)
+{
+  int item = -1;
+  unsigned long sub = 0;
+  bool isSubItem = false;
+  if (propertyOf(index, item, sub, isSubItem))
+    if (QAbstractItemDelegate* delegate = subDelegateForItem(item))
+      return delegate->editorEvent(event, model, option, index); // public on the abstract base only
+  return QStyledItemDelegate::editorEvent(event, model, option, index);
+}
+
 void PropUiQStandardDelegate::setPropBag(PropBag* bag)
 {
   m_bag = bag;

@@ -31,6 +31,9 @@ public:
   void setModelData(QWidget* editor, QAbstractItemModel* model, const QModelIndex& index) const override;
   void updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,
                             const QModelIndex& index) const override;
+  /** A cell's events go to the sub-delegate that paints it, so that the icons it paints can be clicked. */
+  bool editorEvent(QEvent* event, QAbstractItemModel* model, const QStyleOptionViewItem& option,
+                   const QModelIndex& index) override;
 
   void setPropBag(PropBag* bag) override;
   /** A standard formatter gives each sub-delegate the formatter of its key; any other is shared by all. */

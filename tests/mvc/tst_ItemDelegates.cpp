@@ -318,6 +318,47 @@ private slots:
              QStyledItemDelegate().sizeHint(option, cell).width() + 2 * 20);
   }
 
+  void actionIconClickedInATreeViewRunsOnce()
+  {
+    ActionBag bag;
+    TestMvcGroup group;
+    QTreeView view;
+    view.setModel(hostCreatePropUiItemModel(&group, &view));
+    view.setItemDelegate(hostCreatePropUiItemDelegate(&group, &view));
+    PropUiQDefaultFormatter formatter(nullptr);
+    formatter.setPropBag(&bag);
+    group.setFormatter(&formatter);
+    group.setPropBag(&bag);
+    view.setEditTriggers(QAbstractItemView::AllEditTriggers);
+    view.setIconSize(QSize(16, 16));
+    view.resize(400, 200);
+    view.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&view));
+
+    // The icons' place, from the same layout the delegate paints them with.
+    const QModelIndex cell = view.model()->index(0, 1);
+    const QRect cellRect = view.visualRect(cell);
+    host_qt_ui_core::QHostActionsItemElement icons;
+    icons.addAction(QIcon());
+    icons.addAction(QIcon());
+    QPoint onFirst;
+    for (int x = cellRect.left(); x <= cellRect.right() && onFirst.isNull(); ++x)
+      if (icons.hitAction(cellRect, view.iconSize(), QPoint(x, cellRect.center().y())) == 0)
+        onFirst = QPoint(x + 2, cellRect.center().y());
+    QVERIFY(!onFirst.isNull());
+
+    QTest::mousePress(view.viewport(), Qt::LeftButton, Qt::NoModifier, onFirst);
+    QTest::mouseRelease(view.viewport(), Qt::LeftButton, Qt::NoModifier, onFirst);
+    QCOMPARE(bag.executed.size(), 1);
+    QCOMPARE(bag.executed[0], static_cast<PropAction*>(bag.actions[0]));
+    QVERIFY(!view.selectionModel()->isSelected(cell)); // the press was the icon's, not the view's
+
+    // A click beside the icons is the view's as before.
+    QTest::mouseClick(view.viewport(), Qt::LeftButton, Qt::NoModifier, cellRect.topLeft() + QPoint(4, 4));
+    QCOMPARE(bag.executed.size(), 1);
+    QVERIFY(view.selectionModel()->isSelected(cell));
+  }
+
   void cacheKeptForItsOwnItemOnly()
   {
     ActionBag bag;
