@@ -147,11 +147,22 @@ void DemoWindow::buildGrid()
   m_gridView->setAlternatingRowColors(true);
   m_gridView->setUniformRowHeights(true);
   m_gridView->header()->hide();
+  // A section is a heading, not a property: its caption spans the row, as it does in the panel.
+  connect(model, &QAbstractItemModel::modelReset, this, &DemoWindow::spanSectionRows);
   m_gridGroup.setFormatter(m_gridFormatter);
   m_gridGroup.setPropBag(m_bag);
+  spanSectionRows();
   m_gridView->expandAll();
   m_gridView->header()->setSectionResizeMode(0, QHeaderView::ResizeToContents);
   m_gridView->header()->setStretchLastSection(true);
+}
+
+void DemoWindow::spanSectionRows()
+{
+  // The grid's rows are the bag's items, in order; a reset forgets the spans with its indexes.
+  const int rows = m_gridView->model()->rowCount();
+  for (int row = 0; row < rows; ++row)
+    m_gridView->setFirstColumnSpanned(row, QModelIndex(), m_bag->kindOf(row) == DemoBag::Caption);
 }
 
 void DemoWindow::refreshControl(PropUiQWidget* control)

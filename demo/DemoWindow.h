@@ -39,6 +39,7 @@ public:
 private:
   void buildRows();
   void buildGrid();
+  void spanSectionRows();
   void refresh();
   void refreshControl(PropUiQWidget* control);
   void showRedraws();

@@ -9,6 +9,17 @@
 #include <QPainter>
 #include <cmath>
 
+namespace
+{
+
+// The actions act on the value: the name cell of the same row neither shows nor hit-tests them.
+bool isValueCell(const QModelIndex& index)
+{
+  return index.column() == 1;
+}
+
+} // namespace
+
 PropUiQLayerDelegate::PropUiQLayerDelegate(QObject* parent) : PropUiQControlDelegate(parent) {}
 
 void PropUiQLayerDelegate::loadActions(int item, unsigned long sub) const
@@ -49,7 +60,7 @@ void PropUiQLayerDelegate::paint(QPainter* painter, const QStyleOptionViewItem& 
     loadActions(item, sub);
 
   QStyleOptionViewItem textOption(option);
-  if (!m_actions.isEmpty())
+  if (!m_actions.isEmpty() && isValueCell(index))
   {
     const QWidget* widget = option.widget;
     QStyle* style = widget ? widget->style() : QApplication::style();
@@ -87,7 +98,7 @@ QSize PropUiQLayerDelegate::sizeHint(const QStyleOptionViewItem& option, const Q
   int item = -1;
   unsigned long sub = 0;
   bool isSubItem = false;
-  if (!PropUiQtMVCInterface::getPropData(index, item, sub, isSubItem))
+  if (!isValueCell(index) || !PropUiQtMVCInterface::getPropData(index, item, sub, isSubItem))
     return base;
   if (item != m_cachedItem)
     loadActions(item, sub);
@@ -102,7 +113,7 @@ bool PropUiQLayerDelegate::editorEvent(QEvent* event, QAbstractItemModel* model,
   int item = -1;
   unsigned long sub = 0;
   bool isSubItem = false;
-  if ((!press && !release) || !PropUiQtMVCInterface::getPropData(index, item, sub, isSubItem))
+  if ((!press && !release) || !isValueCell(index) || !PropUiQtMVCInterface::getPropData(index, item, sub, isSubItem))
     return QStyledItemDelegate::editorEvent(event, model, option, index);
   if (item != m_cachedItem)
     loadActions(item, sub);

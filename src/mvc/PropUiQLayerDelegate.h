@@ -5,8 +5,8 @@
 
 /**
  * The sub-delegate of items that carry actions in their cell: it paints the
- * item's action icons at the cell's right end, runs an action when its icon
- * is pressed, and greys out values the bag's context marks as disabled.
+ * item's action icons at the right end of the value cell, runs an action when
+ * its icon is pressed, and greys out values the bag's context marks as disabled.
  */
 class PROPWIDGETS_EXPORT PropUiQLayerDelegate : public PropUiQControlDelegate
 {

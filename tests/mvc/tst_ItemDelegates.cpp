@@ -316,6 +316,12 @@ private slots:
     QCOMPARE(bag.executed.size(), 1);
     QCOMPARE(delegate.sizeHint(option, cell).width(),
              QStyledItemDelegate().sizeHint(option, cell).width() + 2 * 20);
+
+    // The name cell of the same row has no icons: nothing runs there and it needs no room for them.
+    const QModelIndex name = holder.model.index(0, 0);
+    QVERIFY(!delegate.editorEvent(&press, &holder.model, option, name));
+    QCOMPARE(bag.executed.size(), 1);
+    QCOMPARE(delegate.sizeHint(option, name), QStyledItemDelegate().sizeHint(option, name));
   }
 
   void actionIconClickedInATreeViewRunsOnce()
