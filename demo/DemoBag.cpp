@@ -1,4 +1,3 @@
-#include "PropUiOptions.h"
 #include "DemoBag.h"
 
 #include "DemoActions.h"
@@ -6,6 +5,7 @@
 #include "OdStringQt.h"
 #include "PropUiGuids.h"
 #include "PropUiIcons.h"
+#include "PropUiOptions.h"
 #include "PropUiQIcon.h"
 #include <QDate>
 #include <QLocale>
@@ -15,11 +15,6 @@
 
 namespace
 {
-
-// Option bits the demo asks of its controls through the item flags:
-// tool tips from the description, and elided line edits.
-constexpr unsigned int kToolTips = 0x40;
-constexpr unsigned int kElided = 0x10000;
 
 QIcon letterIcon(const QString& letter, const QColor& color)
 {
@@ -93,7 +88,7 @@ struct DemoBag::Item
   QString description;
   QString category;
   OdGUID guid;
-  unsigned int flags = kToolTips;
+  unsigned int flags = PropUiOption::kToolTipFilter;
   PropVariant value;
   int decimals = 3;
   bool hasRange = false;
@@ -159,7 +154,7 @@ void DemoBag::buildItems()
 
   Item& name = add(Text, QObject::tr("Name"), PropUiGuidText, QObject::tr("The name shown in the object browser"));
   name.value = text(QStringLiteral("Wheel hub, front left"));
-  name.flags |= kElided;
+  name.flags |= PropUiOption::kElided;
   name.check = [](const PropVariant& v) {
     return toQString(v.getString()).trimmed().isEmpty() ? QObject::tr("A name cannot be empty.") : QString();
   };
@@ -167,7 +162,7 @@ void DemoBag::buildItems()
   // A layer has no panel control yet; in the grid its cell carries a lock command as an icon.
   Item& layer = add(Text, QObject::tr("Layer"), PropUiGuidLayer, QObject::tr("The layer the object is drawn on"));
   layer.value = text(QStringLiteral("Hub outlines"));
-  layer.flags |= kHasActions;
+  layer.flags |= PropItemFlag::kHasActions;
   Item* layerItem = &layer;
   layer.actions.append(OdSharedPtr<PropAction>(new DemoAction(QObject::tr("Lock the layer"), propUiGetIcon(QStringLiteral("lock")), [layerItem]() {
     layerItem->value = text(toQString(layerItem->value.getString()) + QObject::tr(" (locked)"));
@@ -176,7 +171,7 @@ void DemoBag::buildItems()
 
   Item& note = add(Text, QObject::tr("Revision note"), PropUiGuidVariant, QObject::tr("Free text kept with the object"));
   note.value = text(QStringLiteral("Bore widened to 42 mm after the fit test of rev. C"));
-  note.flags |= kElided;
+  note.flags |= PropUiOption::kElided;
 
   Item& visible = add(Bool, QObject::tr("Visible"), PropUiGuidBool, QObject::tr("Whether the object is drawn"));
   visible.value = boolean(true);
@@ -246,7 +241,7 @@ void DemoBag::buildItems()
   opacity.max = 100;
 
   Item& vertices = add(Vertices, QObject::tr("Vertices"), PropUiGuidDouble, QObject::tr("Corner points of the outline"));
-  vertices.flags |= 0x8; // the multi-line form, one row per coordinate
+  vertices.flags |= PropUiOption::kMultiLine; // one row per coordinate
   vertices.elements = {0.0, 0.0, 40.0, 0.0, 40.0, 25.0, 0.0, 25.0};
   vertices.elementCaptions = QStringList{QObject::tr("X"), QObject::tr("Y")};
 
@@ -255,7 +250,7 @@ void DemoBag::buildItems()
   Item& height = add(Number, QObject::tr("Text height"), PropUiGuidDouble, QObject::tr("A standard height, or type your own"));
   height.value = number(3.5);
   height.decimals = 2;
-  height.flags |= 0x2 | PropItemFlag::kEditableList;
+  height.flags |= PropUiOption::kTextCombo | PropItemFlag::kEditableList;
   for (double h : {1.8, 2.5, 3.5, 5.0, 7.0})
   {
     height.choiceNames.append(QLocale::c().toString(h, 'f', 2));
@@ -289,7 +284,7 @@ void DemoBag::buildItems()
   justify.value = integer(5);
 
   Item& align = add(Choice, QObject::tr("Alignment"), PropUiGuidPushButtons, QObject::tr("Alignment of the text lines"));
-  align.flags |= 0x10000; // buttons to the left
+  align.flags |= PropUiOption::kAlignLeft;
   for (const QString& a : {QObject::tr("Left"), QObject::tr("Centre"), QObject::tr("Right")})
   {
     align.choiceNames.append(a);
@@ -298,7 +293,7 @@ void DemoBag::buildItems()
   align.value = text(QObject::tr("Left"));
 
   Item& units = add(Choice, QObject::tr("Units"), PropUiGuidRadioButtons, QObject::tr("Units of the dimension text"));
-  units.flags |= 0x10000;
+  units.flags |= PropUiOption::kAlignLeft;
   for (const QString& u : {QStringLiteral("mm"), QStringLiteral("cm"), QStringLiteral("m")})
   {
     units.choiceNames.append(u);
@@ -307,7 +302,7 @@ void DemoBag::buildItems()
   units.value = text(QStringLiteral("mm"));
 
   Item& frame = add(Choice, QObject::tr("Frame"), PropUiGuidToolButtons, QObject::tr("The frame drawn around the text"));
-  frame.flags |= 0x10000;
+  frame.flags |= PropUiOption::kAlignLeft;
   const QStringList frames{QObject::tr("None"), QObject::tr("Box"), QObject::tr("Round")};
   for (int i = 0; i < frames.size(); ++i)
   {
@@ -320,12 +315,12 @@ void DemoBag::buildItems()
   add(Caption, QObject::tr("Commands"), PropUiGuidLabel, QObject::tr("What can be done with the selection"));
 
   Item& tools = add(Commands, QObject::tr("Quick tools"), PropUiGuidActionToolButtons, QObject::tr("Commands for the selection"));
-  tools.flags |= 0x10000; // buttons to the left
+  tools.flags |= PropUiOption::kAlignLeft;
   for (const QString& c : {QObject::tr("Zoom to"), QObject::tr("Select similar"), QObject::tr("Isolate")})
     tools.actions.append(OdSharedPtr<PropAction>(new DemoAction(c, QIcon(), []() { return true; })));
 
   Item& commands = add(Commands, QObject::tr("Match"), PropUiGuidActionPushButtons, QObject::tr("Copy properties between objects"));
-  commands.flags |= 0x10000 | 0x40000; // small square buttons: pictures, captions in the tool tips
+  commands.flags |= PropUiOption::kAlignLeft | PropUiOption::kIconsOnly; // captions go to the tool tips
   for (const QString& c : {QObject::tr("Match properties"), QObject::tr("Reset all")})
     commands.actions.append(OdSharedPtr<PropAction>(new DemoAction(c, QIcon(), []() { return true; })));
 }
