@@ -417,6 +417,33 @@ private:
     PropUiQDefaultFormatter formatter;
     PropertyBagModel model;
   };
+
+  // The view goes while the user types in a cell (the host rebuilt its
+  // palette): the half-typed edit is dropped and the bag hears nothing.
+  void anEditorDestroyedMidEditTouchesNoBag()
+  {
+    RecordingBag bag;
+    fill(bag);
+    Grid grid(bag);
+    QWidget window;
+    auto* view = new QTreeView(&window);
+    view->setModel(grid.model);
+    view->setItemDelegate(grid.delegate);
+    window.resize(400, 300);
+    window.show();
+    window.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&window));
+    const QModelIndex cell = grid.model->index(0, 1);
+    view->setCurrentIndex(cell);
+    view->edit(cell);
+    QLineEdit* edit = nullptr;
+    QTRY_VERIFY((edit = view->viewport()->findChild<QLineEdit*>()) && edit->hasFocus());
+    QTest::keyClicks(edit, QStringLiteral("9"));
+    bag.clearCalls();
+    delete view;
+    QCoreApplication::processEvents();
+    QVERIFY2(bag.calls.isEmpty(), qPrintable(bag.calls.join(QLatin1Char(' '))));
+  }
 };
 
 QTEST_MAIN(TestItemDelegates)
