@@ -55,8 +55,12 @@ namespace PropItemFlag
 
 /** The item offers actions: its control shows them in a toolbar beside the editor. */
 constexpr unsigned int kHasActions = 0x1;
+/** The item's value is one of its listed choices: a grid shows the choice's text and picture. */
+constexpr unsigned int kChoice = 0x2;
 /** A combo box over the item may be typed into, with completion. */
 constexpr unsigned int kEditableList = 0x4;
+/** The item's value is shown with the position of its element (a grid asks the formatter so). */
+constexpr unsigned int kIndexed = 0x8;
 /** A check box shows the item's caption as its own text. */
 constexpr unsigned int kCaptionOnCheckBox = 0x10;
 

@@ -2,6 +2,7 @@
 
 #include "OdStringQt.h"
 #include "PropBag.h"
+#include "PropUiOptions.h"
 #include "PropUiQFormatter.h"
 #include <QIcon>
 #include <algorithm>
@@ -13,9 +14,6 @@ namespace
 // The internal pointer of an item row; element rows point at their item's anchor instead.
 char s_itemRowSentinel;
 
-constexpr unsigned int kChoiceFlag = 0x2;
-constexpr unsigned int kEditableChoiceFlag = 0x4;
-constexpr unsigned int kIndexedFlag = 0x8;
 
 const QVector<int> kChangedRoles = {Qt::DisplayRole, Qt::DecorationRole, PropItemIndexRole, PropSubIndexRole,
                                     PropIsSubItemRole};
@@ -186,11 +184,10 @@ QVariant PropertyBagModel::data(const QModelIndex& index, int role) const
 
 OdUInt64 PropertyBagModel::Private::chosenEntry(int item) const
 {
-  // The flags first: most items are no choice, and every painted cell asks for this role.
-  if (!(bag->getFlags(item) & kChoiceFlag))
-    return 0;
   PropVariant value;
   if (!bag->getValue(item, value) || value.isVaries())
+    return 0;
+  if (!(bag->getFlags(item) & PropItemFlag::kChoice))
     return 0;
   OdStringArray names;
   PropKeyArray keys;
@@ -232,10 +229,10 @@ QVariant PropertyBagModel::Private::itemRowData(int item, int column, int role, 
   if (!bag->getValue(item, value))
     return QVariant();
   if (value.isVaries())
-    return role == Qt::DisplayRole ? QVariant(QStringLiteral("*VARIES*")) : QVariant(QIcon());
+    return role == Qt::DisplayRole ? QVariant(PropertyBagModel::tr("*VARIES*")) : QVariant(QIcon());
   const unsigned int flags = bag->getFlags(item);
-  const bool choice = flags & (kChoiceFlag | kEditableChoiceFlag);
-  if (!choice && !(flags & kIndexedFlag))
+  const bool choice = flags & (PropItemFlag::kChoice | PropItemFlag::kEditableList);
+  if (!choice && !(flags & PropItemFlag::kIndexed))
     return role == Qt::DisplayRole ? QVariant(formatter->getText(item, value)) : formatter->getIcon(item, value);
   // Read back through the model, as a host that overrides the sub index role would have it.
   const QVariant sub = owner->data(index, PropSubIndexRole);
@@ -278,7 +275,7 @@ QVariant PropertyBagModel::Private::elementRowData(int item, int element, int co
   if (!bag->getElementValue(item, unsigned(element), value))
     return QVariant();
   if (value.isVaries())
-    return QStringLiteral("*varies*");
+    return PropertyBagModel::tr("*varies*");
   OdString text;
   if (!bag->formatValue(item, unsigned(element), value, text))
     return QVariant();
