@@ -42,24 +42,6 @@ private slots:
                                      QStringLiteral("getValue(0)"), QStringLiteral("formatValue(0,0)")}));
   }
 
-  void escapeRestoresAndWritesNothing()
-  {
-    RecordingBag bag;
-    const int item = addRadius(bag);
-    ControlWindow window(boundControl<PropUiQDoubleCtrl>(bag, item));
-    auto* control = window.findChild<PropUiQDoubleCtrl*>();
-    QVERIFY(window.showActive());
-    control->lineEdit()->setFocus();
-    bag.clearCalls();
-
-    QTest::keyClicks(control->lineEdit(), QStringLiteral("99"));
-    QTest::keyClick(control->lineEdit(), Qt::Key_Escape);
-    QCOMPARE(control->lineEdit()->text(), QStringLiteral("12.5"));
-    window.other->setFocus(Qt::MouseFocusReason);
-    QTRY_VERIFY(window.other->hasFocus());
-    QVERIFY(!bag.called(QStringLiteral("parseValue")) && !bag.called(QStringLiteral("setValue")));
-  }
-
   void refusalOnLeavingIsSilentButReturnShowsTheMessage()
   {
     MessageCatcher messages;
