@@ -17,11 +17,13 @@
 #include "PropUiQLabel.h"
 #include "PropUiQListCtrl.h"
 #include "PropUiQMLineEdit.h"
+#include "PropUiQMultiTextComboCtrl.h"
 #include "PropUiQPushButtonsCtrl.h"
 #include "PropUiQRadioButtonsCtrl.h"
 #include "PropUiQScale2d.h"
 #include "PropUiQSliderCtrl.h"
 #include "PropUiQSwitchBox.h"
+#include "PropUiQTableCtrl.h"
 #include "PropUiQTextCheckBox.h"
 #include "PropUiQTextComboCtrl.h"
 #include "PropUiQTextCtrl.h"
@@ -67,6 +69,8 @@ typedef PassOptionsFactory<PropUiQRadioButtonsCtrl> PropUiQRadioButtonsCtrlFacto
 typedef PlainFactory<PropUiQButtons3x3Ctrl, true> PropUiQButtons3x3CtrlFactory;
 typedef PlainFactory<PropUiQSliderCtrl, true> PropUiQSliderCtrlFactory;
 typedef PlainFactory<PropUiQDateCtrl, true> PropUiQDateCtrlFactory;
+typedef PlainFactory<PropUiQTableCtrl, true> PropUiQTableCtrlFactory;
+typedef PlainFactory<PropUiQMultiTextComboCtrl, true> PropUiQMultiTextComboCtrlFactory;
 
 } // namespace
 
@@ -94,10 +98,12 @@ void registerBuiltinFactories()
   propUiRegisterWidget(PropUiGuidTextSwitch, new PropUiQTextSwitchCtrlFactory);
   propUiRegisterWidget(PropUiGuidVariant, new PropUiQVariantCtrlFactory);
   propUiRegisterWidget(PropUiGuidList, new PropUiQListCtrlFactory);
+  propUiRegisterWidget(PropUiGuidTable, new PropUiQTableCtrlFactory);
   propUiRegisterWidget(PropUiGuidPushButtons, new PropUiQPushButtonsCtrlFactory);
   propUiRegisterWidget(PropUiGuidToolButtons, new PropUiQToolButtonsCtrlFactory);
   propUiRegisterWidget(PropUiGuidRadioButtons, new PropUiQRadioButtonsCtrlFactory);
   propUiRegisterWidget(PropUiGuidButtons3x3, new PropUiQButtons3x3CtrlFactory);
   propUiRegisterWidget(PropUiGuidSlider, new PropUiQSliderCtrlFactory);
+  propUiRegisterWidget(PropUiGuidMultiTextCombo, new PropUiQMultiTextComboCtrlFactory);
   propUiRegisterWidget(PropUiGuidDate, new PropUiQDateCtrlFactory);
 }
