@@ -79,6 +79,26 @@ PropVariant boolean(bool b)
   return v;
 }
 
+PropVariant texts(const QStringList& list)
+{
+  OdStringArray array;
+  for (const QString& s : list)
+    array.append(toOdString(s));
+  PropVariant v;
+  v.setStringArray(array);
+  return v;
+}
+
+PropVariant numbers(std::initializer_list<double> list)
+{
+  OdDoubleArray array;
+  for (double d : list)
+    array.append(d);
+  PropVariant v;
+  v.setDoubleArray(array);
+  return v;
+}
+
 } // namespace
 
 struct DemoBag::Item
@@ -105,6 +125,8 @@ struct DemoBag::Item
   /** The selection disagrees on the value (or on each element). */
   bool mixed = false;
   QVector<bool> elementMixed;
+  /** Elements that are not coordinates: a list's check boxes, a table's shape and labels. */
+  QVector<PropVariant> parts;
   std::unique_ptr<ItemType> type;
 };
 
@@ -137,7 +159,7 @@ DemoBag::Item& DemoBag::add(Kind kind, const QString& name, const OdGUID& guid, 
   item->description = description;
   // Editors pick their validators by the type's GUID: numbers are numbers whatever control shows them.
   OdGUID typeGuid = guid;
-  if (kind == Number || kind == Vertices)
+  if (kind == Number || kind == Vertices || kind == Point || kind == Scale)
     typeGuid = PropUiGuidDouble;
   else if (kind == Integer)
     typeGuid = PropUiGuidInteger;
@@ -245,6 +267,50 @@ void DemoBag::buildItems()
   vertices.elements = {0.0, 0.0, 40.0, 0.0, 40.0, 25.0, 0.0, 25.0};
   vertices.elementCaptions = QStringList{QObject::tr("X"), QObject::tr("Y")};
 
+  Item& start = add(Point, QObject::tr("Start point"), PropUiGuidCoords3d, QObject::tr("Where the centre line starts"));
+  start.elements = {0.0, 0.0, 0.0};
+  start.elementCaptions = QStringList{QObject::tr("X"), QObject::tr("Y"), QObject::tr("Z")};
+
+  Item& end = add(Point, QObject::tr("End point"), PropUiGuidCoords2d, QObject::tr("Where the centre line ends, in plan"));
+  end.elements = {120.0, 45.0};
+  end.elementCaptions = QStringList{QObject::tr("X"), QObject::tr("Y")};
+
+  Item& corners = add(Vertices, QObject::tr("3D vertices"), PropUiGuidCoords3d, QObject::tr("Corners of the hub's bounding box"));
+  corners.elements = {0.0, 0.0, 0.0, 40.0, 0.0, 0.0, 40.0, 25.0, 0.0, 0.0, 25.0, 12.0};
+  corners.elementCaptions = QStringList{QObject::tr("X"), QObject::tr("Y"), QObject::tr("Z")};
+
+  Item& blockScale = add(Scale, QObject::tr("Block scale"), PropUiGuidScale2d, QObject::tr("Scale of the block in X and Y"));
+  blockScale.value = numbers({1.0, 1.0});
+  blockScale.check = [](const PropVariant& v) {
+    const bool positive = !v.isArray() ? v.getDouble() > 0.0
+                                       : v.getDoubleArray().size() == 2 && v.getDoubleArray()[0] > 0.0 &&
+                                           v.getDoubleArray()[1] > 0.0;
+    return positive ? QString() : QObject::tr("A scale must be greater than zero.");
+  };
+
+  add(Caption, QObject::tr("Drawing"), PropUiGuidLabel, QObject::tr("The sheets and the title block"));
+
+  Item& layouts = add(List, QObject::tr("Layouts"), PropUiGuidList, QObject::tr("Ticked layouts are plotted; a pinned one opens first"));
+  const QStringList sheets{QObject::tr("Model"), QObject::tr("Assembly"), QObject::tr("Details"), QObject::tr("Parts list")};
+  layouts.value = texts(sheets);
+  layouts.elementCaptions = sheets;
+  layouts.parts = {boolean(false), boolean(true), boolean(true), boolean(false)};
+  layouts.flags |= PropUiOption::kListCheckBoxes | PropUiOption::kListPins;
+
+  Item& titleBlock = add(Table, QObject::tr("Title block"), PropUiGuidTable, QObject::tr("The fields of the sheet's title block"));
+  titleBlock.value = texts({QObject::tr("Title"), QObject::tr("Wheel hub"), QObject::tr("Drawn by"), QStringLiteral("R. Koch"),
+                            QObject::tr("Sheet"), QStringLiteral("2 / 4")});
+  titleBlock.parts = {integer(3), integer(2), texts({QObject::tr("Field"), QObject::tr("Value")})};
+
+  Item& snaps = add(Flags, QObject::tr("Object snaps"), PropUiGuidMultiTextCombo, QObject::tr("The snaps in force while drawing"));
+  const QStringList snapNames{QObject::tr("Endpoint"), QObject::tr("Midpoint"), QObject::tr("Center"), QObject::tr("Intersection")};
+  for (int i = 0; i < snapNames.size(); ++i)
+  {
+    snaps.choiceNames.append(snapNames[i]);
+    snaps.choiceValues.append(integer(1 << i));
+  }
+  snaps.value = integer(1 | 4);
+
   add(Caption, QObject::tr("Text"), PropUiGuidLabel, QObject::tr("The object's label"));
 
   Item& height = add(Number, QObject::tr("Text height"), PropUiGuidDouble, QObject::tr("A standard height, or type your own"));
@@ -331,6 +397,9 @@ void DemoBag::setMixed(bool mixed)
   {
     item->mixed = mixed;
     item->elementMixed = QVector<bool>(item->elements.size(), mixed);
+    // The selected lines share their start's X, not its Y or Z.
+    if (item->kind == Point && mixed && !item->elementMixed.isEmpty())
+      item->elementMixed[0] = false;
   }
 }
 
@@ -452,6 +521,15 @@ QString DemoBag::textOf(const Item& item, const PropVariant& value) const
 {
   const QLocale c = QLocale::c();
   const unsigned int kind = value.scalarType();
+  if (value.isArray())
+  {
+    QStringList entries;
+    for (const OdString& s : value.getStringArray())
+      entries << toQString(s);
+    for (double d : value.getDoubleArray())
+      entries << c.toString(d, 'f', item.decimals);
+    return entries.join(QStringLiteral(", "));
+  }
   if (kind & PropVariant::kString)
     return toQString(value.getString());
   if (kind & PropVariant::kBool)
@@ -491,6 +569,7 @@ bool DemoBag::parseValue(int index, unsigned long, const OdString& input, PropVa
   {
   case Text:
   case Date:
+  case Table:
   case Choice:
     if (item->kind != Choice || (item->value.type() & PropVariant::kString))
     {
@@ -523,7 +602,7 @@ bool DemoBag::parseValue(int index, unsigned long, const OdString& input, PropVa
 bool DemoBag::getValue(int index, PropVariant& value)
 {
   const Item* item = find(index);
-  if (!item || item->kind == Commands || item->kind == Vertices)
+  if (!item || item->kind == Commands || item->kind == Vertices || item->kind == Point)
     return false;
   value = item->value;
   if (item->kind == Caption)
@@ -536,7 +615,7 @@ bool DemoBag::getValue(int index, PropVariant& value)
 bool DemoBag::setValue(int index, const PropVariant& value)
 {
   Item* item = find(index);
-  if (!item || item->kind == Caption || item->kind == Commands || item->kind == Vertices)
+  if (!item || item->kind == Caption || item->kind == Commands || item->kind == Vertices || item->kind == Point)
     return false;
   item->value = value;
   item->mixed = false; // every selected object now holds the written value
@@ -630,7 +709,25 @@ unsigned int DemoBag::getElements(int index, PropKeyArray& elements, OdStringArr
 bool DemoBag::getElementValue(int index, unsigned long element, PropVariant& value)
 {
   const Item* item = find(index);
-  if (!item || element >= static_cast<unsigned long>(item->elements.size()))
+  if (!item)
+    return false;
+  if (item->kind == List || item->kind == Table)
+  {
+    if (element >= static_cast<unsigned long>(item->parts.size()))
+      return false;
+    value = item->parts[int(element)];
+    return true;
+  }
+  if (item->kind == Scale)
+  {
+    if (element > 1 || !item->value.isArray() || item->value.getDoubleArray().size() != 2)
+      return false;
+    value.setDouble(item->value.getDoubleArray()[element]);
+    if (item->mixed)
+      value.setVaries(true);
+    return true;
+  }
+  if (element >= static_cast<unsigned long>(item->elements.size()))
     return false;
   value.setDouble(item->elements[int(element)]);
   if (item->elementMixed.value(int(element)))
@@ -641,7 +738,30 @@ bool DemoBag::getElementValue(int index, unsigned long element, PropVariant& val
 bool DemoBag::setElementValue(int index, unsigned long element, const PropVariant& value)
 {
   Item* item = find(index);
-  if (!item || element >= static_cast<unsigned long>(item->elements.size()))
+  if (!item)
+    return false;
+  if (item->kind == List)
+  {
+    if (element >= static_cast<unsigned long>(item->parts.size()))
+      return false;
+    item->parts[int(element)] = value;
+    log(*item, QObject::tr("%1 %2").arg(item->elementCaptions.value(int(element)),
+                                       value.getBool() ? QObject::tr("ticked") : QObject::tr("cleared")),
+        true);
+    return true;
+  }
+  if (item->kind == Scale)
+  {
+    if (element > 1 || !item->value.isArray() || item->value.getDoubleArray().size() != 2)
+      return false;
+    OdDoubleArray both = item->value.getDoubleArray();
+    both[element] = value.getDouble();
+    item->value.setDoubleArray(both);
+    item->mixed = false;
+    log(*item, QObject::tr("%1 set to %2").arg(element ? QObject::tr("Y") : QObject::tr("X"), textOf(*item, value)), true);
+    return true;
+  }
+  if (item->kind == Table || element >= static_cast<unsigned long>(item->elements.size()))
     return false;
   item->elements[int(element)] = value.getDouble();
   if (int(element) < item->elementMixed.size())
@@ -655,10 +775,19 @@ bool DemoBag::setElementValue(int index, unsigned long element, const PropVarian
   return true;
 }
 
+int DemoBag::getElementCount(int index)
+{
+  const Item* item = find(index);
+  return item && item->kind == List ? item->parts.size() : -1;
+}
+
 int DemoBag::getGroupCount(int index)
 {
   const Item* item = find(index);
-  if (!item || item->elementCaptions.isEmpty())
+  if (!item || item->elementCaptions.isEmpty() || item->kind == Point)
     return 0;
+  // A list's check boxes are one group of elements.
+  if (item->kind == List)
+    return 1;
   return item->elements.size() / item->elementCaptions.size();
 }

@@ -28,7 +28,12 @@ public:
     Date,
     Choice,
     Commands,
-    Vertices
+    Vertices,
+    Point,
+    Scale,
+    List,
+    Table,
+    Flags
   };
 
   /** Receives one line per write the bag accepts or refuses, and per command run. */
@@ -69,6 +74,7 @@ public:
   unsigned int getElements(int index, PropKeyArray& elements, OdStringArray& captions) override;
   bool getElementValue(int index, unsigned long element, PropVariant& value) override;
   bool setElementValue(int index, unsigned long element, const PropVariant& value) override;
+  int getElementCount(int index) override;
   int getGroupCount(int index) override;
 
 private:

@@ -48,6 +48,18 @@ constexpr int kSelectAllOnDoubleClick = 0x1;
 /** Pasted line breaks become blanks. */
 constexpr int kFlattenPastedLines = 0x2;
 
+// The 3D coordinates.
+/** Only X and Y are shown; the points are still stored as three numbers. */
+constexpr int kTwoAxes = 0x1;
+
+// The list control.
+/** Each row has a check box mirroring a boolean the bag keeps per element. */
+constexpr int kListCheckBoxes = 0x10000;
+/** Rows show a pin that a click toggles; pinning is reported to the item's reactor. */
+constexpr int kListPins = 0x20000;
+/** An unpinned row shows its pin only under the mouse. */
+constexpr int kListPinOnHover = 0x40000;
+
 } // namespace PropUiOption
 
 namespace PropItemFlag

@@ -12,7 +12,8 @@ class PROPWIDGETS_EXPORT hostPropEditorReactor
 public:
   virtual ~hostPropEditorReactor();
   virtual void focusChanged(int typeId, unsigned long element, bool focusIn);
-  virtual void currentChanged(int typeId, PropVariant& current, PropVariant& previous);
+  /** The current entry moved from previous to current. */
+  virtual void currentChanged(int typeId, PropVariant& previous, PropVariant& current);
   virtual void selectionChanged(int typeId, PropVariant& selection);
   virtual void pinnedChanged(int typeId, PropVariant& pinned);
 };

@@ -211,10 +211,22 @@ bool PropUiQControl::readValue(PropVariant& value) const
 PropUiQControl::CommitResult PropUiQControl::commitValue(const PropVariant& value, CommitTarget target,
                                                          RefusalMessage refusal)
 {
+  return commit(m_element, m_isPropertyElement && target == CommitTarget::Binding, value, refusal);
+}
+
+PropUiQControl::CommitResult PropUiQControl::commitElementValue(unsigned long element, const PropVariant& value,
+                                                                RefusalMessage refusal)
+{
+  return commit(element, true, value, refusal);
+}
+
+PropUiQControl::CommitResult PropUiQControl::commit(unsigned long element, bool writeElement, const PropVariant& value,
+                                                    RefusalMessage refusal)
+{
   if (!m_bag || m_closing)
     return CommitResult::Unbound;
   OdString message;
-  if (!m_bag->validate(m_index, m_element, value, message))
+  if (!m_bag->validate(m_index, element, value, message))
   {
     if (refusal == RefusalMessage::Error)
       showErrorMessage(message);
@@ -222,8 +234,7 @@ PropUiQControl::CommitResult PropUiQControl::commitValue(const PropVariant& valu
       showInfoMessage(message);
     return CommitResult::Refused;
   }
-  const bool element = m_isPropertyElement && target == CommitTarget::Binding;
-  const bool written = element ? m_bag->setElementValue(m_index, m_element, value) : m_bag->setValue(m_index, value);
+  const bool written = writeElement ? m_bag->setElementValue(m_index, element, value) : m_bag->setValue(m_index, value);
   return written ? CommitResult::Written : CommitResult::NotWritten;
 }
 

@@ -118,6 +118,9 @@ public:
    */
   CommitResult commitValue(const PropVariant& value, CommitTarget target = CommitTarget::Binding,
                            RefusalMessage refusal = RefusalMessage::Error);
+  /** As commitValue, for another element of the bound item (a row of a list writing its check box). */
+  CommitResult commitElementValue(unsigned long element, const PropVariant& value,
+                                  RefusalMessage refusal = RefusalMessage::Error);
 
   /** Whether messages are posted at all (false while the editor is losing focus). */
   bool messagesSuppressed() const { return m_messagesSuppressed; }
@@ -143,6 +146,7 @@ protected:
 
 private:
   bool postMessage(const OdString& message, bool error);
+  CommitResult commit(unsigned long element, bool writeElement, const PropVariant& value, RefusalMessage refusal);
   /** Makes every child unable to reach this control or the bag, so it can go quietly. */
   void disarmChildren();
   /** Removes what an earlier setupUi built; the formatter and the binding stay. */

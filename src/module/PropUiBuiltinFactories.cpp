@@ -7,17 +7,23 @@
 #include "PropUiQAngleCtrl.h"
 #include "PropUiQButtons3x3Ctrl.h"
 #include "PropUiQCheckBox.h"
+#include "PropUiQCoords2d.h"
+#include "PropUiQCoords3d.h"
 #include "PropUiQControl.h"
 #include "PropUiQDateCtrl.h"
 #include "PropUiQDistanceCtrl.h"
 #include "PropUiQDoubleCtrl.h"
 #include "PropUiQIntegerCtrl.h"
 #include "PropUiQLabel.h"
+#include "PropUiQListCtrl.h"
 #include "PropUiQMLineEdit.h"
+#include "PropUiQMultiTextComboCtrl.h"
 #include "PropUiQPushButtonsCtrl.h"
 #include "PropUiQRadioButtonsCtrl.h"
+#include "PropUiQScale2d.h"
 #include "PropUiQSliderCtrl.h"
 #include "PropUiQSwitchBox.h"
+#include "PropUiQTableCtrl.h"
 #include "PropUiQTextCheckBox.h"
 #include "PropUiQTextComboCtrl.h"
 #include "PropUiQTextCtrl.h"
@@ -46,11 +52,16 @@ typedef LineEditFactory<PropUiQAngleCtrl, PropUiQMLineEdit<PropUiQAngleCtrl>, Te
 typedef LineEditFactory<PropUiQTextCtrl, PropUiQMLineEdit<PropUiQTextCtrl>, TextCombo, PropUiOption::kTextCombo> PropUiQTextCtrlFactory;
 typedef LineEditFactory<PropUiQIntegerCtrl, PropUiQMLineEdit<PropUiQIntegerCtrl>, TextCombo, PropUiOption::kTextCombo | PropUiOption::kIntegerTextCombo> PropUiQIntegerCtrlFactory;
 typedef PlainFactory<PropUiQTextComboCtrl> PropUiQTextComboCtrlFactory;
+// In a cell, a point or a scale is edited one element at a time, as a distance.
+typedef CellEditorFactory<PropUiQCoords2d, PropUiQDistanceCtrl> PropUiQCoords2dCtrlFactory;
+typedef CellEditorFactory<PropUiQScale2d, PropUiQDistanceCtrl> PropUiQScale2dCtrlFactory;
+typedef CellEditorFactory<PropUiQCoords3d, PropUiQDistanceCtrl> PropUiQCoords3dCtrlFactory;
 typedef ChoiceFactory<PropUiQCheckBox, TextCombo, false> PropUiQBoolCtrlFactory;
 typedef ChoiceFactory<PropUiQTextCheckBox, TextCombo, false> PropUiQBoolTextCtrlFactory;
 typedef ChoiceFactory<PropUiQSwitchBox, TextCombo, true> PropUiQSwitchCtrlFactory;
 typedef ChoiceFactory<PropUiQTextSwitchBox, TextCombo, true> PropUiQTextSwitchCtrlFactory;
 typedef LineEditFactory<PropUiQTextCtrl, PropUiQMLineEdit<PropUiQTextCtrl>, NoTextCombo, 0, PropUiQTextCtrl> PropUiQVariantCtrlFactory;
+typedef PassOptionsFactory<PropUiQListCtrl, true> PropUiQListCtrlFactory;
 typedef PassOptionsFactory<PropUiQPushButtonsCtrl> PropUiQPushButtonsCtrlFactory;
 typedef PassOptionsFactory<PropUiQToolButtonsCtrl> PropUiQToolButtonsCtrlFactory;
 typedef PassOptionsFactory<PropUiQRadioButtonsCtrl> PropUiQRadioButtonsCtrlFactory;
@@ -58,6 +69,8 @@ typedef PassOptionsFactory<PropUiQRadioButtonsCtrl> PropUiQRadioButtonsCtrlFacto
 typedef PlainFactory<PropUiQButtons3x3Ctrl, true> PropUiQButtons3x3CtrlFactory;
 typedef PlainFactory<PropUiQSliderCtrl, true> PropUiQSliderCtrlFactory;
 typedef PlainFactory<PropUiQDateCtrl, true> PropUiQDateCtrlFactory;
+typedef PlainFactory<PropUiQTableCtrl, true> PropUiQTableCtrlFactory;
+typedef PlainFactory<PropUiQMultiTextComboCtrl, true> PropUiQMultiTextComboCtrlFactory;
 
 } // namespace
 
@@ -74,15 +87,23 @@ void registerBuiltinFactories()
   propUiRegisterWidget(PropUiGuidText, new PropUiQTextCtrlFactory);
   propUiRegisterWidget(PropUiGuidInteger, new PropUiQIntegerCtrlFactory);
   propUiRegisterWidget(PropUiGuidTextCombo, new PropUiQTextComboCtrlFactory);
+  propUiRegisterWidget(PropUiGuidCoords2d, new PropUiQCoords2dCtrlFactory);
+  propUiRegisterWidget(PropUiGuidCoords2dAlt, new PropUiQCoords2dCtrlFactory);
+  propUiRegisterWidget(PropUiGuidScale2d, new PropUiQScale2dCtrlFactory);
+  propUiRegisterWidget(PropUiGuidCoords3d, new PropUiQCoords3dCtrlFactory);
+  propUiRegisterWidget(PropUiGuidCoords3dAlt, new PropUiQCoords3dCtrlFactory);
   propUiRegisterWidget(PropUiGuidBool, new PropUiQBoolCtrlFactory);
   propUiRegisterWidget(PropUiGuidBoolText, new PropUiQBoolTextCtrlFactory);
   propUiRegisterWidget(PropUiGuidSwitch, new PropUiQSwitchCtrlFactory);
   propUiRegisterWidget(PropUiGuidTextSwitch, new PropUiQTextSwitchCtrlFactory);
   propUiRegisterWidget(PropUiGuidVariant, new PropUiQVariantCtrlFactory);
+  propUiRegisterWidget(PropUiGuidList, new PropUiQListCtrlFactory);
+  propUiRegisterWidget(PropUiGuidTable, new PropUiQTableCtrlFactory);
   propUiRegisterWidget(PropUiGuidPushButtons, new PropUiQPushButtonsCtrlFactory);
   propUiRegisterWidget(PropUiGuidToolButtons, new PropUiQToolButtonsCtrlFactory);
   propUiRegisterWidget(PropUiGuidRadioButtons, new PropUiQRadioButtonsCtrlFactory);
   propUiRegisterWidget(PropUiGuidButtons3x3, new PropUiQButtons3x3CtrlFactory);
   propUiRegisterWidget(PropUiGuidSlider, new PropUiQSliderCtrlFactory);
+  propUiRegisterWidget(PropUiGuidMultiTextCombo, new PropUiQMultiTextComboCtrlFactory);
   propUiRegisterWidget(PropUiGuidDate, new PropUiQDateCtrlFactory);
 }

@@ -40,8 +40,24 @@ public:
   }
 };
 
-/** Hands the caller's whole option word to the control, whose bits then mean what it makes of them. */
-template <class Control>
+/** Makes the control for a panel; an item view gets the bare Editor instead, built without any option. */
+template <class Control, class Editor>
+class CellEditorFactory : public PropUiQWidgetFactory
+{
+public:
+  PropUiQWidget* createWidget(int options, QWidget* parent) override
+  {
+    return withToolTipBit(new Control(parent), options);
+  }
+  PropUiQWidget* createEditor(int, QWidget* parent) override { return new Editor(parent); }
+};
+
+/**
+ * Hands the caller's whole option word to the control, whose bits then mean
+ * what it makes of them. With BareEditor, an item view gets the same control
+ * built without any option.
+ */
+template <class Control, bool BareEditor = false>
 class PassOptionsFactory : public PropUiQWidgetFactory
 {
 public:
@@ -51,7 +67,12 @@ public:
     control->setOptions(options);
     return withToolTipBit(control, options);
   }
-  PropUiQWidget* createEditor(int options, QWidget* parent) override { return createWidget(options, parent); }
+  PropUiQWidget* createEditor(int options, QWidget* parent) override
+  {
+    if (BareEditor)
+      return new Control(parent);
+    return createWidget(options, parent);
+  }
 };
 
 /**

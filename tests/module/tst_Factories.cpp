@@ -72,6 +72,12 @@ private slots:
     QTest::newRow("variant never a combo") << PropUiGuidVariant << 0x2 << "PropUiQTextCtrl" << 0x3;
     QTest::newRow("variant multi-line") << PropUiGuidVariant << 0x8 << "multi:PropUiQTextCtrl" << 0;
     QTest::newRow("slider") << PropUiGuidSlider << 0x10040 << "PropUiQSliderCtrl" << 0x40;
+    QTest::newRow("coords 2d") << PropUiGuidCoords2d << 0x10041 << "PropUiQCoords2d" << 0x40;
+    QTest::newRow("coords 2d alt") << PropUiGuidCoords2dAlt << 0 << "PropUiQCoords2d" << 0;
+    QTest::newRow("scale 2d") << PropUiGuidScale2d << 0x48 << "PropUiQScale2d" << 0x40;
+    QTest::newRow("coords 3d keeps no two-axis bit") << PropUiGuidCoords3d << 0x41 << "PropUiQCoords3d" << 0x40;
+    QTest::newRow("coords 3d alt") << PropUiGuidCoords3dAlt << 0 << "PropUiQCoords3d" << 0;
+    QTest::newRow("list keeps options") << PropUiGuidList << 0x30000 << "PropUiQListCtrl" << 0x30000;
   }
 
   void widgetForms()
@@ -104,11 +110,19 @@ private slots:
     QScopedPointer<PropUiQWidget> variant(propUiCreateEditor(PropUiGuidVariant, 0x10048));
     QCOMPARE(classOf(variant), QStringLiteral("PropUiQTextCtrl"));
     QCOMPARE(variant->getOptions(), 3);
+    // So is a point or a scale, whatever the caller asked for.
+    for (const OdGUID& guid : {PropUiGuidCoords2d, PropUiGuidCoords2dAlt, PropUiGuidScale2d, PropUiGuidCoords3d,
+                               PropUiGuidCoords3dAlt})
+    {
+      QScopedPointer<PropUiQWidget> cell(propUiCreateEditor(guid, 0x10049));
+      QCOMPARE(classOf(cell), QStringLiteral("PropUiQDistanceCtrl"));
+      QCOMPARE(cell->getOptions(), 0);
+    }
     // The others build their widget form.
     QScopedPointer<PropUiQWidget> angle(propUiCreateEditor(PropUiGuidAngle, 0x48));
     QVERIFY(isA<PropUiQMLineEdit<PropUiQAngleCtrl> >(angle));
     // Slider, grid and date: the same control, built bare.
-    for (const OdGUID& guid : {PropUiGuidSlider, PropUiGuidButtons3x3, PropUiGuidDate})
+    for (const OdGUID& guid : {PropUiGuidSlider, PropUiGuidButtons3x3, PropUiGuidDate, PropUiGuidList})
     {
       QScopedPointer<PropUiQWidget> editor(propUiCreateEditor(guid, 0x40));
       QScopedPointer<PropUiQWidget> widget(propUiCreateWidget(guid, 0x40));

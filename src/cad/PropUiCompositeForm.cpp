@@ -1,0 +1,53 @@
+#include "PropUiCompositeForm.h"
+
+#include "OdStringQt.h"
+#include "PropBag.h"
+#include "PropUiQLabel.h"
+#include "PropUiQLineEdit.h"
+#include "QHostSpinBox.h"
+#include <QFormLayout>
+
+QFormLayout* PropUiCompositeForm::makeForm()
+{
+  auto* form = new QFormLayout;
+  form->setLabelAlignment(Qt::AlignRight | Qt::AlignHCenter | Qt::AlignVCenter);
+  form->setContentsMargins(0, 0, 0, 0);
+  form->setHorizontalSpacing(4);
+  form->setVerticalSpacing(2);
+  return form;
+}
+
+host_qt_ui_core::QHostSpinBox* PropUiCompositeForm::makeGroupSpinBox(QWidget* parent, int groups,
+                                                                     const QString& itemName)
+{
+  auto* spinBox = new host_qt_ui_core::QHostSpinBox(parent);
+  spinBox->setObjectName(QStringLiteral("groupSpinBox"));
+  spinBox->disableMouseWheel(true);
+  spinBox->setWrapping(true);
+  spinBox->setRange(1, groups);
+  spinBox->setValue(1);
+  spinBox->setAccessibleName(itemName);
+  return spinBox;
+}
+
+void PropUiCompositeForm::addElementRow(QFormLayout* form, QWidget* owner, PropBag* bag, int index,
+                                        unsigned long element, const QString& caption, PropUiQControl* child)
+{
+  auto* label = new PropUiQLabel(owner);
+  label->setPropBagItem(bag, index, element);
+  label->setupUi();
+  label->setText(caption);
+  child->setPropBagItem(bag, index, element);
+  child->setupUi();
+  if (auto* edit = qobject_cast<PropUiQLineEdit*>(child); edit && edit->lineEdit())
+    edit->lineEdit()->setAccessibleName(caption);
+  form->addRow(label, child);
+}
+
+QString PropUiCompositeForm::itemName(PropBag* bag, int index)
+{
+  OdString name;
+  if (bag && bag->getName(index, name))
+    return toQString(name);
+  return QString();
+}

@@ -1,0 +1,3 @@
+#include "PropUiQControlExt.h"
+
+PropUiQControlExt::~PropUiQControlExt() = default;

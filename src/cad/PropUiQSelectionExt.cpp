@@ -1,0 +1,3 @@
+#include "PropUiQSelectionExt.h"
+
+PropUiQSelectionExt::~PropUiQSelectionExt() = default;

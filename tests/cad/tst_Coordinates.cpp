@@ -1,0 +1,227 @@
+#include "PropUiActionToolButtonsCtrl.h"
+#include "PropUiOptions.h"
+#include "PropUiQCoords2d.h"
+#include "PropUiQCoords3d.h"
+#include "PropUiQDistanceCtrl.h"
+#include "QHostSpinBox.h"
+#include "RecordingBag.h"
+#include "TestValues.h"
+#include "VtableSlot.h"
+#include <QtTest>
+
+namespace
+{
+
+/** A run of `groups` points of `stride` numbers each; element e holds e + 0.5. */
+int addPoints(RecordingBag& bag, int stride, int groups)
+{
+  const int item = bag.addItem(QStringLiteral("Vertex"), realValue(0));
+  for (int e = 0; e < stride * qMax(groups, 1); ++e)
+    bag.item(item).elementValues.insert(static_cast<unsigned long>(e), realValue(e + 0.5));
+  bag.item(item).groupCount = groups;
+  return item;
+}
+
+/** What a coordinate control of either form shows, axis by axis. */
+struct Shown
+{
+  QList<unsigned long> elements;
+  QStringList texts;
+};
+
+template <class Control>
+Shown shownBy(const Control& control, int axes)
+{
+  Shown shown;
+  for (int a = 0; a < axes; ++a)
+    if (PropUiQDistanceCtrl* child = control.axis(a))
+    {
+      shown.elements << child->element();
+      shown.texts << child->lineEdit()->text();
+    }
+  return shown;
+}
+
+/** Makes the control of the named form, bound to the item and showing it. */
+PropUiQControl* makeForm(const QString& form, RecordingBag& bag, int item)
+{
+  PropUiQControl* control = nullptr;
+  if (form == QLatin1String("2d"))
+    control = new PropUiQCoords2d;
+  else
+    control = new PropUiQCoords3d;
+  if (form == QLatin1String("3d two axes"))
+    control->setOptions(PropUiOption::kTwoAxes);
+  control->setPropBagItem(&bag, item);
+  control->setupUi();
+  control->updateUi();
+  control->updateData();
+  return control;
+}
+
+Shown shownByForm(const QString& form, PropUiQControl* control)
+{
+  if (form == QLatin1String("2d"))
+    return shownBy(*static_cast<PropUiQCoords2d*>(control), 2);
+  return shownBy(*static_cast<PropUiQCoords3d*>(control), 3);
+}
+
+host_qt_ui_core::QHostSpinBox* spinBoxOf(PropUiQControl* control)
+{
+  return control->findChild<host_qt_ui_core::QHostSpinBox*>(QStringLiteral("groupSpinBox"));
+}
+
+} // namespace
+
+class TestCoordinates : public QObject
+{
+  Q_OBJECT
+
+private slots:
+  void groupsBindTheirOwnElements_data()
+  {
+    QTest::addColumn<QString>("form");
+    QTest::addColumn<int>("stride");
+    QTest::addColumn<int>("group");
+    QTest::addColumn<QList<unsigned long> >("elements");
+    QTest::newRow("2d group 1") << "2d" << 2 << 1 << QList<unsigned long>{0, 1};
+    QTest::newRow("2d group 3") << "2d" << 2 << 3 << QList<unsigned long>{4, 5};
+    QTest::newRow("2d last group") << "2d" << 2 << 5 << QList<unsigned long>{8, 9};
+    QTest::newRow("3d group 2") << "3d" << 3 << 2 << QList<unsigned long>{3, 4, 5};
+    QTest::newRow("3d last group") << "3d" << 3 << 5 << QList<unsigned long>{12, 13, 14};
+    // Points are stored as three numbers even when Z is not shown.
+    QTest::newRow("3d two axes group 2") << "3d two axes" << 3 << 2 << QList<unsigned long>{3, 4};
+    QTest::newRow("3d two axes group 5") << "3d two axes" << 3 << 5 << QList<unsigned long>{12, 13};
+  }
+
+  void groupsBindTheirOwnElements()
+  {
+    QFETCH(QString, form);
+    QFETCH(int, stride);
+    QFETCH(int, group);
+    QFETCH(QList<unsigned long>, elements);
+    RecordingBag bag;
+    const int item = addPoints(bag, stride, 5);
+    QScopedPointer<PropUiQControl> control(makeForm(form, bag, item));
+    host_qt_ui_core::QHostSpinBox* spinBox = spinBoxOf(control.data());
+    QVERIFY(spinBox);
+    QCOMPARE(spinBox->minimum(), 1);
+    QCOMPARE(spinBox->maximum(), 5);
+    QVERIFY(spinBox->wrapping());
+    QVERIFY(spinBox->isMouseWheelDisabled());
+
+    bag.clearCalls();
+    spinBox->setValue(group);
+    const Shown shown = shownByForm(form, control.data());
+    QCOMPARE(shown.elements, elements);
+    QStringList texts;
+    for (unsigned long e : elements)
+      texts << QString::number(e + 0.5);
+    QCOMPARE(shown.texts, texts);
+    // A point is read element by element, never as a whole, and nothing is written.
+    QVERIFY(!bag.called(QStringLiteral("getValue")));
+    QVERIFY(!bag.called(QStringLiteral("setElementValue")) && !bag.called(QStringLiteral("setValue")));
+
+    // Past the last group comes the first again.
+    spinBox->setValue(5);
+    spinBox->stepUp();
+    QCOMPARE(shownByForm(form, control.data()).elements.first(), 0ul);
+  }
+
+  void noGroupsNoSelector_data()
+  {
+    QTest::addColumn<QString>("form");
+    QTest::addColumn<int>("axes");
+    QTest::newRow("2d") << "2d" << 2;
+    QTest::newRow("3d") << "3d" << 3;
+    QTest::newRow("3d two axes") << "3d two axes" << 2;
+  }
+
+  void noGroupsNoSelector()
+  {
+    QFETCH(QString, form);
+    QFETCH(int, axes);
+    RecordingBag bag;
+    const int item = addPoints(bag, 3, 0);
+    QScopedPointer<PropUiQControl> control(makeForm(form, bag, item));
+    QVERIFY(!spinBoxOf(control.data()));
+    QCOMPARE(control->findChildren<PropUiQDistanceCtrl*>().size(), axes);
+    // Captions name the item and the axis, and so do the editors for assistive tools.
+    const auto edits = control->findChildren<QLineEdit*>();
+    QCOMPARE(edits.first()->accessibleName(), QStringLiteral("Vertex X"));
+    QCOMPARE(edits.last()->accessibleName(), axes == 3 ? QStringLiteral("Vertex Z") : QStringLiteral("Vertex Y"));
+  }
+
+  void anElementEditWritesItsElementOnly_data()
+  {
+    QTest::addColumn<QString>("form");
+    QTest::newRow("2d") << "2d";
+    QTest::newRow("3d") << "3d";
+  }
+
+  // Several objects agree on X and not on Y: X shows its number, Y varies,
+  // and editing X must leave every object's Y as it was.
+  void anElementEditWritesItsElementOnly()
+  {
+    QFETCH(QString, form);
+    RecordingBag bag;
+    const int item = addPoints(bag, 3, 0);
+    bag.item(item).elementValues[1] = realValue(7, true);
+    QScopedPointer<PropUiQControl> control(makeForm(form, bag, item));
+    const auto edits = control->findChildren<PropUiQDistanceCtrl*>();
+    QCOMPARE(edits[0]->lineEdit()->text(), QStringLiteral("0.5"));
+    QVERIFY(edits[1]->isVaries());
+    QCOMPARE(edits[1]->lineEdit()->placeholderText(), QStringLiteral("*varies*"));
+
+    bag.clearCalls();
+    edits[0]->lineEdit()->setText(QStringLiteral("12"));
+    edits[0]->onEditingFinished();
+    QCOMPARE(bag.calls.filter(QStringLiteral("set")), QStringList{QStringLiteral("setElementValue(0,0)")});
+    QCOMPARE(bag.item(item).elementValues.value(0).getDouble(), 12.0);
+    QVERIFY(bag.item(item).elementValues.value(1).isVaries());
+  }
+
+  // The host's selection changed under a shown control: fewer points, or none.
+  void aShrinkingItemWritesNothing()
+  {
+    RecordingBag bag;
+    const int item = addPoints(bag, 3, 5);
+    QScopedPointer<PropUiQControl> control(makeForm(QStringLiteral("3d"), bag, item));
+    for (unsigned long e = 3; e < 15; ++e)
+      bag.item(item).elementValues.remove(e);
+    bag.item(item).groupCount = 1;
+    bag.clearCalls();
+    spinBoxOf(control.data())->setValue(4);
+    control->updateData();
+    QVERIFY(!bag.called(QStringLiteral("setElementValue")) && !bag.called(QStringLiteral("setValue")));
+    QCOMPARE(shownByForm(QStringLiteral("3d"), control.data()).elements, (QList<unsigned long>{9, 10, 11}));
+
+    // And an unbound control builds nothing.
+    PropUiQCoords2d unbound;
+    QVERIFY(!unbound.setupUi());
+    unbound.updateData();
+    unbound.onGroupChanged();
+  }
+
+  void onlyThe3dCompositeShowsActions()
+  {
+    RecordingBag bag;
+    const int item = addPoints(bag, 3, 0);
+    bag.item(item).flags = PropItemFlag::kHasActions;
+    bag.item(item).actions = {OdSharedPtr<PropAction>(new TestAction(QStringLiteral("Pick")))};
+    QScopedPointer<PropUiQControl> control(makeForm(QStringLiteral("3d"), bag, item));
+    const auto toolbars = control->findChildren<PropUiActionToolButtonsCtrl*>();
+    QCOMPARE(toolbars.size(), 1);
+    QCOMPARE(toolbars.first()->parentWidget(), control.data());
+  }
+
+  void hostsFindTheGroupSlotAfterTheControlInterface()
+  {
+    const long last = vtableSlot(&PropUiQWidget::setVaries);
+    QCOMPARE(vtableSlot(&PropUiQCoords2d::onGroupChanged), last + 1);
+    QCOMPARE(vtableSlot(&PropUiQCoords3d::onGroupChanged), last + 1);
+  }
+};
+
+QTEST_MAIN(TestCoordinates)
+#include "tst_Coordinates.moc"

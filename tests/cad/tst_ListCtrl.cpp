@@ -1,0 +1,309 @@
+#include "MessageCatcher.h"
+#include "OdStringQt.h"
+#include "PropUiOptions.h"
+#include "PropUiQListCtrl.h"
+#include "QHostItemControlDelegate.h"
+#include "RecordingBag.h"
+#include "TestValues.h"
+#include <QListView>
+#include <QStandardItemModel>
+#include "VtableSlot.h"
+#include <QtTest>
+
+namespace
+{
+
+/** Hears everything the list tells; focus is recorded by the base. */
+class ListReactor : public RecordingReactor
+{
+public:
+  void currentChanged(int typeId, PropVariant& previous, PropVariant& current) override
+  {
+    heard << QStringLiteral("current %1: %2 -> %3")
+               .arg(typeId)
+               .arg(RecordingBag::textOf(previous), RecordingBag::textOf(current));
+  }
+  void selectionChanged(int typeId, PropVariant& selection) override
+  {
+    QStringList names;
+    for (const OdString& name : selection.getStringArray())
+      names << toQString(name);
+    heard << QStringLiteral("selection %1: %2").arg(typeId).arg(names.join(QLatin1Char(',')));
+  }
+  void pinnedChanged(int typeId, PropVariant& pinned) override
+  {
+    heard << QStringLiteral("pinned %1: %2").arg(typeId).arg(RecordingBag::textOf(pinned));
+  }
+  QStringList heard;
+};
+
+PropVariant names(const QStringList& list)
+{
+  OdStringArray array;
+  for (const QString& name : list)
+    array.append(toOdString(name));
+  PropVariant v;
+  v.setStringArray(array);
+  return v;
+}
+
+/** Layouts of a drawing, one check box each (plotted or not) at elements 10, 11, ... */
+int addLayouts(RecordingBag& bag, const QStringList& layouts, const QList<bool>& ticked)
+{
+  const int item = bag.addItem(QStringLiteral("Layouts"), names(layouts));
+  RecordingBag::Item& it = bag.item(item);
+  for (int i = 0; i < layouts.size(); ++i)
+  {
+    it.elements << static_cast<unsigned long>(10 + i);
+    it.elementCaptions << layouts[i];
+    it.elementValues[static_cast<unsigned long>(10 + i)] = boolValue(ticked.value(i));
+  }
+  it.elementCount = layouts.size();
+  it.groupCount = 1;
+  return item;
+}
+
+QList<Qt::CheckState> statesOf(PropUiQListCtrl& list)
+{
+  QList<Qt::CheckState> states;
+  for (int r = 0; r < list.model()->rowCount(); ++r)
+    states << Qt::CheckState(list.model()->index(r, 0).data(Qt::CheckStateRole).toInt());
+  return states;
+}
+
+PropUiQListCtrl* makeList(RecordingBag& bag, int item, int options)
+{
+  auto* list = new PropUiQListCtrl;
+  list->setOptions(options);
+  list->setPropBagItem(&bag, item);
+  list->setupUi();
+  list->updateUi();
+  list->updateData();
+  return list;
+}
+
+const QStringList kLayouts{QStringLiteral("Model"), QStringLiteral("Layout1"), QStringLiteral("Layout2")};
+
+} // namespace
+
+class TestListCtrl : public QObject
+{
+  Q_OBJECT
+
+private slots:
+  void rowsAreTheEntriesOfTheValue()
+  {
+    RecordingBag bag;
+    const int item = addLayouts(bag, kLayouts, {});
+    QScopedPointer<PropUiQListCtrl> list(makeList(bag, item, 0));
+    QStandardItemModel* model = list->model();
+    QCOMPARE(model->rowCount(), 3);
+    QCOMPARE(model->index(1, 0).data().toString(), QStringLiteral("Layout1"));
+    QCOMPARE(model->index(2, 0).data(PropUiQListCtrl::kValueRole).toString(), QStringLiteral("Layout2"));
+    QVERIFY(!model->index(0, 0).data(Qt::CheckStateRole).isValid());
+    QCOMPARE(list->listView()->editTriggers(), QAbstractItemView::NoEditTriggers);
+    QCOMPARE(list->listView()->selectionMode(), QAbstractItemView::ExtendedSelection);
+    QCOMPARE(list->listView()->minimumHeight(), 200);
+    QCOMPARE(list->listView()->accessibleName(), QStringLiteral("Layouts"));
+
+    // The bag's list shrinks while shown: the next read follows it.
+    bag.item(item).value = names({QStringLiteral("Model")});
+    list->updateData();
+    QCOMPARE(model->rowCount(), 1);
+    // A failed read leaves the rows as they were.
+    bag.item(item).readable = false;
+    list->updateData();
+    QCOMPARE(model->rowCount(), 1);
+  }
+
+  void pinFeaturesFollowTheOptions()
+  {
+    RecordingBag bag;
+    const int item = addLayouts(bag, kLayouts, {});
+    QScopedPointer<PropUiQListCtrl> list(makeList(bag, item, PropUiOption::kListPins | PropUiOption::kListPinOnHover));
+    auto* delegate = qobject_cast<host_qt_ui_core::QHostItemControlDelegate*>(list->listView()->itemDelegate());
+    QVERIFY(delegate);
+    QCOMPARE(delegate->features(), int(host_qt_ui_core::QHostItemControlDelegate::PinToggle |
+                                       host_qt_ui_core::QHostItemControlDelegate::PinOnHover));
+    QCOMPARE(delegate->pinRole(), int(PropUiQListCtrl::kPinRole));
+    QVERIFY(list->listView()->testAttribute(Qt::WA_MouseTracking));
+    QCOMPARE(list->model()->index(0, 0).data(PropUiQListCtrl::kPinRole), QVariant(false));
+  }
+
+  void checkStatesFromTheBag_data()
+  {
+    QTest::addColumn<QString>("disagreement");
+    QTest::addColumn<QList<Qt::CheckState> >("states");
+    const QList<Qt::CheckState> mirrored{Qt::Checked, Qt::Unchecked, Qt::Checked};
+    const QList<Qt::CheckState> untouched{Qt::Unchecked, Qt::Unchecked, Qt::Unchecked};
+    QTest::newRow("matching") << "" << mirrored;
+    QTest::newRow("element count differs") << "count" << untouched;
+    QTest::newRow("no element list") << "none" << untouched;
+    QTest::newRow("several groups") << "groups" << untouched;
+    QTest::newRow("value varies") << "varies" << untouched;
+    QTest::newRow("an element is no boolean") << "text" << QList<Qt::CheckState>{Qt::Checked, Qt::Unchecked, Qt::Unchecked};
+  }
+
+  void checkStatesFromTheBag()
+  {
+    QFETCH(QString, disagreement);
+    QFETCH(QList<Qt::CheckState>, states);
+    RecordingBag bag;
+    const int item = addLayouts(bag, kLayouts, {true, false, true});
+    RecordingBag::Item& it = bag.item(item);
+    if (disagreement == QLatin1String("count"))
+      it.elementCount = 4;
+    else if (disagreement == QLatin1String("none"))
+      it.elementCount = -1;
+    else if (disagreement == QLatin1String("groups"))
+      it.groupCount = 2;
+    else if (disagreement == QLatin1String("varies"))
+      it.value.setVaries();
+    else if (disagreement == QLatin1String("text"))
+      it.elementValues[12] = textValue(QStringLiteral("yes"));
+    QScopedPointer<PropUiQListCtrl> list(makeList(bag, item, PropUiOption::kListCheckBoxes));
+    if (disagreement == QLatin1String("varies"))
+    {
+      // A varying list has no rows of its own; the rows of an agreeing read stay unticked.
+      it.value.setVaries(false);
+      list->updateData();
+      it.value.setVaries();
+      for (int r = 0; r < 3; ++r)
+        list->model()->item(r)->setData(Qt::Unchecked, Qt::CheckStateRole);
+      bag.clearCalls();
+      list->updateUi();
+    }
+    QCOMPARE(statesOf(*list), states);
+    QVERIFY(!bag.called(QStringLiteral("setElementValue")));
+  }
+
+  void tickingWritesTheRowsElement_data()
+  {
+    QTest::addColumn<QString>("bag");
+    QTest::addColumn<QString>("writes");
+    QTest::addColumn<Qt::CheckState>("shown");
+    QTest::newRow("accepted") << "" << "setElementValue(0,11)" << Qt::Checked;
+    QTest::newRow("refused") << "refuse" << "" << Qt::Unchecked;
+    QTest::newRow("write fails") << "fail" << "setElementValue(0,11)" << Qt::Unchecked;
+    QTest::newRow("element count changed") << "count" << "" << Qt::Unchecked;
+    QTest::newRow("elements gone") << "gone" << "" << Qt::Unchecked;
+  }
+
+  void tickingWritesTheRowsElement()
+  {
+    QFETCH(QString, bag);
+    QFETCH(QString, writes);
+    QFETCH(Qt::CheckState, shown);
+    MessageCatcher messages;
+    RecordingBag layouts;
+    const int item = addLayouts(layouts, kLayouts, {true, false, true});
+    QScopedPointer<PropUiQListCtrl> list(makeList(layouts, item, PropUiOption::kListCheckBoxes));
+    RecordingBag::Item& it = layouts.item(item);
+    it.acceptValidate = bag != QLatin1String("refuse");
+    it.acceptWrite = bag != QLatin1String("fail");
+    if (bag == QLatin1String("count"))
+      it.elementCount = 2;
+    if (bag == QLatin1String("gone"))
+      it.elements.clear();
+    layouts.clearCalls();
+    // As the view does when the user clicks the box.
+    list->model()->setData(list->model()->index(1, 0), Qt::Checked, Qt::CheckStateRole);
+    QCOMPARE(layouts.calls.filter(QStringLiteral("set")).join(QLatin1Char(' ')), writes);
+    QCOMPARE(statesOf(*list).value(1), shown);
+    if (writes.isEmpty())
+      QVERIFY(!layouts.item(item).elementValues.value(11).getBool());
+    // Only the clicked row is asked about.
+    QVERIFY(!layouts.called(QStringLiteral("getElementValue(0,10)")));
+    QVERIFY(!layouts.called(QStringLiteral("getReactor")));
+  }
+
+  void theReactorHears_data()
+  {
+    QTest::addColumn<bool>("listening");
+    QTest::newRow("a listening reactor") << true;
+    QTest::newRow("a reactor with the empty defaults") << false;
+  }
+
+  void theReactorHears()
+  {
+    QFETCH(bool, listening);
+    ListReactor listener;
+    RecordingReactor focusOnly;
+    TestItemType type(42);
+    RecordingBag bag;
+    const int item = addLayouts(bag, kLayouts, {});
+    bag.item(item).reactor = listening ? static_cast<hostPropEditorReactor*>(&listener) : &focusOnly;
+    bag.item(item).type = &type;
+    QScopedPointer<PropUiQListCtrl> list(makeList(bag, item, PropUiOption::kListPins));
+    QItemSelectionModel* selection = list->listView()->selectionModel();
+    QStandardItemModel* model = list->model();
+    bag.clearCalls();
+
+    selection->setCurrentIndex(model->index(1, 0), QItemSelectionModel::ClearAndSelect);
+    selection->setCurrentIndex(model->index(1, 0), QItemSelectionModel::ClearAndSelect); // the same row again
+    selection->select(model->index(2, 0), QItemSelectionModel::Select);
+    model->setData(model->index(2, 0), true, PropUiQListCtrl::kPinRole);
+    model->setData(model->index(2, 0), false, PropUiQListCtrl::kPinRole); // unpinning is not told
+
+    if (listening)
+    {
+      QCOMPARE(listener.heard, (QStringList{QStringLiteral("selection 42: Layout1"),
+                                            QStringLiteral("current 42:  -> Layout1"),
+                                            QStringLiteral("selection 42: Layout1,Layout2"),
+                                            QStringLiteral("pinned 42: Layout2")}));
+    }
+    else
+    {
+      // Nothing gathered for a reactor that does not listen.
+      QVERIFY(!bag.called(QStringLiteral("getItemType")));
+    }
+    // Told or not, the control keeps what was chosen.
+    QCOMPARE(RecordingBag::textOf(list->currentValue()), QStringLiteral("Layout1"));
+    QCOMPARE(list->selectedValues().size(), 2u);
+    QCOMPARE(RecordingBag::textOf(list->pinnedValue()), QStringLiteral("Layout2"));
+
+    // A rebuild puts the choice back without telling anyone again.
+    listener.heard.clear();
+    list->updateData();
+    QVERIFY(listener.heard.isEmpty());
+    QCOMPARE(selection->selectedIndexes().size(), 2);
+    QCOMPARE(selection->currentIndex().row(), 1);
+    QCOMPARE(model->index(2, 0).data(PropUiQListCtrl::kPinRole), QVariant(true));
+  }
+
+  void withoutAReactorOnlyTheValuesChange()
+  {
+    RecordingBag bag;
+    const int item = addLayouts(bag, kLayouts, {});
+    QScopedPointer<PropUiQListCtrl> list(makeList(bag, item, 0));
+    list->listView()->selectionModel()->setCurrentIndex(list->model()->index(0, 0), QItemSelectionModel::Select);
+    QCOMPARE(RecordingBag::textOf(list->currentValue()), QStringLiteral("Model"));
+    QCOMPARE(list->selectedValues().size(), 1u);
+
+    // Rows taken away take their values with them.
+    list->model()->removeRows(0, 3);
+    QCOMPARE(list->selectedValues().size(), 0u);
+    QVERIFY(list->currentValue().isVoid());
+  }
+
+  void hostsFindTheListSlotsAfterTheControlInterface()
+  {
+    typedef void (PropUiQListCtrl::*Told)(const PropVariant&);
+    const long last = vtableSlot(&PropUiQWidget::setVaries);
+    const long order[] = {vtableSlot(static_cast<Told>(&PropUiQListCtrl::currentChanged)),
+                          vtableSlot(static_cast<Told>(&PropUiQListCtrl::selectionChanged)),
+                          vtableSlot(&PropUiQListCtrl::onDataChanged),
+                          vtableSlot(&PropUiQListCtrl::onRowsAboutToBeRemoved),
+                          vtableSlot(&PropUiQListCtrl::onRowsRemoved),
+                          vtableSlot(&PropUiQListCtrl::onSelectionChanged),
+                          vtableSlot(&PropUiQListCtrl::onCurrentRowChanged)};
+    for (int i = 0; i < 7; ++i)
+      QCOMPARE(order[i], last + 1 + i);
+    // Reached through its extension interface, the list is the same control.
+    PropUiQListCtrl list;
+    QCOMPARE(dynamic_cast<PropUiQSelectionExt*>(static_cast<PropUiQControl*>(&list)), static_cast<PropUiQSelectionExt*>(&list));
+  }
+};
+
+QTEST_MAIN(TestListCtrl)
+#include "tst_ListCtrl.moc"
