@@ -5,6 +5,7 @@
 #include "DemoExpression.h"
 #include "OdStringQt.h"
 #include "PropUiGuids.h"
+#include "PropUiIcons.h"
 #include "PropUiQIcon.h"
 #include <QDate>
 #include <QLocale>
@@ -162,6 +163,16 @@ void DemoBag::buildItems()
   name.check = [](const PropVariant& v) {
     return toQString(v.getString()).trimmed().isEmpty() ? QObject::tr("A name cannot be empty.") : QString();
   };
+
+  // A layer has no panel control yet; in the grid its cell carries a lock command as an icon.
+  Item& layer = add(Text, QObject::tr("Layer"), PropUiGuidLayer, QObject::tr("The layer the object is drawn on"));
+  layer.value = text(QStringLiteral("Hub outlines"));
+  layer.flags |= kHasActions;
+  Item* layerItem = &layer;
+  layer.actions.append(OdSharedPtr<PropAction>(new DemoAction(QObject::tr("Lock the layer"), propUiGetIcon(QStringLiteral("lock")), [layerItem]() {
+    layerItem->value = text(toQString(layerItem->value.getString()) + QObject::tr(" (locked)"));
+    return true;
+  })));
 
   Item& note = add(Text, QObject::tr("Revision note"), PropUiGuidVariant, QObject::tr("Free text kept with the object"));
   note.value = text(QStringLiteral("Bore widened to 42 mm after the fit test of rev. C"));

@@ -9,6 +9,8 @@
 #include "PropUiQLabel.h"
 #include "PropUiQLineEdit.h"
 #include "PropUiQWidget.h"
+#include "PropUiQStandardFormatter.h"
+#include "PropUiQtMVCFactories.h"
 #include "PropUiRegistry.h"
 #include "QHostCheckBox.h"
 #include <QApplication>
@@ -16,7 +18,10 @@
 #include <QGridLayout>
 #include <QLabel>
 #include <QPlainTextEdit>
+#include <QHeaderView>
 #include <QScrollArea>
+#include <QSplitter>
+#include <QTreeView>
 #include <QTime>
 #include <QTimer>
 #include <QVBoxLayout>
@@ -44,11 +49,21 @@ DemoWindow::DemoWindow(DemoBag* bag, QWidget* parent) : QWidget(parent), m_bag(b
   header->addWidget(m_themeBox);
   layout->addLayout(header);
 
-  auto* scroll = new QScrollArea(this);
+  auto* views = new QSplitter(Qt::Horizontal, this);
+  views->setObjectName(QStringLiteral("views"));
+  views->setChildrenCollapsible(false);
+  auto* scroll = new QScrollArea(views);
   scroll->setObjectName(QStringLiteral("panel"));
   scroll->setWidgetResizable(true);
   scroll->setFrameShape(QFrame::StyledPanel);
-  layout->addWidget(scroll, 3);
+  views->addWidget(scroll);
+  m_gridView = new QTreeView(views);
+  m_gridView->setObjectName(QStringLiteral("grid"));
+  m_gridView->setAccessibleName(tr("Property grid"));
+  views->addWidget(m_gridView);
+  views->setStretchFactor(0, 1);
+  views->setStretchFactor(1, 1);
+  layout->addWidget(views, 3);
 
   m_log = new QPlainTextEdit(this);
   m_log->setObjectName(QStringLiteral("log"));
@@ -62,12 +77,13 @@ DemoWindow::DemoWindow(DemoBag* bag, QWidget* parent) : QWidget(parent), m_bag(b
 
   buildRows();
   scroll->setWidget(m_rows);
+  buildGrid();
   showRedraws();
 
   connect(mixed, &QCheckBox::toggled, this, &DemoWindow::setMixed);
   connect(m_themeBox, QOverload<int>::of(&QComboBox::activated), this,
           [this](int row) { setTheme(m_themeBox->itemData(row).toInt()); });
-  resize(560, 760);
+  resize(1040, 760);
 }
 
 void DemoWindow::buildRows()
@@ -117,6 +133,27 @@ void DemoWindow::buildRows()
   m_rows = rows;
 }
 
+void DemoWindow::buildGrid()
+{
+  // The grid a host builds beside its panel: the item model and the standard delegate, bound
+  // through the group to the same bag, so an edit in either view refreshes the other.
+  QAbstractItemModel* model = hostCreatePropUiItemModel(&m_gridGroup, m_gridView);
+  QAbstractItemDelegate* delegate = hostCreatePropUiItemDelegate(&m_gridGroup, m_gridView);
+  m_gridFormatter = propUiCreateStandardFormatter(m_gridView);
+  m_gridFormatter->setPropBag(m_bag);
+  m_gridView->setModel(model);
+  m_gridView->setItemDelegate(delegate);
+  m_gridView->setEditTriggers(QAbstractItemView::AllEditTriggers);
+  m_gridView->setAlternatingRowColors(true);
+  m_gridView->setUniformRowHeights(true);
+  m_gridView->header()->hide();
+  m_gridGroup.setFormatter(m_gridFormatter);
+  m_gridGroup.setPropBag(m_bag);
+  m_gridView->expandAll();
+  m_gridView->header()->setSectionResizeMode(0, QHeaderView::ResizeToContents);
+  m_gridView->header()->setStretchLastSection(true);
+}
+
 void DemoWindow::refreshControl(PropUiQWidget* control)
 {
   try
@@ -138,6 +175,7 @@ void DemoWindow::refresh()
   for (const auto& control : m_controls)
     if (control)
       refreshControl(control);
+  m_gridGroup.itemChanged(-1);
 }
 
 void DemoWindow::scheduleRefresh()

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "DemoGridGroup.h"
 #include <QPointer>
 #include <QVector>
 #include <QWidget>
@@ -9,6 +10,8 @@ class PropUiQWidget;
 class QGridLayout;
 class QLabel;
 class QPlainTextEdit;
+class QTreeView;
+class PropUiQFormatter;
 
 /**
  * A property panel as a host would build it: one row per item of the bag,
@@ -35,6 +38,7 @@ public:
 
 private:
   void buildRows();
+  void buildGrid();
   void refresh();
   void refreshControl(PropUiQWidget* control);
   void showRedraws();
@@ -48,6 +52,9 @@ private:
   QLabel* m_status = nullptr;
   class QCheckBox* m_mixedSwitch = nullptr;
   class QComboBox* m_themeBox = nullptr;
+  DemoGridGroup m_gridGroup;
+  QTreeView* m_gridView = nullptr;
+  PropUiQFormatter* m_gridFormatter = nullptr;
   int m_redraws = 0;
   bool m_refreshPending = false;
 };

@@ -1,0 +1,209 @@
+#include "PropUiQStandardDelegate.h"
+
+#include "PropBag.h"
+#include "PropUiQControl.h"
+#include "PropUiQStandardFormatter.h"
+#include "PropUiRegistry.h"
+#include <QFocusEvent>
+
+namespace
+{
+
+std::wstring keyOf(const OdGUID& guid)
+{
+  const OdString text = guid.toString();
+  return std::wstring(text.c_str(), std::size_t(text.getLength()));
+}
+
+/**
+ * A view gives the editor itself the focus and sends it the keys; the control's own field must
+ * receive them. Focus is handed on rather than proxied, so that a control closed while its field
+ * has focus is torn down as it is in a panel.
+ */
+class FocusToFieldFilter : public QObject
+{
+public:
+  explicit FocusToFieldFilter(QWidget* control) : QObject(control) { control->installEventFilter(this); }
+
+  bool eventFilter(QObject* watched, QEvent* event) override
+  {
+    if (event->type() != QEvent::FocusIn)
+      return false;
+    const auto* control = static_cast<QWidget*>(watched);
+    const QList<QWidget*> children = control->findChildren<QWidget*>();
+    for (QWidget* child : children)
+      if ((child->focusPolicy() & Qt::TabFocus) && child->isEnabled())
+      {
+        child->setFocus(static_cast<QFocusEvent*>(event)->reason());
+        break;
+      }
+    return false;
+  }
+};
+
+} // namespace
+
+PropUiQStandardDelegate::PropUiQStandardDelegate(QObject* parent) : QStyledItemDelegate(parent)
+{
+  setSubDelegate(OdGUID::kNull, new PropUiQControlDelegate(this));
+}
+
+void PropUiQStandardDelegate::setSubDelegate(const OdGUID& guid, PropUiQControlDelegate* delegate)
+{
+  if (!delegate)
+    return;
+  delegate->setParent(this);
+  const std::wstring key = keyOf(guid);
+  QPointer<PropUiQControlDelegate>& held = m_subDelegates[key];
+  if (held && held != delegate)
+    delete held.data();
+  held = delegate;
+  // A sub-delegate added after binding serves the same bag at once.
+  delegate->setPropBag(m_bag);
+  delegate->setFormatter(m_standardFormatter ? formatterForKey(key) : m_formatter);
+}
+
+PropUiQControlDelegate* PropUiQStandardDelegate::subDelegate(const OdGUID& guid) const
+{
+  const auto found = m_subDelegates.find(keyOf(guid));
+  return found != m_subDelegates.end() ? found->second.data() : nullptr;
+}
+
+PropUiQControlDelegate* PropUiQStandardDelegate::subDelegateForItem(int item) const
+{
+  if (!m_bag)
+    return nullptr;
+  if (PropUiQControlDelegate* own = subDelegate(m_bag->getControlGuid(item)))
+    return own;
+  return subDelegate(OdGUID::kNull);
+}
+
+PropUiQFormatter* PropUiQStandardDelegate::formatterForKey(const std::wstring& key) const
+{
+  return m_standardFormatter ? m_standardFormatter->formatterFor(OdString(key.c_str())) : nullptr;
+}
+
+bool PropUiQStandardDelegate::propertyOf(const QModelIndex& index, int& item, unsigned long& sub,
+                                         bool& isSubItem) const
+{
+  return m_bag && index.isValid() && PropUiQtMVCInterface::getPropData(index, item, sub, isSubItem);
+}
+
+void PropUiQStandardDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
+                                    const QModelIndex& index) const
+{
+  int item = -1;
+  unsigned long sub = 0;
+  bool isSubItem = false;
+  if (!propertyOf(index, item, sub, isSubItem))
+    return;
+  if (PropUiQControlDelegate* delegate = subDelegateForItem(item))
+    delegate->paint(painter, option, index);
+  else
+    QStyledItemDelegate::paint(painter, option, index);
+}
+
+QSize PropUiQStandardDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const
+{
+  int item = -1;
+  unsigned long sub = 0;
+  bool isSubItem = false;
+  if (propertyOf(index, item, sub, isSubItem))
+    if (PropUiQControlDelegate* delegate = subDelegateForItem(item))
+      return delegate->sizeHint(option, index);
+  return QStyledItemDelegate::sizeHint(option, index);
+}
+
+QWidget* PropUiQStandardDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem&,
+                                               const QModelIndex& index) const
+{
+  int item = -1;
+  unsigned long sub = 0;
+  bool isSubItem = false;
+  if (!propertyOf(index, item, sub, isSubItem))
+    return nullptr;
+  const int options = int(m_bag->getFlags(item));
+  PropUiQWidget* widget = propUiCreateEditor(m_bag->getControlGuid(item), options);
+  if (!widget)
+    return nullptr;
+  widget->setParent(parent);
+  auto* control = dynamic_cast<PropUiQControl*>(widget);
+  if (!control)
+    return nullptr;
+  try
+  {
+    if (isSubItem)
+      control->setPropBagItem(m_bag, item, sub);
+    else
+      control->setPropBagItem(m_bag, item);
+    if (control->setupUi())
+    {
+      control->updateData();
+      control->updateUi();
+    }
+    new FocusToFieldFilter(control);
+  }
+  catch (...)
+  {
+    // A control that cannot show its item (it rejects what the bag lists) opens no editor.
+    delete control;
+    return nullptr;
+  }
+  return control;
+}
+
+void PropUiQStandardDelegate::setEditorData(QWidget* editor, const QModelIndex& index) const
+{
+  PropUiQControlDelegate::refreshEditorData(editor);
+  QStyledItemDelegate::setEditorData(editor, index);
+}
+
+void PropUiQStandardDelegate::setModelData(QWidget* editor, QAbstractItemModel* model, const QModelIndex& index) const
+{
+  QStyledItemDelegate::setModelData(editor, model, index);
+}
+
+void PropUiQStandardDelegate::updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,
+                                                   const QModelIndex& index) const
+{
+  int item = -1;
+  unsigned long sub = 0;
+  bool isSubItem = false;
+  if (propertyOf(index, item, sub, isSubItem))
+    if (PropUiQControlDelegate* delegate = subDelegateForItem(item))
+    {
+      delegate->updateEditorGeometry(editor, option, index);
+      return;
+    }
+  PropUiQControlDelegate::placeEditor(editor, option);
+}
+
+void PropUiQStandardDelegate::setPropBag(PropBag* bag)
+{
+  m_bag = bag;
+  for (const auto& entry : m_subDelegates)
+    if (entry.second)
+      entry.second->setPropBag(bag);
+}
+
+void PropUiQStandardDelegate::setFormatter(PropUiQFormatter* formatter)
+{
+  m_formatter = formatter;
+  m_standardFormatter = qobject_cast<PropUiQStandardFormatter*>(formatter);
+  for (const auto& entry : m_subDelegates)
+    if (entry.second)
+      entry.second->setFormatter(m_standardFormatter ? formatterForKey(entry.first) : formatter);
+}
+
+void PropUiQStandardDelegate::itemChanged(int item)
+{
+  if (item == -1)
+  {
+    for (const auto& entry : m_subDelegates)
+      if (entry.second)
+        entry.second->itemChanged(-1);
+    return;
+  }
+  if (PropUiQControlDelegate* delegate = subDelegateForItem(item))
+    delegate->itemChanged(item);
+}

@@ -1,0 +1,3 @@
+#include "PropUiQtMVCGroup.h"
+
+PropUiQtMVCGroup::PropUiQtMVCGroup() = default;

@@ -1,0 +1,371 @@
+#include "MessageCatcher.h"
+#include "PropUiGuids.h"
+#include "PropUiQDefaultFormatter.h"
+#include "PropUiQDoubleCtrl.h"
+#include "PropUiQLayerDelegate.h"
+#include "PropUiQStandardDelegate.h"
+#include "PropUiQStandardFormatter.h"
+#include "PropUiQtMVCFactories.h"
+#include "PropertyBagModel.h"
+#include "PropWidgetsEntry.h"
+#include "RecordingBag.h"
+#include "TestMvcGroup.h"
+#include "TestValues.h"
+#include "hostDbPropBagCtx.h"
+#include <QLineEdit>
+#include <QPainter>
+#include <QStandardItemModel>
+#include <QTreeView>
+#include <QtTest>
+
+namespace
+{
+
+/** A bag with a real-number item (0), a point with three elements (1) and an item of an unknown kind (2). */
+void fill(RecordingBag& bag)
+{
+  // The standard formatter finds an item's formatter through its type; without one it shows nothing.
+  static TestItemType realType(1, PropUiGuidDouble);
+  bag.addItem(QStringLiteral("Radius"), realValue(6.5));
+  bag.item(0).type = &realType;
+  bag.item(0).guid = PropUiGuidDouble;
+  const int point = bag.addItem(QStringLiteral("Center"), realValue(0));
+  bag.item(point).guid = PropUiGuidDouble;
+  bag.item(point).elements = {0, 1, 2};
+  bag.item(point).elementCaptions = QStringList{QStringLiteral("X"), QStringLiteral("Y"), QStringLiteral("Z")};
+  bag.item(point).elementValues = {{0, realValue(1)}, {1, realValue(2)}, {2, realValue(3)}};
+  bag.addItem(QStringLiteral("Unknown"), realValue(1));
+  bag.item(2).guid = OdGUID(0x12345678, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10);
+}
+
+/** A grid as a host builds it: the item model and the standard delegate, bound through a group. */
+struct Grid
+{
+  explicit Grid(RecordingBag& bag)
+  {
+    model = hostCreatePropUiItemModel(&group, &owner);
+    delegate = qobject_cast<PropUiQStandardDelegate*>(hostCreatePropUiItemDelegate(&group, &owner));
+    formatter = propUiCreateStandardFormatter(&owner);
+    formatter->setPropBag(&bag); // the formatter is the host's to bind, as for a control
+    group.setFormatter(formatter);
+    group.setPropBag(&bag);
+  }
+  QObject owner;
+  TestMvcGroup group;
+  QAbstractItemModel* model = nullptr;
+  PropUiQStandardDelegate* delegate = nullptr;
+  PropUiQFormatter* formatter = nullptr;
+};
+
+QStyleOptionViewItem cellOption(const QRect& rect)
+{
+  QStyleOptionViewItem option;
+  option.rect = rect;
+  option.decorationSize = QSize(16, 16);
+  return option;
+}
+
+/** A layer-delegate bag: item 0 has two actions with icons. */
+struct ActionBag : RecordingBag
+{
+  ActionBag()
+  {
+    addItem(QStringLiteral("Layer"), intValue(1));
+    item(0).guid = PropUiGuidLayer;
+    for (int i = 0; i < 2; ++i)
+    {
+      auto* action = new TestAction(QStringLiteral("a%1").arg(i));
+      QPixmap pixmap(16, 16);
+      pixmap.fill(Qt::red);
+      action->iconToGive = QIcon(pixmap);
+      actions.append(action);
+      item(0).actions.append(OdSharedPtr<PropAction>(action));
+    }
+    addItem(QStringLiteral("Other"), intValue(2));
+  }
+  QVector<TestAction*> actions;
+};
+
+/** Lets a test press and release on the protected editorEvent. */
+class OpenLayerDelegate : public PropUiQLayerDelegate
+{
+public:
+  using PropUiQLayerDelegate::editorEvent;
+};
+
+/** A context that disables one list value. */
+class DisablingContext : public hostDbPropBagCtx
+{
+public:
+  bool isDisabledValue(int, const PropVariant& value) override
+  {
+    ++asked;
+    return value.getInt32() == 5;
+  }
+  int asked = 0;
+};
+
+} // namespace
+
+class TestItemDelegates : public QObject
+{
+  Q_OBJECT
+
+private slots:
+  void initTestCase() { odrxCreateModuleObject()->initApp(); }
+  void cleanupTestCase() { odrxCreateModuleObject()->uninitApp(); }
+
+  // Level 1: the editor's own events, with no view around it.
+  void editorWritesOnEnterAndRevertsOnEscape()
+  {
+    RecordingBag bag;
+    fill(bag);
+    Grid grid(bag);
+    QWidget parent;
+    QScopedPointer<QWidget> editor(grid.delegate->createEditor(&parent, cellOption(QRect(0, 0, 200, 24)),
+                                                               grid.model->index(0, 1)));
+    QVERIFY(editor);
+    auto* edit = editor->findChild<QLineEdit*>();
+    QVERIFY(edit);
+    parent.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&parent));
+
+    edit->selectAll();
+    QTest::keyClicks(edit, QStringLiteral("7.25"));
+    QTest::keyClick(edit, Qt::Key_Escape);
+    QCOMPARE(edit->text(), QStringLiteral("6.5"));
+    QVERIFY(!bag.called(QStringLiteral("setValue")));
+
+    edit->selectAll();
+    QTest::keyClicks(edit, QStringLiteral("7.25"));
+    QTest::keyClick(edit, Qt::Key_Enter);
+    QCOMPARE(bag.count(QStringLiteral("setValue")), 1);
+    QCOMPARE(bag.written.last().getDouble(), 7.25);
+  }
+
+  // Level 2: the delegate's editor operations, with no view.
+  void createEditorBindsTheCellsItem_data()
+  {
+    QTest::addColumn<int>("row");
+    QTest::addColumn<int>("parentRow");
+    QTest::addColumn<bool>("elementBound");
+    QTest::addColumn<QString>("shown");
+    QTest::newRow("item") << 0 << -1 << false << "6.5";
+    QTest::newRow("element") << 2 << 1 << true << "3";
+  }
+  void createEditorBindsTheCellsItem()
+  {
+    QFETCH(int, row);
+    QFETCH(int, parentRow);
+    QFETCH(bool, elementBound);
+    QFETCH(QString, shown);
+    RecordingBag bag;
+    fill(bag);
+    Grid grid(bag);
+    const QModelIndex parent = parentRow < 0 ? QModelIndex() : grid.model->index(parentRow, 0);
+    const QModelIndex cell = grid.model->index(row, 1, parent);
+    QWidget host;
+    QWidget* editor = grid.delegate->createEditor(&host, cellOption(QRect()), cell);
+    auto* control = qobject_cast<PropUiQDoubleCtrl*>(editor);
+    QVERIFY(control);
+    QCOMPARE(control->parentWidget(), &host);
+    QCOMPARE(control->isPropertyElement(), elementBound);
+    QCOMPARE(control->lineEdit()->text(), shown);
+
+    bag.item(0).value = realValue(9);
+    bag.item(1).elementValues[2] = realValue(4);
+    grid.delegate->setEditorData(editor, cell);
+    QCOMPARE(control->lineEdit()->text(), elementBound ? QStringLiteral("4") : QStringLiteral("9"));
+
+    grid.delegate->updateEditorGeometry(editor, cellOption(QRect(10, 20, 150, 22)), cell);
+    QCOMPARE(editor->geometry(), QRect(10, 20, 150, 22));
+  }
+
+  void noEditorForBadInput()
+  {
+    RecordingBag bag;
+    fill(bag);
+    Grid grid(bag);
+    QWidget host;
+    const QStyleOptionViewItem option = cellOption(QRect());
+    QVERIFY(!grid.delegate->createEditor(&host, option, grid.model->index(2, 1))); // no factory for its GUID
+    QVERIFY(!grid.delegate->createEditor(&host, option, QModelIndex()));
+    QStandardItemModel other(1, 1);
+    QVERIFY(!grid.delegate->createEditor(&host, option, other.index(0, 0))); // not a property index
+    grid.group.setPropBag(nullptr);
+    QVERIFY(!grid.delegate->createEditor(&host, option, grid.model->index(0, 1)));
+  }
+
+  // Level 3: a real view, the keys a user types, and what the bag received.
+  void viewEditWritesTheBag_data()
+  {
+    QTest::addColumn<bool>("accept");
+    QTest::addColumn<QString>("cellAfter");
+    QTest::newRow("accepted") << true << "8.5";
+    QTest::newRow("refused by validate") << false << "6.5";
+  }
+  void viewEditWritesTheBag()
+  {
+    QFETCH(bool, accept);
+    QFETCH(QString, cellAfter);
+    MessageCatcher messages;
+    RecordingBag bag;
+    fill(bag);
+    bag.item(0).acceptValidate = accept;
+    bag.item(0).validateMessage = QStringLiteral("Too large");
+    Grid grid(bag);
+    QTreeView view;
+    view.setModel(grid.model);
+    view.setItemDelegate(grid.delegate);
+    view.resize(400, 300);
+    view.show();
+    view.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&view));
+
+    const QModelIndex cell = grid.model->index(0, 1);
+    view.setCurrentIndex(cell);
+    view.edit(cell);
+    QLineEdit* edit = nullptr;
+    QTRY_VERIFY((edit = view.viewport()->findChild<QLineEdit*>()) && edit->hasFocus());
+    edit->selectAll();
+    QTest::keyClicks(edit, QStringLiteral("8.5"));
+    QTest::keyClick(edit, Qt::Key_Enter);
+
+    QCOMPARE(bag.count(QStringLiteral("validate")), 1);
+    QCOMPARE(bag.count(QStringLiteral("setValue")), accept ? 1 : 0);
+    QCOMPARE(bag.item(0).value.getDouble(), accept ? 8.5 : 6.5);
+    QTRY_VERIFY(!view.viewport()->findChild<QLineEdit*>() || !view.viewport()->findChild<QLineEdit*>()->isVisible());
+    QCOMPARE(cell.data().toString(), cellAfter);
+    if (!accept)
+      QTRY_COMPARE(messages.shown.size(), 1);
+  }
+
+  void subDelegatesByControlGuid()
+  {
+    RecordingBag bag;
+    fill(bag);
+    bag.item(2).guid = PropUiGuidLayer;
+    Grid grid(bag);
+    PropUiQControlDelegate* fallback = grid.delegate->subDelegate(OdGUID::kNull);
+    auto* layer = qobject_cast<PropUiQLayerDelegate*>(grid.delegate->subDelegate(PropUiGuidLayer));
+    QVERIFY(fallback && layer);
+    QCOMPARE(grid.delegate->subDelegateForItem(0), fallback); // no sub-delegate of its own: the default one
+    QCOMPARE(grid.delegate->subDelegateForItem(2), static_cast<PropUiQControlDelegate*>(layer));
+    QCOMPARE(layer->propBag(), &bag);
+
+    // A standard formatter hands each sub-delegate its key's formatter; any other formatter is shared.
+    auto* standard = qobject_cast<PropUiQStandardFormatter*>(grid.formatter);
+    QCOMPARE(fallback->formatter(), standard->formatterFor(OdGUID::kNull.toString()));
+    QVERIFY(qobject_cast<PropUiQDefaultFormatter*>(fallback->formatter()));
+    PropUiQDefaultFormatter plain(nullptr);
+    grid.delegate->setFormatter(&plain);
+    QCOMPARE(layer->formatter(), &plain);
+
+    // A replaced entry is deleted with its key.
+    QPointer<PropUiQControlDelegate> old = layer;
+    grid.delegate->setSubDelegate(PropUiGuidLayer, new PropUiQLayerDelegate);
+    QVERIFY(!old);
+  }
+
+  void paintsOnlyPropertyCells()
+  {
+    RecordingBag bag;
+    fill(bag);
+    Grid grid(bag);
+    QImage image(100, 24, QImage::Format_ARGB32);
+    image.fill(Qt::white);
+    QPainter painter(&image);
+    QStyleOptionViewItem option = cellOption(image.rect());
+    option.text = QStringLiteral("XXXX");
+    QStandardItemModel other(1, 1);
+    other.setData(other.index(0, 0), QStringLiteral("XXXXXXXX"));
+    grid.delegate->paint(&painter, option, other.index(0, 0));
+    painter.end();
+    QImage blank(100, 24, QImage::Format_ARGB32);
+    blank.fill(Qt::white);
+    QCOMPARE(image, blank);
+  }
+
+  void actionIconPressRunsReleaseIsSwallowed()
+  {
+    ActionBag bag;
+    PropertyBagModelHolder holder(bag);
+    OpenLayerDelegate delegate;
+    delegate.setPropBag(&bag);
+    const QStyleOptionViewItem option = cellOption(QRect(0, 0, 200, 20));
+    const QModelIndex cell = holder.model.index(0, 1);
+    // The icons sit at the right end: the last one ends at x = 199.
+    const QPointF onLast(190.4, 10);
+    QMouseEvent press(QEvent::MouseButtonPress, onLast, Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+    QMouseEvent release(QEvent::MouseButtonRelease, onLast, Qt::LeftButton, Qt::NoButton, Qt::NoModifier);
+
+    QVERIFY(delegate.editorEvent(&release, &holder.model, option, cell));
+    QCOMPARE(bag.actions[1]->runs, 0);
+    QVERIFY(bag.executed.isEmpty());
+    QVERIFY(delegate.editorEvent(&press, &holder.model, option, cell));
+    QCOMPARE(bag.executed.size(), 1);
+    QCOMPARE(bag.executed[0], static_cast<PropAction*>(bag.actions[1]));
+
+    QMouseEvent onText(QEvent::MouseButtonPress, QPointF(20, 10), Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+    delegate.editorEvent(&onText, &holder.model, option, cell);
+    QCOMPARE(bag.executed.size(), 1);
+    QCOMPARE(delegate.sizeHint(option, cell).width(),
+             QStyledItemDelegate().sizeHint(option, cell).width() + 2 * 20);
+  }
+
+  void cacheKeptForItsOwnItemOnly()
+  {
+    ActionBag bag;
+    PropertyBagModelHolder holder(bag);
+    PropUiQLayerDelegate delegate;
+    delegate.setPropBag(&bag);
+    QCOMPARE(delegate.cachedItem(), -1);
+    delegate.sizeHint(cellOption(QRect(0, 0, 200, 20)), holder.model.index(0, 1));
+    QCOMPARE(delegate.cachedItem(), 0);
+    bag.clearCalls();
+    delegate.itemChanged(0);
+    QCOMPARE(delegate.cachedItem(), 0);
+    delegate.sizeHint(cellOption(QRect(0, 0, 200, 20)), holder.model.index(0, 1));
+    QVERIFY(!bag.called(QStringLiteral("getActions"))); // its own notice does not reload
+    delegate.itemChanged(1);
+    QCOMPARE(delegate.cachedItem(), -1);
+    delegate.sizeHint(cellOption(QRect(0, 0, 200, 20)), holder.model.index(0, 1));
+    delegate.itemChanged(-1);
+    QCOMPARE(delegate.cachedItem(), -1);
+  }
+
+  void disabledValueIsAskedOfTheDatabaseContext()
+  {
+    ActionBag bag;
+    bag.item(0).listValues = {{0, intValue(5)}};
+    DisablingContext context;
+    bag.context = &context;
+    PropertyBagModelHolder holder(bag);
+    PropUiQLayerDelegate delegate;
+    delegate.setPropBag(&bag);
+    QImage image(200, 20, QImage::Format_ARGB32);
+    QPainter painter(&image);
+    delegate.paint(&painter, cellOption(image.rect()), holder.model.index(0, 1));
+    QCOMPARE(context.asked, 1);
+    bag.context = nullptr;
+    delegate.paint(&painter, cellOption(image.rect()), holder.model.index(0, 1));
+    QCOMPARE(context.asked, 1);
+  }
+
+private:
+  /** The item model over a bag, with the default formatter. */
+  struct PropertyBagModelHolder
+  {
+    explicit PropertyBagModelHolder(RecordingBag& bag) : formatter(nullptr)
+    {
+      formatter.setPropBag(&bag);
+      model.setFormatter(&formatter);
+      model.setPropBag(&bag);
+    }
+    PropUiQDefaultFormatter formatter;
+    PropertyBagModel model;
+  };
+};
+
+QTEST_MAIN(TestItemDelegates)
+#include "tst_ItemDelegates.moc"

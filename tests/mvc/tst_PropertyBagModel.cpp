@@ -1,0 +1,289 @@
+#include "PropUiQDefaultFormatter.h"
+#include "PropUiQtMVCFactories.h"
+#include "PropertyBagModel.h"
+#include "RecordingBag.h"
+#include "TestMvcGroup.h"
+#include "TestValues.h"
+#include <QAbstractItemModelTester>
+#include <QSignalSpy>
+#include <QStandardItemModel>
+#include <QtTest>
+
+namespace
+{
+
+enum Shape
+{
+  Empty,
+  OneItem,
+  Mixed,
+  Varying
+};
+
+/** A bag of the given shape: plain items, items with elements, choice items, varying values. */
+void fill(RecordingBag& bag, Shape shape)
+{
+  if (shape == Empty)
+    return;
+  bag.addItem(QStringLiteral("Width"), realValue(2.5, shape == Varying));
+  if (shape == OneItem)
+    return;
+  const int point = bag.addItem(QStringLiteral("Center"), realValue(0));
+  bag.item(point).elements = {0, 1, 2};
+  bag.item(point).elementCaptions = QStringList{QStringLiteral("X"), QStringLiteral("Y"), QStringLiteral("Z")};
+  bag.item(point).elementValues = {{0, realValue(1)}, {1, realValue(2, shape == Varying)}, {2, realValue(3)}};
+  const int choice = bag.addItem(QStringLiteral("Style"), intValue(20, shape == Varying));
+  bag.item(choice).flags = 0x2;
+  bag.item(choice).listNames = QStringList{QStringLiteral("Thin"), QStringLiteral("Thick")};
+  bag.item(choice).listKeys = {7, 9};
+  bag.item(choice).listValues = {{7, intValue(10)}, {9, intValue(20)}};
+  bag.addItem(QStringLiteral("Name"), textValue(QStringLiteral("hub")));
+}
+
+/** Column 0 and 1 display texts of every top-level row and its element rows, "name=value" and "  X=1". */
+QStringList rowsOf(const QAbstractItemModel& model, const QModelIndex& parent = QModelIndex(), const QString& indent = QString())
+{
+  QStringList rows;
+  for (int r = 0; r < model.rowCount(parent); ++r)
+  {
+    const QModelIndex name = model.index(r, 0, parent);
+    rows << indent + name.data().toString() + QLatin1Char('=') + model.index(r, 1, parent).data().toString();
+    rows << rowsOf(model, name, indent + QStringLiteral("  "));
+  }
+  return rows;
+}
+
+} // namespace
+
+Q_DECLARE_METATYPE(Shape)
+
+class TestPropertyBagModel : public QObject
+{
+  Q_OBJECT
+
+private slots:
+  void testerPassesThroughBindAndChanges_data()
+  {
+    QTest::addColumn<Shape>("shape");
+    QTest::newRow("no items") << Empty;
+    QTest::newRow("one item") << OneItem;
+    QTest::newRow("items with and without elements") << Mixed;
+    QTest::newRow("varying values") << Varying;
+  }
+  void testerPassesThroughBindAndChanges()
+  {
+    QFETCH(Shape, shape);
+    RecordingBag bag;
+    fill(bag, shape);
+    PropertyBagModel model;
+    PropUiQDefaultFormatter formatter(nullptr);
+    formatter.setPropBag(&bag);
+    QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::Fatal);
+
+    model.setFormatter(&formatter);
+    model.setPropBag(&bag);
+    model.itemChanged(-1);
+    for (int i = 0; i < bag.getItemCount(); ++i)
+      model.itemChanged(i);
+    model.itemChanged(99); // out of range: nothing to report
+    model.setPropBag(nullptr);
+    QCOMPARE(model.rowCount(), 0);
+    model.setPropBag(&bag);
+    QCOMPARE(model.rowCount(), bag.getItemCount());
+  }
+
+  void showsItemsAndElements()
+  {
+    RecordingBag bag;
+    fill(bag, Mixed);
+    PropertyBagModel model;
+    PropUiQDefaultFormatter formatter(nullptr);
+    formatter.setPropBag(&bag);
+    model.setFormatter(&formatter);
+    model.setPropBag(&bag);
+
+    QCOMPARE(rowsOf(model), (QStringList{QStringLiteral("Width=2.5"), QStringLiteral("Center=0"),
+                                         QStringLiteral("  X=1"), QStringLiteral("  Y=2"), QStringLiteral("  Z=3"),
+                                         QStringLiteral("Style=20"), QStringLiteral("Name=hub")}));
+    QCOMPARE(model.columnCount(), 2);
+    QVERIFY(model.hasChildren(model.index(1, 0)));
+    QVERIFY(!model.hasChildren(model.index(0, 0)));
+    QVERIFY(!model.hasChildren(model.index(1, 1))); // only column 0 carries the elements
+    const QModelIndex y = model.index(1, 0, model.index(1, 0));
+    QCOMPARE(model.parent(y), model.index(1, 0));
+    QCOMPARE(model.rowCount(y), 0);
+    QVERIFY(!model.hasChildren(y));
+    QVERIFY(!model.index(0, 0, y).isValid());
+    QVERIFY(!model.headerData(0, Qt::Horizontal).isValid());
+  }
+
+  void variesTextsDifferByLevel()
+  {
+    RecordingBag bag;
+    fill(bag, Varying);
+    PropertyBagModel model;
+    PropUiQDefaultFormatter formatter(nullptr);
+    formatter.setPropBag(&bag);
+    model.setFormatter(&formatter);
+    model.setPropBag(&bag);
+
+    QCOMPARE(model.index(0, 1).data().toString(), QStringLiteral("*VARIES*"));
+    const QVariant icon = model.index(0, 1).data(Qt::DecorationRole);
+    QVERIFY(icon.canConvert<QIcon>() && icon.value<QIcon>().isNull());
+    QCOMPARE(model.index(1, 1, model.index(1, 0)).data().toString(), QStringLiteral("*varies*"));
+    QCOMPARE(model.index(0, 1, model.index(1, 0)).data().toString(), QStringLiteral("1"));
+  }
+
+  void roles_data()
+  {
+    QTest::addColumn<int>("row");
+    QTest::addColumn<int>("parentRow");
+    QTest::addColumn<int>("item");
+    QTest::addColumn<qulonglong>("sub");
+    QTest::addColumn<bool>("isSubItem");
+    QTest::newRow("plain item") << 0 << -1 << 0 << 0ull << false;
+    QTest::newRow("element row") << 2 << 1 << 1 << 2ull << true;
+    QTest::newRow("choice item: position of the matching key") << 2 << -1 << 2 << 1ull << false;
+    QTest::newRow("text item") << 3 << -1 << 3 << 0ull << false;
+  }
+  void roles()
+  {
+    QFETCH(int, row);
+    QFETCH(int, parentRow);
+    QFETCH(int, item);
+    QFETCH(qulonglong, sub);
+    QFETCH(bool, isSubItem);
+    RecordingBag bag;
+    fill(bag, Mixed);
+    PropertyBagModel model;
+    PropUiQDefaultFormatter formatter(nullptr);
+    model.setFormatter(&formatter);
+    model.setPropBag(&bag);
+    const QModelIndex parent = parentRow < 0 ? QModelIndex() : model.index(parentRow, 0);
+    const QModelIndex index = model.index(row, 1, parent);
+
+    int gotItem = -5;
+    unsigned long gotSub = 99;
+    bool gotIsSub = !isSubItem;
+    QVERIFY(PropUiQtMVCInterface::getPropData(index, gotItem, gotSub, gotIsSub));
+    QCOMPARE(gotItem, item);
+    QCOMPARE(qulonglong(gotSub), sub);
+    QCOMPARE(gotIsSub, isSubItem);
+  }
+
+  void subIndexNeedsTheChoiceFlag()
+  {
+    RecordingBag bag;
+    fill(bag, Mixed);
+    bag.item(2).flags = 0x4; // an editable list, but not a choice: no entry is looked up
+    PropertyBagModel model;
+    PropUiQDefaultFormatter formatter(nullptr);
+    model.setFormatter(&formatter);
+    model.setPropBag(&bag);
+    QCOMPARE(model.index(2, 0).data(PropSubIndexRole).toULongLong(), 0ull);
+    QVERIFY(!bag.called(QStringLiteral("getValueList")));
+  }
+
+  void columnOneAloneIsEditable()
+  {
+    RecordingBag bag;
+    fill(bag, Mixed);
+    PropertyBagModel model;
+    model.setPropBag(&bag);
+    QVERIFY(!(model.flags(model.index(0, 0)) & Qt::ItemIsEditable));
+    QVERIFY(model.flags(model.index(0, 1)) & Qt::ItemIsEditable);
+    QVERIFY(model.flags(model.index(0, 1, model.index(1, 0))) & Qt::ItemIsEditable);
+  }
+
+  void badInputGivesNothing()
+  {
+    RecordingBag bag;
+    fill(bag, Mixed);
+    PropertyBagModel model;
+    QVERIFY(!model.index(0, 0).isValid()); // unbound
+    model.setPropBag(&bag);
+    QVERIFY(!model.index(0, 1).data().isValid()); // no formatter yet
+    PropUiQDefaultFormatter formatter(nullptr);
+    model.setFormatter(&formatter);
+    QVERIFY(!model.index(4, 0).isValid());
+    QVERIFY(!model.index(0, 2).isValid());
+    QVERIFY(!model.index(-1, 0).isValid());
+
+    QStandardItemModel other(3, 2);
+    QVERIFY(!model.index(0, 0, other.index(1, 0)).isValid());
+    QCOMPARE(model.rowCount(other.index(1, 0)), 0);
+    QVERIFY(!model.data(other.index(0, 0)).isValid());
+
+    // The bag grows behind the model's back: the rows stay those bound.
+    bag.addItem(QStringLiteral("Late"), intValue(1));
+    QCOMPARE(model.rowCount(), 4);
+    bag.item(0).readable = false;
+    QVERIFY(!model.index(0, 1).data().isValid());
+  }
+
+  void itemChangedReportsTheFiveRoles()
+  {
+    RecordingBag bag;
+    fill(bag, Mixed);
+    PropertyBagModel model;
+    model.setPropBag(&bag);
+    QSignalSpy changed(&model, &QAbstractItemModel::dataChanged);
+    model.itemChanged(2);
+    model.itemChanged(-1);
+    QCOMPARE(changed.size(), 2);
+    QCOMPARE(changed[0][0].toModelIndex(), model.index(2, 0));
+    QCOMPARE(changed[0][1].toModelIndex(), model.index(2, 1));
+    QCOMPARE(changed[0][2].value<QVector<int> >(),
+             (QVector<int>{Qt::DisplayRole, Qt::DecorationRole, PropItemIndexRole, PropSubIndexRole, PropIsSubItemRole}));
+    QCOMPARE(changed[1][0].toModelIndex(), model.index(0, 0));
+    QCOMPARE(changed[1][1].toModelIndex(), model.index(3, 1));
+  }
+
+  void getPropDataChecksTypesExactly()
+  {
+    QStandardItemModel host(1, 1);
+    auto* cell = new QStandardItem;
+    host.setItem(0, 0, cell);
+    cell->setData(3, PropItemIndexRole);
+    cell->setData(4, PropSubIndexRole); // a plain int, not unsigned 64-bit
+    cell->setData(true, PropIsSubItemRole);
+    int item = -1;
+    unsigned long sub = 7;
+    bool isSub = false;
+    QVERIFY(!PropUiQtMVCInterface::getPropData(host.index(0, 0), item, sub, isSub));
+    QCOMPARE(item, -1);
+    cell->setData(QVariant::fromValue<qulonglong>(4), PropSubIndexRole);
+    QVERIFY(PropUiQtMVCInterface::getPropData(host.index(0, 0), item, sub, isSub));
+    QCOMPARE(item, 3);
+    QVERIFY(!PropUiQtMVCInterface::getPropData(QModelIndex(), item, sub, isSub));
+  }
+
+  void factoriesAttachToTheGroup()
+  {
+    TestMvcGroup group;
+    QObject owner;
+    QAbstractItemModel* model = hostCreatePropUiItemModel(&group, &owner);
+    QAbstractItemModel* table = hostCreatePropUiTableModel(&group, &owner);
+    QAbstractItemDelegate* delegate = hostCreatePropUiItemDelegate(&group, &owner);
+    QCOMPARE(group.interfaces.size(), 3); // two models and the delegate; the proxy itself is not attached
+    QVERIFY(dynamic_cast<PropertyBagModel*>(model));
+    QCOMPARE(model->parent(), &owner);
+    QVERIFY(delegate);
+
+    RecordingBag bag;
+    fill(bag, Mixed);
+    PropUiQDefaultFormatter formatter(nullptr);
+    group.setFormatter(&formatter);
+    group.setPropBag(&bag);
+    QCOMPARE(model->rowCount(), 4);
+    QCOMPARE(table->rowCount(), 7);
+    QVERIFY(!table->index(2, 0).parent().isValid());
+    QCOMPARE(table->index(2, 0).data().toString(), QStringLiteral("X"));
+
+    QAbstractItemModel* unattached = hostCreatePropUiItemModel(nullptr, &owner);
+    QCOMPARE(unattached->rowCount(), 0);
+  }
+};
+
+QTEST_MAIN(TestPropertyBagModel)
+#include "tst_PropertyBagModel.moc"

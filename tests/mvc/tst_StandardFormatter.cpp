@@ -1,0 +1,82 @@
+#include "PropUiGuids.h"
+#include "PropUiQDefaultFormatter.h"
+#include "PropUiQStandardFormatter.h"
+#include "RecordingBag.h"
+#include "TestValues.h"
+#include <QtTest>
+
+namespace
+{
+
+/** Tags every text it makes, so a test sees which formatter answered. */
+class TaggingFormatter : public PropUiQDefaultFormatter
+{
+public:
+  explicit TaggingFormatter(QObject* parent) : PropUiQDefaultFormatter(parent) {}
+  QString getText(int item, const PropVariant& value) override
+  {
+    return QStringLiteral("tagged ") + PropUiQDefaultFormatter::getText(item, value);
+  }
+};
+
+} // namespace
+
+class TestStandardFormatter : public QObject
+{
+  Q_OBJECT
+
+private slots:
+  void registersOnlyTheDefaultFormatterForNow()
+  {
+    // The drawing-attribute formatters (layer, color, line type, lineweight, arrowhead) come with
+    // the drawing-attribute controls; until then the set is the default formatter alone.
+    QObject owner;
+    PropUiQStandardFormatter* standard = propUiCreateStandardFormatter(&owner);
+    QCOMPARE(standard->parent(), &owner);
+    QCOMPARE(standard->findChildren<PropUiQFormatter*>().size(), 1);
+    QVERIFY(qobject_cast<PropUiQDefaultFormatter*>(standard->formatterFor(OdGUID::kNull.toString())));
+    QCOMPARE(standard->formatterFor(PropUiGuidColor.toString()), standard->formatterFor(OdGUID::kNull.toString()));
+  }
+
+  void dispatchesByTheItemsTypeGuid_data()
+  {
+    QTest::addColumn<bool>("typed");
+    QTest::addColumn<bool>("colorType");
+    QTest::addColumn<QString>("text");
+    QTest::newRow("type with its own formatter") << true << true << "tagged 4";
+    QTest::newRow("type without: the default formatter") << true << false << "4";
+    QTest::newRow("no type object: nothing") << false << false << "";
+  }
+  void dispatchesByTheItemsTypeGuid()
+  {
+    QFETCH(bool, typed);
+    QFETCH(bool, colorType);
+    QFETCH(QString, text);
+    TestItemType color(1, PropUiGuidColor);
+    TestItemType real(2, PropUiGuidDouble);
+    RecordingBag bag;
+    bag.addItem(QStringLiteral("Item"), intValue(4));
+    if (typed)
+      bag.item(0).type = colorType ? &color : &real;
+    QObject owner;
+    PropUiQStandardFormatter* standard = propUiCreateStandardFormatter(&owner);
+    standard->registerFormatter(PropUiGuidColor, new TaggingFormatter(nullptr));
+    standard->setPropBag(&bag);
+    QCOMPARE(standard->getText(0, intValue(4)), text);
+  }
+
+  void registeringAgainReplaces()
+  {
+    PropUiQStandardFormatter standard(nullptr);
+    QPointer<PropUiQFormatter> first = new TaggingFormatter(nullptr);
+    standard.registerFormatter(PropUiGuidColor, first);
+    QCOMPARE(first->parent(), &standard);
+    standard.registerFormatter(PropUiGuidColor, new PropUiQDefaultFormatter(nullptr));
+    QVERIFY(!first);
+    QVERIFY(!standard.formatterFor(PropUiGuidLayer.toString())); // no default registered here
+    QVERIFY(standard.getText(0, intValue(1)).isNull());
+  }
+};
+
+QTEST_MAIN(TestStandardFormatter)
+#include "tst_StandardFormatter.moc"
