@@ -167,7 +167,7 @@ void DemoBag::buildItems()
   // A layer has no panel control yet; in the grid its cell carries a lock command as an icon.
   Item& layer = add(Text, QObject::tr("Layer"), PropUiGuidLayer, QObject::tr("The layer the object is drawn on"));
   layer.value = text(QStringLiteral("Hub outlines"));
-  layer.flags |= kHasActions;
+  layer.flags |= PropItemFlag::kHasActions;
   Item* layerItem = &layer;
   layer.actions.append(OdSharedPtr<PropAction>(new DemoAction(QObject::tr("Lock the layer"), propUiGetIcon(QStringLiteral("lock")), [layerItem]() {
     layerItem->value = text(toQString(layerItem->value.getString()) + QObject::tr(" (locked)"));
