@@ -40,6 +40,20 @@ public:
   }
 };
 
+/** Gives the control a fixed option word, whatever the caller asked, and keeps only the caller's tool-tip bit. */
+template <class Control, int Options>
+class FixedOptionsFactory : public PropUiQWidgetFactory
+{
+public:
+  PropUiQWidget* createWidget(int options, QWidget* parent) override
+  {
+    auto* control = new Control(parent);
+    control->setOptions(Options);
+    return withToolTipBit(control, options);
+  }
+  PropUiQWidget* createEditor(int options, QWidget* parent) override { return createWidget(options, parent); }
+};
+
 /** Hands the caller's whole option word to the control, whose bits then mean what it makes of them. */
 template <class Control>
 class PassOptionsFactory : public PropUiQWidgetFactory
