@@ -42,5 +42,5 @@ private:
   std::map<std::wstring, QPointer<PropUiQFormatter> > m_formatters;
 };
 
-/** The usual set: a standard formatter holding the default formatter (the drawing-attribute ones come later). */
+/** The usual set: a standard formatter holding the default formatter and one for each drawing attribute. */
 PROPWIDGETS_EXPORT PropUiQStandardFormatter* propUiCreateStandardFormatter(QObject* parent);
