@@ -45,7 +45,7 @@ void PropUiQArrowheadCtrl::updateData()
 void PropUiQArrowheadCtrl::onActivated(int index)
 {
   auto* combo = qobject_cast<host_qt_ui::QHostUiArrowHeadComboBox*>(m_combo.data());
-  if (!combo || index < 0)
+  if (!combo || index < 0 || index >= combo->count())
     return;
   OdDbObjectId id;
   // "User Arrow..." is current until its chooser closes; the block picked there comes as its own activation.

@@ -82,7 +82,7 @@ int PropUiQColorCtrl::addTempItem(const PropVariant& value)
 void PropUiQColorCtrl::onActivated(int index)
 {
   auto* combo = qobject_cast<host_qt_ui::QHostUiColorComboBox*>(m_combo.data());
-  if (!combo)
+  if (!combo || index < 0 || index >= combo->count())
     return;
   if (index == combo->count() - 1 && (getOptions() & PropUiOption::kColorChooserLast))
     return;

@@ -157,7 +157,7 @@ int PropUiQLayerCtrl::addTempItem(const PropVariant& value)
 
 void PropUiQLayerCtrl::onActivated(int index)
 {
-  if (!m_bag || !m_combo || index < 0)
+  if (!m_bag || !m_combo || index < 0 || index >= m_combo->count())
     return;
   if (isVaries())
     setVaries(false);

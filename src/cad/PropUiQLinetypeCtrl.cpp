@@ -56,7 +56,7 @@ int PropUiQLinetypeCtrl::addTempItem(const PropVariant& value)
 void PropUiQLinetypeCtrl::onActivated(int index)
 {
   auto* combo = qobject_cast<host_qt_ui::QHostUiLineTypeComboBox*>(m_combo.data());
-  if (!combo || index < 0)
+  if (!combo || index < 0 || index >= combo->count())
     return;
   if (index == combo->count() - 1 && (getOptions() & PropUiOption::kLinetypeChooserLast))
     return;

@@ -50,7 +50,7 @@ void PropUiQLineweightCtrl::updateUi()
 void PropUiQLineweightCtrl::onActivated(int index)
 {
   auto* combo = qobject_cast<host_qt_ui::QHostUiLineWeightComboBox*>(m_combo.data());
-  if (!combo || index < 0)
+  if (!combo || index < 0 || index >= combo->count())
     return;
   if (isVaries())
     setVaries(false);

@@ -400,6 +400,10 @@ private slots:
       layer->onActivated(0);
       noDrawing->onActivated(0);
     }
+    // Activations of entries that do not exist.
+    for (PropUiQComboBox* control : std::initializer_list<PropUiQComboBox*>{colour.data(), linetype.data(), arrow.data()})
+      for (int index : {-1, 1000})
+        control->onActivated(index);
     QVERIFY(f.bag.written.isEmpty());
   }
 
