@@ -22,6 +22,7 @@
 #include "TestValues.h"
 #include "hostColors.h"
 #include "hostDbPropBagCtx.h"
+#include <QAbstractItemModelTester>
 #include <QStandardItemModel>
 #include <QtTest>
 
@@ -433,6 +434,39 @@ private slots:
     OdDbObjectId written;
     QVERIFY(propVariantToObjectId(f.bag.written[0], written));
     QCOMPARE(written, f.db.getLayerZeroId());
+  }
+
+  void listModelsKeepTheModelRules()
+  {
+    Fixture f;
+    host_qt_ui::QHostLineTypeListModel linetypes;
+    host_qt_ui::QHostLineWeightListModel weights;
+    host_qt_ui::QHostArrowHeadListModel arrows;
+    QAbstractItemModelTester t1(&linetypes, QAbstractItemModelTester::FailureReportingMode::QtTest);
+    QAbstractItemModelTester t2(&weights, QAbstractItemModelTester::FailureReportingMode::QtTest);
+    QAbstractItemModelTester t3(&arrows, QAbstractItemModelTester::FailureReportingMode::QtTest);
+    linetypes.init(0x3, &f.db);
+    QCOMPARE(linetypes.rowCount(), 5); // ByLayer, ByBlock, Continuous, Dashed, Dots
+    QCOMPARE(linetypes.findRow(f.dots), 4);
+    QCOMPARE(linetypes.idAt(4), f.dots);
+    QCOMPARE(linetypes.findRow(OdDbObjectId(123456789)), -1);
+    linetypes.setByLayerLinetype(f.dashed);
+    QCOMPARE(imageOf(linetypes.data(linetypes.index(0, 0), Qt::DecorationRole).value<QIcon>()),
+             imageOf(linetypes.data(linetypes.index(3, 0), Qt::DecorationRole).value<QIcon>()));
+    linetypes.init(0x0, nullptr);
+    QCOMPARE(linetypes.rowCount(), 0);
+
+    weights.init(0x7);
+    QCOMPARE(weights.findRow(OdDb::kLnWt211), 3 + 23);
+    QCOMPARE(weights.weightAt(-1), OdDb::kLnWtByLayer);
+    weights.setDefaultWeight(OdDb::kLnWt100);
+
+    arrows.init(0x3);
+    QCOMPARE(arrows.rowCount(), 1); // without a drawing, closed filled alone
+    arrows.setCurrentDatabase(&f.db);
+    arrows.init(0x3);
+    QCOMPARE(arrows.findId(OdDbObjectId::kNull), 0);
+    QCOMPARE(arrows.addBlock(f.walls), -1); // a layer is no block
   }
 
   void pickersListTheDrawing()
