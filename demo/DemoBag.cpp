@@ -2,7 +2,16 @@
 
 #include "DemoActions.h"
 #include "DemoExpression.h"
+#include "OdDbBlockTableRecord.h"
+#include "OdDbDatabase.h"
+#include "OdDbLayerTableRecord.h"
+#include "OdDbLinetypeTableRecord.h"
 #include "OdStringQt.h"
+#include "PropVariantConversions.h"
+#include "QHostArrowHeadListModel.h"
+#include "QHostLineWeightListModel.h"
+#include "hostColors.h"
+#include "hostDbPropBagCtx.h"
 #include "PropUiGuids.h"
 #include "PropUiIcons.h"
 #include "PropUiOptions.h"
@@ -143,9 +152,95 @@ private:
   OdGUID m_guid;
 };
 
+/**
+ * The demo's drawing context: ByLayer stands for what the object's layer
+ * holds, Default for the drawing's default width, and a frozen layer cannot
+ * take new objects.
+ */
+class DemoBag::DrawingContext : public hostDbPropBagCtx
+{
+public:
+  DrawingContext(DemoBag& bag, OdDbDatabase* drawing) : hostDbPropBagCtx(drawing), m_bag(bag) {}
+
+  bool isDisabledValue(int index, const PropVariant& value) override
+  {
+    OdDbObjectId id;
+    const OdDbLayerTableRecord* layer =
+      index == m_bag.m_layerItem && propVariantToObjectId(value, id) ? database()->openLayer(id) : nullptr;
+    return layer && layer->isFrozen();
+  }
+
+  bool translate(int index, const PropVariant& in, PropVariant& out, bool* flag) override
+  {
+    out = in;
+    if (flag)
+      *flag = true;
+    const OdDbLayerTableRecord* layer = m_bag.objectLayer();
+    OdCmColor color;
+    OdDb::LineWeight weight;
+    OdDbObjectId id;
+    if (propVariantToColor(in, color) && color.isByLayer() && layer)
+      out = propVariantFromColor(layer->color(database()->activeViewportId()));
+    else if (propVariantToLineweight(in, weight) && weight == OdDb::kLnWtByLayer && layer)
+      out = propVariantFromLineweight(layer->lineWeight() == OdDb::kLnWtByLwDefault ? database()->getLWDEFAULT()
+                                                                                    : layer->lineWeight());
+    else if (propVariantToLineweight(in, weight) && weight == OdDb::kLnWtByLwDefault)
+      out = propVariantFromLineweight(database()->getLWDEFAULT());
+    else if (propVariantToObjectId(in, id) && id == database()->getLinetypeByLayerId() && layer)
+      out = propVariantFromObjectId(layer->linetypeObjectId());
+    Q_UNUSED(index);
+    return true;
+  }
+
+private:
+  DemoBag& m_bag;
+};
+
 DemoBag::DemoBag()
 {
+  buildDrawing();
   buildItems();
+}
+
+void DemoBag::buildDrawing()
+{
+  m_drawing = std::make_unique<OdDbDatabase>();
+  OdDbDatabase& db = *m_drawing;
+  const OdDbObjectId dashed = db.addLinetype(OdString(L"Dashed"), OdString(L"__ __ __"), OdDoubleArray{0.5, -0.25});
+  const OdDbObjectId hidden = db.addLinetype(OdString(L"Hidden"), OdString(L"_ _ _ _"), OdDoubleArray{0.25, -0.125});
+  db.addLinetype(OdString(L"Center"), OdString(L"____ _ ____"), OdDoubleArray{1.25, -0.25, 0.25, -0.25});
+  db.addLinetype(OdString(L"Dot"), OdString(L". . . ."), OdDoubleArray{0.0, -0.25});
+  auto layer = [&db](const wchar_t* name, int colour, const OdDbObjectId& linetype, OdDb::LineWeight weight) {
+    OdDbLayerTableRecord* record = db.openLayer(db.addLayer(OdString(name)));
+    OdCmColor c;
+    c.setColorIndex(OdInt16(colour));
+    record->setColor(c);
+    if (!linetype.isNull())
+      record->setLinetypeObjectId(linetype);
+    record->setLineWeight(weight);
+    return record;
+  };
+  layer(L"Hub outlines", 30, OdDbObjectId(), OdDb::kLnWt050);
+  layer(L"Construction", 8, dashed, OdDb::kLnWt013)->setIsFrozen(true);
+  layer(L"Dimensions", 4, OdDbObjectId(), OdDb::kLnWt018)->setIsLocked(true);
+  layer(L"Hidden edges", 5, hidden, OdDb::kLnWtByLwDefault)->setIsOff(true);
+  OdCmColor teal;
+  teal.setRGB(0, 128, 128);
+  teal.setNames(OdString(L"Teal"));
+  hostAddCustomColor(teal);
+  m_context = std::make_unique<DrawingContext>(*this, m_drawing.get());
+}
+
+OdDbLayerTableRecord* DemoBag::objectLayer() const
+{
+  const Item* item = find(m_layerItem);
+  OdDbObjectId id;
+  return item && propVariantToObjectId(item->value, id) ? m_drawing->openLayer(id) : nullptr;
+}
+
+PropBagCtx* DemoBag::getContext()
+{
+  return m_context.get();
 }
 
 DemoBag::~DemoBag() = default;
@@ -181,15 +276,30 @@ void DemoBag::buildItems()
     return toQString(v.getString()).trimmed().isEmpty() ? QObject::tr("A name cannot be empty.") : QString();
   };
 
-  // A layer has no panel control yet; in the grid its cell carries a lock command as an icon.
-  Item& layer = add(Text, QObject::tr("Layer"), PropUiGuidLayer, QObject::tr("The layer the object is drawn on"));
-  layer.value = text(QStringLiteral("Hub outlines"));
+  // In the grid the layer's cell carries a lock command as an icon.
+  Item& layer = add(Attribute, QObject::tr("Layer"), PropUiGuidLayer, QObject::tr("The layer the object is drawn on"));
+  layer.value = propVariantFromObjectId(m_drawing->getLayerId(OdString(L"Hub outlines")));
   layer.flags |= PropItemFlag::kHasActions;
-  Item* layerItem = &layer;
-  layer.actions.append(OdSharedPtr<PropAction>(new DemoAction(QObject::tr("Lock the layer"), propUiGetIcon(QStringLiteral("lock")), [layerItem]() {
-    layerItem->value = text(toQString(layerItem->value.getString()) + QObject::tr(" (locked)"));
+  layer.check = [this](const PropVariant& v) {
+    OdDbObjectId id;
+    const OdDbLayerTableRecord* target = propVariantToObjectId(v, id) ? m_drawing->openLayer(id) : nullptr;
+    return target && target->isLocked() ? QObject::tr("Objects cannot be moved onto a locked layer.") : QString();
+  };
+  m_layerItem = int(m_items.size()) - 1;
+  layer.actions.append(OdSharedPtr<PropAction>(new DemoAction(QObject::tr("Lock the layer"), propUiGetIcon(QStringLiteral("lock")), [this]() {
+    if (OdDbLayerTableRecord* current = objectLayer())
+      current->setIsLocked(!current->isLocked());
     return true;
   })));
+
+  Item& colour = add(Attribute, QObject::tr("Colour"), PropUiGuidColor, QObject::tr("The colour the object is drawn in"));
+  colour.value = propVariantFromColor(OdCmColor(OdCmEntityColor::kByLayer));
+
+  Item& linetype = add(Attribute, QObject::tr("Linetype"), PropUiGuidLinetype, QObject::tr("The dash pattern of the object's lines"));
+  linetype.value = propVariantFromObjectId(m_drawing->getLinetypeId(OdString(L"Dashed")));
+
+  Item& lineweight = add(Attribute, QObject::tr("Lineweight"), PropUiGuidLineweight, QObject::tr("The printed width of the object's lines"));
+  lineweight.value = propVariantFromLineweight(OdDb::kLnWt035);
 
   Item& note = add(Text, QObject::tr("Revision note"), PropUiGuidVariant, QObject::tr("Free text kept with the object"));
   note.value = text(QStringLiteral("Bore widened to 42 mm after the fit test of rev. C"));
@@ -336,6 +446,9 @@ void DemoBag::buildItems()
     style.choiceIcons.append(letterIcon(styles[i].left(1), styleColors[i]));
   }
   style.value = text(styles[0]);
+
+  Item& arrow = add(Attribute, QObject::tr("Leader arrow"), PropUiGuidArrowhead, QObject::tr("The arrowhead of the label's leader"));
+  arrow.value = propVariantFromObjectId(m_drawing->getBlockId(OdString(L"_ArchTick")));
 
   Item& justify = add(Choice, QObject::tr("Justification"), PropUiGuidButtons3x3, QObject::tr("Where the text sits on its insertion point"));
   const QStringList cells{QObject::tr("Top left"), QObject::tr("Top centre"), QObject::tr("Top right"),
@@ -519,6 +632,26 @@ bool DemoBag::getRange(int index, unsigned long, PropVariant& min, PropVariant& 
 
 QString DemoBag::textOf(const Item& item, const PropVariant& value) const
 {
+  if (item.kind == Attribute)
+  {
+    OdCmColor color;
+    OdDb::LineWeight weight;
+    OdDbObjectId id;
+    if (item.guid == PropUiGuidColor && propVariantToColor(value, color))
+      return hostQtColorName(color);
+    if (item.guid == PropUiGuidLineweight && propVariantToLineweight(value, weight))
+      return host_qt_ui::QHostLineWeightListModel::weightText(weight);
+    if (!propVariantToObjectId(value, id))
+      return QString();
+    if (item.guid == PropUiGuidArrowhead)
+    {
+      const OdDbBlockTableRecord* block = m_drawing->openBlock(id);
+      return id.isNull() || block ? host_qt_ui::QHostArrowHeadListModel::arrowText(block ? toQString(block->getName()) : QString())
+                                  : QString();
+    }
+    const OdDbSymbolTableRecord* record = m_drawing->openObject(id);
+    return record ? toQString(record->getName()) : QString();
+  }
   const QLocale c = QLocale::c();
   const unsigned int kind = value.scalarType();
   if (value.isArray())

@@ -8,6 +8,8 @@
 #include <functional>
 #include <memory>
 
+class OdDbDatabase;
+
 /**
  * The sample bag of the demo host: the properties of a selected drawing
  * object, one realistic item per kind of control. With "mixed selection" on,
@@ -33,7 +35,9 @@ public:
     Scale,
     List,
     Table,
-    Flags
+    Flags,
+    /** A drawing attribute: colour, layer, linetype, lineweight or arrowhead. */
+    Attribute
   };
 
   /** Receives one line per write the bag accepts or refuses, and per command run. */
@@ -76,17 +80,26 @@ public:
   bool setElementValue(int index, unsigned long element, const PropVariant& value) override;
   int getElementCount(int index) override;
   int getGroupCount(int index) override;
+  /** A drawing context over the demo's drawing: its layers, linetypes and arrowheads. */
+  PropBagCtx* getContext() override;
 
 private:
   struct Item;
   class ItemType;
+  class DrawingContext;
 
   Item* find(int index) const;
   Item& add(Kind kind, const QString& name, const OdGUID& guid, const QString& description);
   QString textOf(const Item& item, const PropVariant& value) const;
   void log(const Item& item, const QString& what, bool accepted);
   void buildItems();
+  void buildDrawing();
+  /** The layer the object is on, as the layer item holds it; null when the item names none. */
+  class OdDbLayerTableRecord* objectLayer() const;
 
   std::vector<std::unique_ptr<Item> > m_items;
+  std::unique_ptr<OdDbDatabase> m_drawing;
+  std::unique_ptr<DrawingContext> m_context;
+  int m_layerItem = -1;
   Log m_log;
 };

@@ -146,6 +146,8 @@ void DemoWindow::buildGrid()
   m_gridView->setEditTriggers(QAbstractItemView::AllEditTriggers);
   m_gridView->setAlternatingRowColors(true);
   m_gridView->setUniformRowHeights(true);
+  // Wide enough for a dash pattern; square icons keep their own size.
+  m_gridView->setIconSize(QSize(40, 16));
   m_gridView->header()->hide();
   // A section is a heading, not a property: its caption spans the row, as it does in the panel.
   connect(model, &QAbstractItemModel::modelReset, this, &DemoWindow::spanSectionRows);

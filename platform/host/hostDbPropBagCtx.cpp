@@ -26,9 +26,10 @@ bool hostDbPropBagCtx::isDisabledValue(int, const PropVariant&)
   return false;
 }
 
-void hostDbPropBagCtx::translate(int, const PropVariant& in, PropVariant& out, bool* ok)
+bool hostDbPropBagCtx::translate(int, const PropVariant& in, PropVariant& out, bool* flag)
 {
   out = in;
-  if (ok)
-    *ok = true;
+  if (flag)
+    *flag = true;
+  return true;
 }

@@ -27,8 +27,12 @@ public:
   virtual OdDbDatabase* database() const;
   /** Whether the value may be shown but not chosen for the item. */
   virtual bool isDisabledValue(int index, const PropVariant& value);
-  /** The value as the item's editor shows it; ok (when given) says whether it could be mapped. */
-  virtual void translate(int index, const PropVariant& in, PropVariant& out, bool* ok);
+  /**
+   * The value as the item's editor shows it: what ByLayer stands for on the
+   * edited objects, say. False when it cannot be mapped; the flag (when
+   * given) is the host's own word on the answer, handed on to the pickers.
+   */
+  virtual bool translate(int index, const PropVariant& in, PropVariant& out, bool* flag);
 
 private:
   OdDbDatabase* m_database;

@@ -59,6 +59,28 @@ constexpr int kListCheckBoxes = 0x10000;
 constexpr int kListPins = 0x20000;
 /** An unpinned row shows its pin only under the mouse. */
 constexpr int kListPinOnHover = 0x40000;
+// Drawing-attribute controls. The whole word is also handed to the host's
+// picker, whose own bits say which entries it lists.
+/** Colour, lineweight, linetype: the ByLayer entry shows what ByLayer stands for on the edited item. */
+constexpr int kResolveByLayer = 0x1;
+/** Colour, lineweight, linetype: the picker lists ByBlock. */
+constexpr int kByBlockEntry = 0x2;
+/** Lineweight: the Default entry shows the width that Default stands for. */
+constexpr int kResolveByDefault = 0x4;
+/** Linetype: the picker's last entry ("Other...") opens its chooser and is no value to write. */
+constexpr int kLinetypeChooserLast = 0x4;
+/** Colour: the picker's last entry ("Select Colour...") opens its chooser and is no value to write. */
+constexpr int kColorChooserLast = 0x8;
+/** Arrowhead: the picker's last entry is "User Arrow...", a chooser of the drawing's blocks. */
+constexpr int kArrowUserArrow = 0x1;
+/** Arrowhead: the picker lists the drawing's own arrow blocks after the standard ones. */
+constexpr int kArrowDrawingBlocks = 0x2;
+
+// The words the drawing-attribute factories give their controls, whatever the caller asked.
+constexpr int kColorDefaults = kResolveByLayer | kByBlockEntry | kColorChooserLast;
+constexpr int kArrowheadDefaults = kArrowUserArrow | kArrowDrawingBlocks;
+constexpr int kLinetypeDefaults = kResolveByLayer | kByBlockEntry | kLinetypeChooserLast;
+constexpr int kLineweightDefaults = kResolveByLayer | kByBlockEntry | kResolveByDefault;
 
 } // namespace PropUiOption
 

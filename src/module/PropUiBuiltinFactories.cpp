@@ -2,6 +2,11 @@
 
 #include "PropUiActionPushButtonsCtrl.h"
 #include "PropUiActionToolButtonsCtrl.h"
+#include "PropUiQArrowheadCtrl.h"
+#include "PropUiQColorCtrl.h"
+#include "PropUiQLayerCtrl.h"
+#include "PropUiQLinetypeCtrl.h"
+#include "PropUiQLineweightCtrl.h"
 #include "PropUiFactories.h"
 #include "PropUiGuids.h"
 #include "PropUiQAngleCtrl.h"
@@ -52,6 +57,11 @@ typedef LineEditFactory<PropUiQAngleCtrl, PropUiQMLineEdit<PropUiQAngleCtrl>, Te
 typedef LineEditFactory<PropUiQTextCtrl, PropUiQMLineEdit<PropUiQTextCtrl>, TextCombo, PropUiOption::kTextCombo> PropUiQTextCtrlFactory;
 typedef LineEditFactory<PropUiQIntegerCtrl, PropUiQMLineEdit<PropUiQIntegerCtrl>, TextCombo, PropUiOption::kTextCombo | PropUiOption::kIntegerTextCombo> PropUiQIntegerCtrlFactory;
 typedef PlainFactory<PropUiQTextComboCtrl> PropUiQTextComboCtrlFactory;
+typedef PlainFactory<PropUiQLayerCtrl> PropUiQLayerCtrlFactory;
+typedef FixedOptionsFactory<PropUiQColorCtrl, PropUiOption::kColorDefaults> PropUiQColorCtrlFactory;
+typedef FixedOptionsFactory<PropUiQLinetypeCtrl, PropUiOption::kLinetypeDefaults> PropUiQLinetypeCtrlFactory;
+typedef FixedOptionsFactory<PropUiQLineweightCtrl, PropUiOption::kLineweightDefaults> PropUiQLineweightCtrlFactory;
+typedef FixedOptionsFactory<PropUiQArrowheadCtrl, PropUiOption::kArrowheadDefaults> PropUiQArrowheadCtrlFactory;
 // In a cell, a point or a scale is edited one element at a time, as a distance.
 typedef CellEditorFactory<PropUiQCoords2d, PropUiQDistanceCtrl> PropUiQCoords2dCtrlFactory;
 typedef CellEditorFactory<PropUiQScale2d, PropUiQDistanceCtrl> PropUiQScale2dCtrlFactory;
@@ -87,6 +97,11 @@ void registerBuiltinFactories()
   propUiRegisterWidget(PropUiGuidText, new PropUiQTextCtrlFactory);
   propUiRegisterWidget(PropUiGuidInteger, new PropUiQIntegerCtrlFactory);
   propUiRegisterWidget(PropUiGuidTextCombo, new PropUiQTextComboCtrlFactory);
+  propUiRegisterWidget(PropUiGuidLayer, new PropUiQLayerCtrlFactory);
+  propUiRegisterWidget(PropUiGuidColor, new PropUiQColorCtrlFactory);
+  propUiRegisterWidget(PropUiGuidLinetype, new PropUiQLinetypeCtrlFactory);
+  propUiRegisterWidget(PropUiGuidLineweight, new PropUiQLineweightCtrlFactory);
+  propUiRegisterWidget(PropUiGuidArrowhead, new PropUiQArrowheadCtrlFactory);
   propUiRegisterWidget(PropUiGuidCoords2d, new PropUiQCoords2dCtrlFactory);
   propUiRegisterWidget(PropUiGuidCoords2dAlt, new PropUiQCoords2dCtrlFactory);
   propUiRegisterWidget(PropUiGuidScale2d, new PropUiQScale2dCtrlFactory);

@@ -40,6 +40,20 @@ public:
   }
 };
 
+/** Gives the control a fixed option word, whatever the caller asked, and keeps only the caller's tool-tip bit. */
+template <class Control, int Options>
+class FixedOptionsFactory : public PropUiQWidgetFactory
+{
+public:
+  PropUiQWidget* createWidget(int options, QWidget* parent) override
+  {
+    auto* control = new Control(parent);
+    control->setOptions(Options);
+    return withToolTipBit(control, options);
+  }
+  PropUiQWidget* createEditor(int options, QWidget* parent) override { return createWidget(options, parent); }
+};
+
 /** Makes the control for a panel; an item view gets the bare Editor instead, built without any option. */
 template <class Control, class Editor>
 class CellEditorFactory : public PropUiQWidgetFactory

@@ -2,7 +2,13 @@
 
 #include "PropBag.h"
 #include "PropItemType.h"
+#include "PropUiGuids.h"
+#include "PropUiQArrowheadFormatter.h"
+#include "PropUiQColorFormatter.h"
 #include "PropUiQDefaultFormatter.h"
+#include "PropUiQLayerFormatter.h"
+#include "PropUiQLineTypeFormatter.h"
+#include "PropUiQLineWeightFormatter.h"
 
 namespace
 {
@@ -127,5 +133,10 @@ PropUiQStandardFormatter* propUiCreateStandardFormatter(QObject* parent)
 {
   auto* standard = new PropUiQStandardFormatter(parent);
   standard->registerFormatter(OdGUID::kNull, new PropUiQDefaultFormatter(standard));
+  standard->registerFormatter(PropUiGuidLayer, new PropUiQLayerFormatter(standard));
+  standard->registerFormatter(PropUiGuidColor, new PropUiQColorFormatter(standard));
+  standard->registerFormatter(PropUiGuidLinetype, new PropUiQLineTypeFormatter(standard));
+  standard->registerFormatter(PropUiGuidLineweight, new PropUiQLineWeightFormatter(standard));
+  standard->registerFormatter(PropUiGuidArrowhead, new PropUiQArrowheadFormatter(standard));
   return standard;
 }

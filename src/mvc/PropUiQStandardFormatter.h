@@ -44,5 +44,5 @@ private:
   mutable PropUiGuidLookupCache<PropUiQFormatter> m_resolved;
 };
 
-/** The usual set: a standard formatter holding the default formatter (the drawing-attribute ones come later). */
+/** The usual set: a standard formatter holding the default formatter and one for each drawing attribute. */
 PROPWIDGETS_EXPORT PropUiQStandardFormatter* propUiCreateStandardFormatter(QObject* parent);

@@ -7,6 +7,10 @@
 #include "PropBagCtx.h"
 #include "PropItemType.h"
 #include "PropUiQIcon.h"
+#include "OdDbDatabase.h"
+#include "OdDbLayerTableRecord.h"
+#include "PropVariantConversions.h"
+#include "hostDbPropBagCtx.h"
 #include "hostPropEditorReactor.h"
 #include <QPixmap>
 #include <QStringList>
@@ -213,7 +217,14 @@ public:
   bool setElementValue(int, unsigned long, const PropVariant&) override { return write("setElementValue"); }
   int getElementCount(int) override { return int(answer("getElementCount", m_dice.integer())); }
   int getGroupCount(int) override { return int(answer("getGroupCount", m_dice.integer())); }
-  PropBagCtx* getContext() override { return call("getContext") && m_dice.chance(0.5) ? &m_context : nullptr; }
+  PropBagCtx* getContext() override
+  {
+    if (!call("getContext") || m_dice.chance(0.4))
+      return nullptr;
+    if (m_dice.chance(0.3))
+      return &m_context;
+    return m_dice.chance(0.8) ? &m_drawing : &m_noDrawing;
+  }
   hostPropEditorReactor* getReactor(int) override
   {
     return call("getReactor") && m_dice.chance(0.5) ? &m_reactor : nullptr;
@@ -223,9 +234,11 @@ public:
   PropVariant value()
   {
     PropVariant v;
-    switch (m_dice.below(10))
+    switch (m_dice.below(12))
     {
     case 0: break;
+    case 10: v = drawingValue(); break;
+    case 11: v = propVariantFromObjectId(anyId()); break;
     case 1: v.setBool(m_dice.chance(0.5)); break;
     case 2: v.setInt32(OdInt32(m_dice.integer())); break;
     case 3: v.setInt16(OdInt16(m_dice.integer())); break;
@@ -251,7 +264,76 @@ public:
     return v;
   }
 
+  /** One drawing for every bag: a few layers and linetypes, and its ids among those the bag hands out. */
+  static OdDbDatabase& drawing()
+  {
+    static OdDbDatabase db;
+    static const bool filled = [] {
+      db.openLayer(db.addLayer(OdString(L"Frozen")))->setIsFrozen(true);
+      db.openLayer(db.addLayer(OdString(L"Locked")))->setIsLocked(true);
+      db.addLinetype(OdString(L"Dashed"), OdString(L"__ __"), OdDoubleArray{0.5, -0.25});
+      db.addLinetype(OdString(L"Dots"), OdString(L". ."), OdDoubleArray{0.0, -0.1});
+      return true;
+    }();
+    Q_UNUSED(filled);
+    return db;
+  }
+
+  /** An id of the drawing, of another database, or the null id. */
+  OdDbObjectId anyId()
+  {
+    OdDbDatabase& db = drawing();
+    OdDbObjectIdArray ids = db.getLayerIds();
+    for (const OdDbObjectId& id : db.getLinetypeIds())
+      ids.append(id);
+    for (const OdDbObjectId& id : db.getBlockIds())
+      ids.append(id);
+    if (m_dice.chance(0.8))
+      return ids[unsigned(m_dice.below(int(ids.size())))];
+    return m_dice.chance(0.5) ? OdDbObjectId() : OdDbObjectId(OdUInt64(m_dice.integer()));
+  }
+
+  /** A colour, a lineweight or an id as the host's conversions make them, sound or not. */
+  PropVariant drawingValue()
+  {
+    switch (m_dice.below(3))
+    {
+    case 0:
+    {
+      PropVariant v = propVariantFromColor(OdCmColor());
+      v.setUInt64(m_dice.chance(0.5) ? OdUInt64(0xC3000000u | unsigned(m_dice.below(300))) : OdUInt64(m_dice.integer()));
+      v.setType(PropVariant::kColor);
+      return v;
+    }
+    case 1: return propVariantFromLineweight(OdDb::LineWeight(m_dice.chance(0.7) ? m_dice.below(215) - 3 : int(m_dice.integer())));
+    default: return propVariantFromObjectId(anyId());
+    }
+  }
+
 private:
+  /** A drawing context whose translations and disabled values are random too. */
+  class DrawingContext : public hostDbPropBagCtx
+  {
+  public:
+    DrawingContext(RandomBag& bag, OdDbDatabase* database) : hostDbPropBagCtx(database), m_bag(bag) {}
+    bool isDisabledValue(int, const PropVariant&) override
+    {
+      return m_bag.call("isDisabledValue") && m_bag.m_dice.chance(0.3);
+    }
+    bool translate(int, const PropVariant& in, PropVariant& out, bool* flag) override
+    {
+      if (!m_bag.call("translate"))
+        return false;
+      out = m_bag.m_dice.chance(0.5) ? in : m_bag.value();
+      if (flag)
+        *flag = m_bag.m_dice.chance(0.5);
+      return m_bag.m_dice.chance(0.8);
+    }
+
+  private:
+    RandomBag& m_bag;
+  };
+
   /** Reports focus like the host's reactor; a report from a control being destroyed is a fault. */
   class Reactor : public hostPropEditorReactor
   {
@@ -328,5 +410,7 @@ private:
   bool m_inSideEffect = false;
   Type m_type{m_dice};
   PropBagCtxBase m_context;
+  DrawingContext m_drawing{*this, &drawing()};
+  DrawingContext m_noDrawing{*this, nullptr};
   Reactor m_reactor{*this};
 };

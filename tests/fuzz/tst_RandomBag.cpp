@@ -15,6 +15,7 @@
 #include "PropUiRegistry.h"
 #include "PropWidgetsEntry.h"
 #include "PropWidgetsService.h"
+#include "ChooserCatcher.h"
 #include "QHostMessageBoxOd.h"
 #include "RandomBag.h"
 #include <QAbstractButton>
@@ -596,6 +597,10 @@ private slots:
     const int operations = int(environmentNumber("PROP_FUZZ_OPS", 20000));
     qInfo("PROP_FUZZ_SEED=%u PROP_FUZZ_OPS=%d over %d kinds", seed, operations, int(kinds.size()));
 
+    // A user who opens a chooser gets an answer instead of a modal window.
+    ChooserCatcher choosers;
+    choosers.pickColor = true;
+    choosers.colorToPick.setColorIndex(30);
     Session session(seed, kinds);
     QVERIFY(session.showActive());
 

@@ -73,7 +73,7 @@ private slots:
     in.setInt32(7);
     PropVariant out;
     bool ok = false;
-    context.translate(0, in, out, &ok);
+    QVERIFY(context.translate(0, in, out, &ok));
     QVERIFY(ok);
     QCOMPARE(out.getInt32(), 7);
     QVERIFY(!context.isDisabledValue(0, in));

@@ -1,3 +1,4 @@
+#include "ChooserCatcher.h"
 #include "ControlWindow.h"
 #include "EveryKind.h"
 #include "MessageCatcher.h"
@@ -96,6 +97,7 @@ private slots:
   {
     QFETCH(OdGUID, guid);
     MessageCatcher messages;
+    ChooserCatcher choosers;
     for (const char* way : {"delete", "deleteLater", "parent", "window"})
     {
       RecordingBag bag;

@@ -25,6 +25,11 @@
 #include "PropUiRegistry.h"
 #include "PropWidgetsEntry.h"
 #include "VtableSlot.h"
+#include "PropUiQArrowheadCtrl.h"
+#include "PropUiQColorCtrl.h"
+#include "PropUiQLayerCtrl.h"
+#include "PropUiQLinetypeCtrl.h"
+#include "PropUiQLineweightCtrl.h"
 #include "hostPropEditorReactor.h"
 #include <QtTest>
 
@@ -148,6 +153,18 @@ private slots:
     QVERIFY(follows({vtableSlot(&PropUiQSwitchBox::onClicked)}, -1));
     QVERIFY(follows({vtableSlot(&PropUiQDateCtrl::applyData), vtableSlot(&PropUiQDateCtrl::onDateChanged)}, -1));
     QVERIFY(follows({vtableSlot(&PropUiQMLineEditBase::onGroupChanged)}, -1));
+    // The drawing-attribute controls only override the combo box's operations and add no member,
+    // so that a host class derived from one keeps the combo box's layout.
+    QCOMPARE(vtableSlot(&PropUiQColorCtrl::addTempItem), vtableSlot(&PropUiQComboBox::addTempItem));
+    QCOMPARE(vtableSlot(&PropUiQColorCtrl::onActivated), vtableSlot(&PropUiQComboBox::onActivated));
+    QCOMPARE(vtableSlot(&PropUiQLinetypeCtrl::addTempItem), vtableSlot(&PropUiQComboBox::addTempItem));
+    QCOMPARE(vtableSlot(&PropUiQArrowheadCtrl::updateData), vtableSlot(&PropUiQWidget::updateData));
+    QCOMPARE(vtableSlot(&PropUiQLayerCtrl::addItems), vtableSlot(&PropUiQComboBox::addItems));
+    QCOMPARE(sizeof(PropUiQColorCtrl), sizeof(PropUiQComboBox));
+    QCOMPARE(sizeof(PropUiQLineweightCtrl), sizeof(PropUiQComboBox));
+    QCOMPARE(sizeof(PropUiQLinetypeCtrl), sizeof(PropUiQComboBox));
+    QCOMPARE(sizeof(PropUiQArrowheadCtrl), sizeof(PropUiQComboBox));
+    QCOMPARE(sizeof(PropUiQLayerCtrl), sizeof(PropUiQComboBox));
 
     typedef void (PropUiQEventFilter::*Bind2)(PropBag*, int);
     typedef void (PropUiQEventFilter::*Bind3)(PropBag*, int, unsigned long);

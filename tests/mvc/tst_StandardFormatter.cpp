@@ -26,16 +26,24 @@ class TestStandardFormatter : public QObject
   Q_OBJECT
 
 private slots:
-  void registersOnlyTheDefaultFormatterForNow()
+  void registersTheDefaultAndTheDrawingAttributeFormatters()
   {
-    // The drawing-attribute formatters (layer, color, line type, lineweight, arrowhead) come with
-    // the drawing-attribute controls; until then the set is the default formatter alone.
     QObject owner;
     PropUiQStandardFormatter* standard = propUiCreateStandardFormatter(&owner);
     QCOMPARE(standard->parent(), &owner);
-    QCOMPARE(standard->findChildren<PropUiQFormatter*>().size(), 1);
-    QVERIFY(qobject_cast<PropUiQDefaultFormatter*>(standard->formatterFor(OdGUID::kNull.toString())));
-    QCOMPARE(standard->formatterFor(PropUiGuidColor.toString()), standard->formatterFor(OdGUID::kNull.toString()));
+    QStringList made;
+    for (QObject* child : standard->children())
+      if (qobject_cast<PropUiQFormatter*>(child))
+        made << QLatin1String(child->metaObject()->className());
+    QCOMPARE(made, (QStringList{QStringLiteral("PropUiQDefaultFormatter"), QStringLiteral("PropUiQLayerFormatter"),
+                                QStringLiteral("PropUiQColorFormatter"), QStringLiteral("PropUiQLineTypeFormatter"),
+                                QStringLiteral("PropUiQLineWeightFormatter"), QStringLiteral("PropUiQArrowheadFormatter")}));
+    const OdGUID keys[] = {OdGUID::kNull, PropUiGuidLayer, PropUiGuidColor, PropUiGuidLinetype, PropUiGuidLineweight,
+                           PropUiGuidArrowhead};
+    for (int i = 0; i < 6; ++i)
+      QCOMPARE(QLatin1String(standard->formatterFor(keys[i].toString())->metaObject()->className()), made[i]);
+    // A kind without a formatter of its own gets the default one.
+    QCOMPARE(standard->formatterFor(PropUiGuidDate.toString()), standard->formatterFor(OdGUID::kNull.toString()));
   }
 
   void dispatchesByTheItemsTypeGuid_data()

@@ -1,0 +1,172 @@
+#include "QHostUiColorComboBox.h"
+
+#include "QHostUiChoosers.h"
+#include "hostColors.h"
+#include <QCoreApplication>
+#include <QTimer>
+
+namespace host_qt_ui
+{
+
+namespace
+{
+
+const int kSwatch = 16;
+
+QVariant keyOf(const OdCmColor& color)
+{
+  return QVariant::fromValue<qulonglong>(color.color());
+}
+
+// The chooser entry carries a key too, so that nobody takes it for an entry without one.
+QVariant chooserKey()
+{
+  return QVariant(QStringLiteral("select-colour"));
+}
+
+} // namespace
+
+QHostUiColorComboBox::QHostUiColorComboBox(QWidget* parent, OtherAddingMode mode) : QHostComboBox(parent), m_mode(mode)
+{
+  setIconSize(QSize(kSwatch, kSwatch));
+  // Connected first, so the chooser has run before anyone else hears of the activation.
+  connect(this, QOverload<int>::of(&QComboBox::activated), this, &QHostUiColorComboBox::onOwnActivated);
+  connect(this, QOverload<int>::of(&QComboBox::currentIndexChanged), this, [this](int index) {
+    if (index >= 0 && index != chooserIndex())
+      m_previous = index;
+  });
+  rebuild();
+}
+
+void QHostUiColorComboBox::setColorOptions(ColorOptions options)
+{
+  m_options = options;
+  rebuild();
+}
+
+void QHostUiColorComboBox::setDatabase(OdDbDatabase* database)
+{
+  m_database = database;
+}
+
+void QHostUiColorComboBox::rebuild()
+{
+  const OdCmColor current = getSelectedColor();
+  const QSignalBlocker quiet(this);
+  clear();
+  if (m_options & ColorByLayer)
+    addItem(hostQtGetColorIcon(m_byLayerResolved ? m_byLayerShows : OdCmColor(), kSwatch, kSwatch),
+            hostQtColorName(OdCmColor(OdCmEntityColor::kByLayer)), keyOf(OdCmColor(OdCmEntityColor::kByLayer)));
+  if (m_options & ColorByBlock)
+  {
+    const OdCmColor byBlock(OdCmEntityColor::kByBlock);
+    addItem(hostQtGetColorIcon(byBlock, kSwatch, kSwatch), hostQtColorName(byBlock), keyOf(byBlock));
+  }
+  for (OdInt16 index = OdCmEntityColor::kACIRed; index <= OdCmEntityColor::kACIforeground; ++index)
+  {
+    OdCmColor standard;
+    standard.setColorIndex(index);
+    addItem(hostQtGetColorIcon(standard, kSwatch, kSwatch), hostQtColorName(standard), keyOf(standard));
+  }
+  for (const OdCmColor& color : m_added)
+    if (findColor(color) < 0)
+      addItem(hostQtGetColorIcon(color, kSwatch, kSwatch), hostQtColorName(color), keyOf(color));
+  addItem(QCoreApplication::translate("host_qt_ui", "Select Colour..."), chooserKey());
+  setCurrentIndex(findColor(current));
+  m_previous = currentIndex() != chooserIndex() ? currentIndex() : -1;
+}
+
+int QHostUiColorComboBox::findColor(const OdCmColor& color) const
+{
+  return findData(keyOf(color), Qt::UserRole);
+}
+
+int QHostUiColorComboBox::insertColor(const OdCmColor& color)
+{
+  const int at = chooserIndex();
+  insertItem(at, hostQtGetColorIcon(color, kSwatch, kSwatch), hostQtColorName(color), keyOf(color));
+  return at;
+}
+
+int QHostUiColorComboBox::addColor(const OdCmColor& color)
+{
+  const int known = findColor(color);
+  if (known >= 0)
+    return known;
+  if (m_mode == ReplaceOther && !m_added.empty())
+  {
+    const int slot = findColor(m_added.back());
+    m_added.back() = color;
+    if (slot >= 0)
+    {
+      setItemIcon(slot, hostQtGetColorIcon(color, kSwatch, kSwatch));
+      setItemText(slot, hostQtColorName(color));
+      setItemData(slot, keyOf(color), Qt::UserRole);
+      return slot;
+    }
+    return insertColor(color);
+  }
+  m_added.push_back(color);
+  return insertColor(color);
+}
+
+int QHostUiColorComboBox::setSelectedColor(const OdCmColor& color)
+{
+  // ByLayer or ByBlock that this picker does not offer stays unlisted.
+  if ((color.isByLayer() && !(m_options & ColorByLayer)) || (color.isByBlock() && !(m_options & ColorByBlock)))
+  {
+    setCurrentIndex(-1);
+    return -1;
+  }
+  const int index = addColor(color);
+  setCurrentIndex(index);
+  return index;
+}
+
+OdCmColor QHostUiColorComboBox::getSelectedColor() const
+{
+  OdCmColor color;
+  const QVariant key = currentIndex() >= 0 ? itemData(currentIndex(), Qt::UserRole) : QVariant();
+  if (key.userType() == QMetaType::ULongLong)
+    color.setColor(OdUInt32(key.toULongLong()));
+  return color;
+}
+
+void QHostUiColorComboBox::setColorByLayer(const OdCmColor& layerColor, bool resolved)
+{
+  m_byLayerShows = layerColor;
+  m_byLayerResolved = resolved;
+  const int byLayer = findColor(OdCmColor(OdCmEntityColor::kByLayer));
+  if (byLayer >= 0)
+    setItemIcon(byLayer, hostQtGetColorIcon(resolved ? layerColor : OdCmColor(), kSwatch, kSwatch));
+}
+
+void QHostUiColorComboBox::onOwnActivated(int index)
+{
+  if (index != chooserIndex())
+    return;
+  if (!(m_options & ColorAnnouncePicked))
+  {
+    runChooser(false);
+    return;
+  }
+  // The chooser entry is never what the picker shows.
+  setCurrentIndex(m_previous);
+  QTimer::singleShot(0, this, [this]() { runChooser(true); });
+}
+
+void QHostUiColorComboBox::runChooser(bool announce)
+{
+  const int before = m_previous;
+  OdCmColor color = getSelectedColor();
+  if (!QHostUiChoosers::chooseColor(this, color))
+  {
+    setCurrentIndex(before);
+    return;
+  }
+  const int index = setSelectedColor(color);
+  if (announce && index >= 0)
+    emit activated(index);
+}
+
+} // namespace host_qt_ui

@@ -1,0 +1,121 @@
+#include "QHostUiLineTypeComboBox.h"
+
+#include "OdDbDatabase.h"
+#include "OdDbLinetypeTableRecord.h"
+#include "OdStringQt.h"
+#include "QHostUiChoosers.h"
+#include <QCoreApplication>
+#include <QTimer>
+
+namespace host_qt_ui
+{
+
+namespace
+{
+
+// The chooser entry carries a key too, so that nobody takes it for an entry without one.
+QVariant chooserKey()
+{
+  return QVariant(QStringLiteral("other-linetype"));
+}
+
+QVariant keyOf(const OdDbObjectId& id)
+{
+  return QVariant::fromValue<qulonglong>(id.getHandle());
+}
+
+} // namespace
+
+QHostUiLineTypeComboBox::QHostUiLineTypeComboBox(QWidget* parent)
+  : QHostComboBox(parent), m_list(new QHostLineTypeListModel(this))
+{
+  setIconSize(QHostPictureListModel::pictureSize());
+  // Connected first, so the chooser entry is handled before anyone else hears of it.
+  connect(this, QOverload<int>::of(&QComboBox::activated), this, &QHostUiLineTypeComboBox::onOwnActivated);
+  connect(this, QOverload<int>::of(&QComboBox::currentIndexChanged), this, [this](int index) {
+    if (index >= 0 && index != chooserIndex())
+      m_previous = index;
+  });
+  rebuild();
+}
+
+void QHostUiLineTypeComboBox::setLineTypeOption(LineTypeOptions options)
+{
+  m_options = options;
+  rebuild();
+}
+
+void QHostUiLineTypeComboBox::setDatabase(OdDbDatabase* database)
+{
+  m_database = database;
+  rebuild();
+}
+
+int QHostUiLineTypeComboBox::chooserIndex() const
+{
+  const int last = count() - 1;
+  return last >= 0 && itemData(last, Qt::UserRole) == chooserKey() ? last : -1;
+}
+
+void QHostUiLineTypeComboBox::rebuild()
+{
+  const OdDbObjectId current = selectedLineType();
+  const QSignalBlocker quiet(this);
+  clear();
+  m_list->init(int(m_options), m_database);
+  m_list->appendTo(this);
+  if (m_options & LineTypeOther)
+    addItem(QCoreApplication::translate("host_qt_ui", "Other..."), chooserKey());
+  setCurrentIndex(current.isNull() ? -1 : findData(keyOf(current), Qt::UserRole));
+  m_previous = currentIndex();
+}
+
+void QHostUiLineTypeComboBox::setLinetypeByLayer(const OdDbObjectId& id, bool resolved)
+{
+  if (!m_database)
+    return;
+  const int row = findData(keyOf(m_database->getLinetypeByLayerId()), Qt::UserRole);
+  if (row >= 0)
+    setItemIcon(row, QHostLineTypeListModel::linetypePicture(resolved ? m_database->openLinetype(id) : nullptr));
+}
+
+int QHostUiLineTypeComboBox::setSelectedLineType(const OdDbObjectId& id)
+{
+  int index = id.isNull() ? -1 : findData(keyOf(id), Qt::UserRole);
+  if (index < 0 && m_database && m_database->openLinetype(id))
+  {
+    // A linetype the list leaves out (ByBlock without its option): shown all the same.
+    const int at = chooserIndex() >= 0 ? chooserIndex() : count();
+    const OdDbLinetypeTableRecord* linetype = m_database->openLinetype(id);
+    insertItem(at, QHostLineTypeListModel::linetypePicture(linetype), toQString(linetype->getName()), keyOf(id));
+    index = at;
+  }
+  setCurrentIndex(index);
+  return index;
+}
+
+OdDbObjectId QHostUiLineTypeComboBox::selectedLineType() const
+{
+  const QVariant key = currentIndex() >= 0 ? itemData(currentIndex(), Qt::UserRole) : QVariant();
+  if (key.userType() != QMetaType::ULongLong)
+    return OdDbObjectId::kNull;
+  return OdDbObjectId(key.toULongLong());
+}
+
+void QHostUiLineTypeComboBox::onOwnActivated(int index)
+{
+  if (index < 0 || index != chooserIndex())
+    return;
+  // "Other..." is never what the picker shows.
+  setCurrentIndex(m_previous);
+  QTimer::singleShot(0, this, [this]() {
+    OdDbObjectId id = selectedLineType();
+    if (!QHostUiChoosers::chooseLineType(this, m_database, id))
+      return;
+    const int picked = setSelectedLineType(id);
+    if (picked >= 0)
+      emit activated(picked);
+  });
+}
+
+} // namespace host_qt_ui

@@ -1,0 +1,46 @@
+#pragma once
+
+#include "OdDbLineWeight.h"
+#include "QHostComboBox.h"
+#include "QHostLineWeightListModel.h"
+#include <QPointer>
+
+class OdDbDatabase;
+
+namespace host_qt_ui
+{
+
+/**
+ * The lineweight picker: ByLayer, ByBlock and Default as the options ask,
+ * then every standard width drawn as a line that wide with its millimetres.
+ * Every entry carries its width as Qt::UserRole.
+ */
+class HOST_EXPORT QHostUiLineWeightComboBox : public host_qt_ui_core::QHostComboBox
+{
+  Q_OBJECT
+
+public:
+  explicit QHostUiLineWeightComboBox(QWidget* parent = nullptr);
+
+  /** Rebuilds the entries; the current width stays current when it is still listed. */
+  void setLineWeightOption(LineWeightOptions options);
+  void setDatabase(OdDbDatabase* database);
+
+  /** The ByLayer entry is drawn with the layer's width; with resolved false, with none. */
+  void setLineweightByLayer(OdDb::LineWeight weight, bool resolved);
+  /** The Default entry is drawn with the width that Default stands for. */
+  void setLineweightByDefault(OdDb::LineWeight weight);
+
+  /** Makes the width current; its index, or -1 when it is not listed. */
+  int setSelectedWeight(OdDb::LineWeight weight);
+  /** The current entry's width; ByLayer when no entry is current. */
+  OdDb::LineWeight getSelectedWeight() const;
+
+private:
+  void rebuild();
+
+  LineWeightOptions m_options = LineWeightOptions(LineWeightByLayer | LineWeightByBlock | LineWeightDefault);
+  QPointer<QHostLineWeightListModel> m_list;
+};
+
+} // namespace host_qt_ui

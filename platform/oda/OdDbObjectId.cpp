@@ -1,0 +1,3 @@
+#include "OdDbObjectId.h"
+
+const OdDbObjectId OdDbObjectId::kNull;

@@ -1,0 +1,72 @@
+#pragma once
+
+// The set-up and the commit that the lineweight, linetype and arrowhead
+// controls share; the colour control differs in both and has its own.
+
+#include "PropUiActionToolButtonsCtrl.h"
+#include "PropUiCadSupport.h"
+#include "PropUiQComboBox.h"
+#include "hostDbPropBagCtx.h"
+#include <QHBoxLayout>
+
+namespace propui
+{
+
+/** Lays out the control and makes the picker, told of the drawing when the bag's context has one. */
+template <class Picker>
+Picker* buildPicker(PropUiQComboBox* control)
+{
+  auto* layout = new QHBoxLayout(control);
+  layout->setContentsMargins(0, 0, 0, 0);
+  layout->setSpacing(0);
+  auto* picker = new Picker(control);
+  picker->setObjectName(QStringLiteral("combo"));
+  picker->disableMouseWheel(true);
+  return picker;
+}
+
+/** Hands over the drawing, keeps the picker, wires its activation and places the actions toolbar. */
+template <class Control, class Picker>
+void finishPicker(Control* control, Picker* picker, QPointer<host_qt_ui_core::QHostComboBox>& combo,
+                  void (Control::*onActivated)(int))
+{
+  PropBag* bag = control->propBag();
+  if (hostDbPropBagCtx* context = databaseContextOf(bag))
+    picker->setDatabase(context->database());
+  combo = picker;
+  combo->setMaxVisibleItems(30);
+  auto* layout = static_cast<QHBoxLayout*>(control->layout());
+  if (combo && bag)
+  {
+    nameAfterItem(picker, bag, control->itemIndex());
+    picker->installEventFilter(control);
+    QObject::connect(picker, QOverload<int>::of(&QComboBox::activated), control, onActivated);
+    layout->addWidget(picker, 1);
+    // Second, so that the host redraws after the bag has the new value.
+    QObject::connect(picker, QOverload<int>::of(&QComboBox::activated), control, &PropUiQControl::onUpdateDisplay);
+  }
+  if (PropUiActionToolButtonsCtrl* toolbar = control->createActionsToolBar())
+    layout->addWidget(toolbar, 0);
+}
+
+/**
+ * Validates and writes the whole item; a refusal shows the bag's message as
+ * an error and puts the last committed entry back, as does a failed write.
+ */
+inline void commitPick(PropUiQComboBox* control, const PropVariant& value,
+                       const QPointer<host_qt_ui_core::QHostComboBox>& combo, int& last)
+{
+  const PropUiQControl::CommitResult result =
+    control->commitValue(value, PropUiQControl::CommitTarget::WholeItem, PropUiQControl::RefusalMessage::Error);
+  if (result == PropUiQControl::CommitResult::Unbound || !combo)
+    return;
+  if (result != PropUiQControl::CommitResult::Written)
+  {
+    combo->setCurrentIndex(last);
+    return;
+  }
+  control->removeTempItem(last);
+  last = combo->currentIndex();
+}
+
+} // namespace propui

@@ -1,0 +1,104 @@
+#include "PropUiQColorCtrl.h"
+
+#include "PropBag.h"
+#include "PropUiActionToolButtonsCtrl.h"
+#include "PropUiCadSupport.h"
+#include "PropVariantConversions.h"
+#include "QHostUiColorComboBox.h"
+#include "hostColors.h"
+#include "hostDbPropBagCtx.h"
+#include <QHBoxLayout>
+
+PropUiQColorCtrl::PropUiQColorCtrl(QWidget* parent) : PropUiQComboBox(parent)
+{
+  setOptions(PropUiOption::kColorDefaults);
+}
+
+bool PropUiQColorCtrl::setupUi()
+{
+  PropUiQControl::setupUi();
+  auto* layout = new QHBoxLayout(this);
+  layout->setContentsMargins(0, 0, 0, 0);
+  layout->setSpacing(0);
+  auto* combo = new host_qt_ui::QHostUiColorComboBox(this, host_qt_ui::AppendOther);
+  combo->setObjectName(QStringLiteral("combo"));
+  combo->setColorOptions(host_qt_ui::ColorOptions(getOptions()));
+  combo->disableMouseWheel(true);
+  if (hostDbPropBagCtx* context = propui::databaseContextOf(m_bag))
+    combo->setDatabase(context->database());
+  m_combo = combo;
+  m_combo->setMaxVisibleItems(30);
+  if (m_combo && m_bag)
+  {
+    propui::nameAfterItem(combo, m_bag, m_index);
+    useFocusReactor(combo);
+    useFocusRedirect(combo, nullptr);
+    connect(combo, QOverload<int>::of(&QComboBox::activated), this, &PropUiQColorCtrl::onActivated);
+    layout->addWidget(combo, 1);
+    // Second, so that the host redraws after the bag has the new colour.
+    connect(combo, QOverload<int>::of(&QComboBox::activated), this, &PropUiQControl::onUpdateDisplay);
+  }
+  if (PropUiActionToolButtonsCtrl* toolbar = createActionsToolBar())
+    layout->addWidget(toolbar, 0);
+  OdArray<OdCmColor> custom;
+  hostGetCustomColors(custom);
+  for (const OdCmColor& color : custom)
+    combo->addColor(color);
+  return true;
+}
+
+void PropUiQColorCtrl::updateUi()
+{
+  PropUiQControl::updateUi();
+  if (!m_bag)
+    return;
+  hostDbPropBagCtx* context = propui::databaseContextOf(m_bag);
+  auto* combo = qobject_cast<host_qt_ui::QHostUiColorComboBox*>(m_combo.data());
+  if (context && combo && (getOptions() & PropUiOption::kResolveByLayer))
+  {
+    const PropVariant byLayer = propVariantFromColor(OdCmColor(OdCmEntityColor::kByLayer));
+    PropVariant resolved;
+    bool flag = false;
+    OdCmColor color;
+    if (context->translate(m_index, byLayer, resolved, &flag) && propVariantToColor(resolved, color))
+      combo->setColorByLayer(color, flag);
+  }
+  const bool editable = m_bag->isEditable(m_index, m_element);
+  if (m_combo)
+    m_combo->setEnabled(editable);
+}
+
+int PropUiQColorCtrl::addTempItem(const PropVariant& value)
+{
+  auto* combo = qobject_cast<host_qt_ui::QHostUiColorComboBox*>(m_combo.data());
+  if (!m_bag || !combo || value.isVaries())
+    return -1;
+  // A value that is no colour shows the default colour rather than nothing.
+  OdCmColor color;
+  propVariantToColor(value, color);
+  return combo->setSelectedColor(color);
+}
+
+void PropUiQColorCtrl::onActivated(int index)
+{
+  auto* combo = qobject_cast<host_qt_ui::QHostUiColorComboBox*>(m_combo.data());
+  if (!combo || index < 0 || index >= combo->count())
+    return;
+  if (index == combo->count() - 1 && (getOptions() & PropUiOption::kColorChooserLast))
+    return;
+  const OdCmColor color = combo->getSelectedColor();
+  // Remembered before the bag answers: a colour the user went to the trouble of picking is kept.
+  hostAddCustomColor(color);
+  const CommitResult result = commitValue(propVariantFromColor(color), CommitTarget::WholeItem, RefusalMessage::Error);
+  if (result == CommitResult::Refused || result == CommitResult::Unbound)
+  {
+    if (result == CommitResult::Refused)
+      combo->setCurrentIndex(m_lastIndex);
+    return;
+  }
+  if (result == CommitResult::NotWritten)
+    combo->setCurrentIndex(m_lastIndex);
+  // After a failed write too: the entry picked becomes the one to fall back to.
+  removeTempItem(m_lastIndex);
+  m_lastIndex = index;
+}

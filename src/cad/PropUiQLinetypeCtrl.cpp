@@ -1,0 +1,71 @@
+#include "PropUiQLinetypeCtrl.h"
+
+#include "OdDbDatabase.h"
+#include "PropBag.h"
+#include "PropUiCadPicker.h"
+#include "PropVariantConversions.h"
+#include "QHostUiLineTypeComboBox.h"
+
+PropUiQLinetypeCtrl::PropUiQLinetypeCtrl(QWidget* parent) : PropUiQComboBox(parent)
+{
+  setOptions(PropUiOption::kLinetypeDefaults);
+}
+
+bool PropUiQLinetypeCtrl::setupUi()
+{
+  PropUiQControl::setupUi();
+  auto* combo = propui::buildPicker<host_qt_ui::QHostUiLineTypeComboBox>(this);
+  combo->setLineTypeOption(host_qt_ui::LineTypeOptions(getOptions()));
+  propui::finishPicker(this, combo, m_combo, &PropUiQLinetypeCtrl::onActivated);
+  return true;
+}
+
+void PropUiQLinetypeCtrl::updateUi()
+{
+  PropUiQControl::updateUi();
+  if (!m_bag)
+    return;
+  hostDbPropBagCtx* context = propui::databaseContextOf(m_bag);
+  OdDbDatabase* database = context ? context->database() : nullptr;
+  auto* combo = qobject_cast<host_qt_ui::QHostUiLineTypeComboBox*>(m_combo.data());
+  if (database && combo && (getOptions() & PropUiOption::kResolveByLayer))
+  {
+    PropVariant resolved;
+    bool flag = false;
+    OdDbObjectId id;
+    if (context->translate(m_index, propVariantFromObjectId(database->getLinetypeByLayerId()), resolved, &flag) &&
+        propVariantToObjectId(resolved, id))
+      combo->setLinetypeByLayer(id, flag);
+  }
+  const bool editable = m_bag->isEditable(m_index, m_element);
+  if (m_combo)
+    m_combo->setEnabled(editable);
+}
+
+int PropUiQLinetypeCtrl::addTempItem(const PropVariant& value)
+{
+  auto* combo = qobject_cast<host_qt_ui::QHostUiLineTypeComboBox*>(m_combo.data());
+  if (!m_bag || !combo || value.isVaries())
+    return -1;
+  OdDbObjectId id;
+  if (!propVariantToObjectId(value, id))
+    return -1;
+  return combo->setSelectedLineType(id);
+}
+
+void PropUiQLinetypeCtrl::onActivated(int index)
+{
+  auto* combo = qobject_cast<host_qt_ui::QHostUiLineTypeComboBox*>(m_combo.data());
+  if (!combo || index < 0 || index >= combo->count())
+    return;
+  if (index == combo->count() - 1 && (getOptions() & PropUiOption::kLinetypeChooserLast))
+    return;
+  if (isVaries())
+    setVaries(false);
+  const OdDbObjectId id = combo->selectedLineType();
+  if (id.isNull())
+    return; // a linetype is never the null id; nothing sensible to write
+  PropVariant value;
+  value.setUInt64(id.getHandle());
+  propui::commitPick(this, value, m_combo, m_lastIndex);
+}

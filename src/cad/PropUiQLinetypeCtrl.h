@@ -1,0 +1,18 @@
+#pragma once
+
+#include "PropUiQComboBox.h"
+
+/** A linetype reference, edited with the host's linetype picker; ByLayer shows the layer's pattern. */
+class PROPWIDGETS_EXPORT PropUiQLinetypeCtrl : public PropUiQComboBox
+{
+  Q_OBJECT
+
+public:
+  explicit PropUiQLinetypeCtrl(QWidget* parent = nullptr);
+
+  bool setupUi() override;
+  void updateUi() override;
+  /** Selects the value's linetype in the picker; -1 for a varying value or one that names no linetype. */
+  int addTempItem(const PropVariant& value) override;
+  void onActivated(int index) override;
+};

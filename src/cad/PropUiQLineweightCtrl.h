@@ -1,0 +1,16 @@
+#pragma once
+
+#include "PropUiQComboBox.h"
+
+/** A lineweight, edited with the host's lineweight picker; ByLayer and Default show what they stand for. */
+class PROPWIDGETS_EXPORT PropUiQLineweightCtrl : public PropUiQComboBox
+{
+  Q_OBJECT
+
+public:
+  explicit PropUiQLineweightCtrl(QWidget* parent = nullptr);
+
+  bool setupUi() override;
+  void updateUi() override;
+  void onActivated(int index) override;
+};

@@ -1,0 +1,43 @@
+#include "PropUiQLineTypeFormatter.h"
+
+#include "PropBag.h"
+#include "PropVariantConversions.h"
+#include "hostDbPropBagCtx.h"
+
+PropUiQLineTypeFormatter::PropUiQLineTypeFormatter(QObject* parent)
+  : PropUiQDefaultFormatter(parent), m_list(new host_qt_ui::QHostLineTypeListModel(this))
+{
+}
+
+void PropUiQLineTypeFormatter::setPropBag(PropBag* bag)
+{
+  m_bag = bag;
+  PropBagCtx* context = bag ? bag->getContext() : nullptr;
+  if (m_list && context && context->isKindOf(hostDbPropBagCtx::desc()))
+    m_list->init(host_qt_ui::LineTypeByLayer | host_qt_ui::LineTypeByBlock | host_qt_ui::LineTypeOther,
+                 static_cast<hostDbPropBagCtx*>(context)->database());
+}
+
+QVariant PropUiQLineTypeFormatter::getIcon(int, const PropVariant& value)
+{
+  OdDbObjectId id;
+  if (!m_list || !propVariantToObjectId(value, id))
+    return QVariant();
+  const int row = m_list->findRow(id);
+  return row < 0 ? QVariant() : m_list->data(m_list->index(row, 0), Qt::DecorationRole);
+}
+
+QVariant PropUiQLineTypeFormatter::getChoiceIcon(int item, const PropVariant& value, OdUInt64)
+{
+  return getIcon(item, value);
+}
+
+QVariantList PropUiQLineTypeFormatter::getValueListIcons(int item, const PropVariant&, const OdStringArray&,
+                                                         const OdUInt64Array& values)
+{
+  QVariantList icons;
+  icons.reserve(int(values.size()));
+  for (OdUInt64 key : values)
+    icons.append(getIcon(item, propVariantFromObjectId(OdDbObjectId(key))));
+  return icons;
+}

@@ -1,0 +1,511 @@
+#include "ChooserCatcher.h"
+#include "EveryKind.h"
+#include "MessageCatcher.h"
+#include "OdDbDatabase.h"
+#include "OdDbLayerTableRecord.h"
+#include "OdRxModule.h"
+#include "PropUiGuids.h"
+#include "PropUiOptions.h"
+#include "PropUiQArrowheadCtrl.h"
+#include "PropUiQColorCtrl.h"
+#include "PropUiQLayerCtrl.h"
+#include "PropUiQLinetypeCtrl.h"
+#include "PropUiQLineweightCtrl.h"
+#include "PropUiRegistry.h"
+#include "PropVariantConversions.h"
+#include "PropWidgetsEntry.h"
+#include "QHostUiArrowHeadComboBox.h"
+#include "QHostUiColorComboBox.h"
+#include "QHostUiLineTypeComboBox.h"
+#include "QHostUiLineWeightComboBox.h"
+#include "RecordingBag.h"
+#include "TestValues.h"
+#include "hostColors.h"
+#include "hostDbPropBagCtx.h"
+#include <QAbstractItemModelTester>
+#include <QStandardItemModel>
+#include <QtTest>
+
+namespace
+{
+
+/** A drawing context that writes down what it was asked to translate, and answers as scripted. */
+class DrawingContext : public hostDbPropBagCtx
+{
+public:
+  explicit DrawingContext(OdDbDatabase* db) : hostDbPropBagCtx(db) {}
+  bool translate(int, const PropVariant& in, PropVariant& out, bool* flag) override
+  {
+    asked.append(in);
+    out = answers.isEmpty() ? in : answers.takeFirst();
+    if (flag)
+      *flag = true;
+    return true;
+  }
+  bool isDisabledValue(int, const PropVariant& value) override { return disabled.contains(value.getUInt64()); }
+
+  QVector<PropVariant> asked;
+  QVector<PropVariant> answers;
+  QVector<OdUInt64> disabled;
+};
+
+OdCmColor aci(int index)
+{
+  OdCmColor c;
+  c.setColorIndex(OdInt16(index));
+  return c;
+}
+
+QImage imageOf(const QIcon& icon)
+{
+  return icon.pixmap(QSize(16, 16)).toImage();
+}
+
+/** A drawing with more than every drawing holds, and a bag over it. */
+struct Fixture
+{
+  Fixture()
+  {
+    walls = db.addLayer(OdString(L"Walls"));
+    frozen = db.addLayer(OdString(L"Frozen"));
+    db.openLayer(frozen)->setIsFrozen(true);
+    dashed = db.addLinetype(OdString(L"Dashed"), OdString(L"__ __"), OdDoubleArray{0.5, -0.25});
+    dots = db.addLinetype(OdString(L"Dots"), OdString(L". ."), OdDoubleArray{0.0, -0.1});
+    bag.context = &context;
+    // Drawing values shown by name, as a host's bag would.
+    bag.format = [this](int, const PropVariant& v, OdString& text) {
+      OdDb::LineWeight w;
+      if (v.type() == PropVariant::kLineWeight && propVariantToLineweight(v, w))
+      {
+        text = toOdString(host_qt_ui::QHostLineWeightListModel::weightText(w));
+        return true;
+      }
+      text = toOdString(RecordingBag::textOf(v));
+      return true;
+    };
+  }
+
+  template <class Control>
+  Control* bound(const PropVariant& value, int options = -1)
+  {
+    const int item = bag.addItem(QStringLiteral("Attribute"), value);
+    auto* control = new Control;
+    if (options >= 0)
+      control->setOptions(options);
+    control->setPropBagItem(&bag, item);
+    control->setupUi();
+    control->updateUi();
+    control->updateData();
+    return control;
+  }
+
+  OdDbDatabase db;
+  OdDbObjectId walls, frozen, dashed, dots;
+  DrawingContext context{&db};
+  RecordingBag bag;
+};
+
+} // namespace
+
+class TestDrawingControls : public QObject
+{
+  Q_OBJECT
+
+private slots:
+  void initTestCase() { odrxCreateModuleObject()->initApp(); }
+  void cleanupTestCase() { odrxCreateModuleObject()->uninitApp(); }
+  void init() { hostClearCustomColors(); }
+
+  void factoriesGiveFixedWords_data()
+  {
+    QTest::addColumn<OdGUID>("guid");
+    QTest::addColumn<QString>("kind");
+    QTest::addColumn<int>("options");
+    QTest::newRow("layer") << PropUiGuidLayer << "PropUiQLayerCtrl" << 0x40;
+    QTest::newRow("color") << PropUiGuidColor << "PropUiQColorCtrl" << (0xB | 0x40);
+    QTest::newRow("linetype") << PropUiGuidLinetype << "PropUiQLinetypeCtrl" << (0x7 | 0x40);
+    QTest::newRow("lineweight") << PropUiGuidLineweight << "PropUiQLineweightCtrl" << (0x7 | 0x40);
+    QTest::newRow("arrowhead") << PropUiGuidArrowhead << "PropUiQArrowheadCtrl" << (0x3 | 0x40);
+  }
+
+  void factoriesGiveFixedWords()
+  {
+    QFETCH(OdGUID, guid);
+    QFETCH(QString, kind);
+    QFETCH(int, options);
+    for (bool editor : {false, true})
+    {
+      QScopedPointer<PropUiQWidget> control(editor ? propUiCreateEditor(guid, 0x70 | 0x10000) : propUiCreateWidget(guid, 0x70 | 0x10000));
+      QVERIFY(control);
+      QCOMPARE(QLatin1String(control->metaObject()->className()), kind);
+      QCOMPARE(control->getOptions(), options);
+    }
+  }
+
+  void byLayerAndDefaultAreResolvedOnlyWhenAsked_data()
+  {
+    QTest::addColumn<int>("kind");
+    QTest::addColumn<int>("options");
+    QTest::addColumn<QVector<int> >("asked"); // what translate was asked, by number
+    QTest::newRow("colour, ByLayer") << 0 << 0xB << QVector<int>{int(0xC0000000u)};
+    QTest::newRow("colour, not") << 0 << 0xA << QVector<int>{};
+    QTest::newRow("lineweight, both") << 1 << 0x7 << QVector<int>{-3, -1};
+    QTest::newRow("lineweight, ByLayer only") << 1 << 0x3 << QVector<int>{-1};
+    QTest::newRow("lineweight, Default only") << 1 << 0x6 << QVector<int>{-3};
+    QTest::newRow("linetype, ByLayer") << 2 << 0x7 << QVector<int>{-100};
+    QTest::newRow("linetype, not") << 2 << 0x6 << QVector<int>{};
+  }
+
+  void byLayerAndDefaultAreResolvedOnlyWhenAsked()
+  {
+    QFETCH(int, kind);
+    QFETCH(int, options);
+    QFETCH(QVector<int>, asked);
+    Fixture f;
+    QScopedPointer<PropUiQComboBox> control;
+    if (kind == 0)
+      control.reset(f.bound<PropUiQColorCtrl>(propVariantFromColor(aci(1)), options));
+    else if (kind == 1)
+      control.reset(f.bound<PropUiQLineweightCtrl>(propVariantFromLineweight(OdDb::kLnWt050), options));
+    else
+      control.reset(f.bound<PropUiQLinetypeCtrl>(propVariantFromObjectId(f.dashed), options));
+    QVector<int> seen;
+    for (const PropVariant& v : f.context.asked)
+      seen << (kind == 2 ? (OdDbObjectId(v.getUInt64()) == f.db.getLinetypeByLayerId() ? -100 : 0) : int(v.getInt64()));
+    QCOMPARE(seen, asked);
+  }
+
+  void byLayerEntryShowsTheLayersColour()
+  {
+    Fixture f;
+    f.context.answers = {propVariantFromColor(aci(3))};
+    QScopedPointer<PropUiQColorCtrl> control(f.bound<PropUiQColorCtrl>(propVariantFromColor(aci(1))));
+    QComboBox* combo = control->comboBox();
+    QCOMPARE(combo->itemText(0), QStringLiteral("ByLayer"));
+    QCOMPARE(imageOf(combo->itemIcon(0)), imageOf(hostQtGetColorIcon(aci(3), 16, 16)));
+  }
+
+  void theChooserEntryIsNoValue_data()
+  {
+    QTest::addColumn<bool>("announced");
+    QTest::newRow("colour announced by the picker (0x8)") << true;
+    QTest::newRow("colour committed as the last entry") << false;
+  }
+
+  void theChooserEntryIsNoValue()
+  {
+    QFETCH(bool, announced);
+    ChooserCatcher choosers;
+    choosers.pickColor = true;
+    choosers.colorToPick = aci(30);
+    Fixture f;
+    QScopedPointer<PropUiQColorCtrl> control(
+      f.bound<PropUiQColorCtrl>(propVariantFromColor(aci(1)), announced ? 0xB : 0x3));
+    QComboBox* combo = control->comboBox();
+    combo->setCurrentIndex(combo->count() - 1);
+    emit combo->activated(combo->count() - 1);
+    QTRY_COMPARE(f.bag.written.size(), 1);
+    QCoreApplication::processEvents();
+    QCOMPARE(f.bag.written.size(), 1);
+    OdCmColor written;
+    QVERIFY(propVariantToColor(f.bag.written[0], written));
+    QCOMPARE(written, aci(30));
+    QCOMPARE(combo->currentText(), QStringLiteral("Colour 30"));
+  }
+
+  void otherLinetypeIsChosenNotWritten()
+  {
+    ChooserCatcher choosers;
+    Fixture f;
+    QScopedPointer<PropUiQLinetypeCtrl> control(f.bound<PropUiQLinetypeCtrl>(propVariantFromObjectId(f.dashed)));
+    QComboBox* combo = control->comboBox();
+    QCOMPARE(combo->itemText(combo->count() - 1), QStringLiteral("Other..."));
+    // A cancelled chooser changes nothing.
+    emit combo->activated(combo->count() - 1);
+    QTRY_COMPARE(choosers.objectAsked, 1);
+    QVERIFY(f.bag.written.isEmpty());
+    QCOMPARE(combo->currentText(), QStringLiteral("Dashed"));
+    // A linetype picked there is written once, as the handle.
+    choosers.idToPick = f.dots;
+    emit combo->activated(combo->count() - 1);
+    QTRY_COMPARE(f.bag.written.size(), 1);
+    QCOMPARE(f.bag.written[0].getUInt64(), f.dots.getHandle());
+    QCOMPARE(combo->currentText(), QStringLiteral("Dots"));
+  }
+
+  void aVaryingValueIsNeverATemporaryEntry_data()
+  {
+    QTest::addColumn<int>("kind");
+    QTest::newRow("colour") << 0;
+    QTest::newRow("linetype") << 1;
+    QTest::newRow("arrowhead") << 2;
+    QTest::newRow("layer") << 3;
+  }
+
+  void aVaryingValueIsNeverATemporaryEntry()
+  {
+    QFETCH(int, kind);
+    Fixture f;
+    PropVariant v = kind == 0 ? propVariantFromColor(aci(200)) : propVariantFromObjectId(kind == 1 ? f.dots : f.walls);
+    v.setVaries();
+    QScopedPointer<PropUiQComboBox> control;
+    switch (kind)
+    {
+    case 0: control.reset(f.bound<PropUiQColorCtrl>(v)); break;
+    case 1: control.reset(f.bound<PropUiQLinetypeCtrl>(v)); break;
+    case 2: control.reset(f.bound<PropUiQArrowheadCtrl>(v)); break;
+    default: control.reset(f.bound<PropUiQLayerCtrl>(v)); break;
+    }
+    const int entries = control->comboBox()->count();
+    QVERIFY(control->isVaries());
+    QCOMPARE(control->comboBox()->currentIndex(), -1);
+    if (kind != 2) // the arrowhead control reads through its picker, never through a temporary entry
+      QCOMPARE(control->addTempItem(v), -1);
+    QCOMPARE(control->comboBox()->count(), entries);
+  }
+
+  void aPickLeavesVariesBeforeTheBagIsAsked_data()
+  {
+    QTest::addColumn<int>("kind");
+    QTest::newRow("lineweight") << 0;
+    QTest::newRow("linetype") << 1;
+    QTest::newRow("arrowhead") << 2;
+    QTest::newRow("layer") << 3;
+  }
+
+  void aPickLeavesVariesBeforeTheBagIsAsked()
+  {
+    QFETCH(int, kind);
+    Fixture f;
+    PropVariant v = kind == 0 ? propVariantFromLineweight(OdDb::kLnWt050) : propVariantFromObjectId(kind == 1 ? f.dots : f.walls);
+    v.setVaries();
+    QScopedPointer<PropUiQComboBox> control;
+    switch (kind)
+    {
+    case 0: control.reset(f.bound<PropUiQLineweightCtrl>(v)); break;
+    case 1: control.reset(f.bound<PropUiQLinetypeCtrl>(v)); break;
+    case 2: control.reset(f.bound<PropUiQArrowheadCtrl>(v)); break;
+    default: control.reset(f.bound<PropUiQLayerCtrl>(v)); break;
+    }
+    QVERIFY(control->isVaries());
+    bool variesWhenAsked = true;
+    f.bag.duringValidate = [&]() { variesWhenAsked = control->isVaries(); };
+    control->comboBox()->setCurrentIndex(1);
+    control->onActivated(1);
+    QCOMPARE(f.bag.count(QStringLiteral("validate")), 1);
+    QVERIFY(!variesWhenAsked);
+    QCOMPARE(f.bag.written.size(), 1);
+  }
+
+  void aRefusedPickPutsThePreviousEntryBack_data()
+  {
+    QTest::addColumn<int>("kind");
+    QTest::newRow("colour") << 0;
+    QTest::newRow("lineweight") << 1;
+    QTest::newRow("linetype") << 2;
+    QTest::newRow("arrowhead") << 3;
+    QTest::newRow("layer") << 4;
+  }
+
+  void aRefusedPickPutsThePreviousEntryBack()
+  {
+    QFETCH(int, kind);
+    MessageCatcher messages;
+    Fixture f;
+    QScopedPointer<PropUiQComboBox> control;
+    switch (kind)
+    {
+    case 0: control.reset(f.bound<PropUiQColorCtrl>(propVariantFromColor(aci(1)))); break;
+    case 1: control.reset(f.bound<PropUiQLineweightCtrl>(propVariantFromLineweight(OdDb::kLnWt050))); break;
+    case 2: control.reset(f.bound<PropUiQLinetypeCtrl>(propVariantFromObjectId(f.dashed))); break;
+    case 3: control.reset(f.bound<PropUiQArrowheadCtrl>(propVariantFromObjectId(f.db.getBlockId(OdString(L"_Dot"))))); break;
+    default: control.reset(f.bound<PropUiQLayerCtrl>(propVariantFromObjectId(f.walls))); break;
+    }
+    QComboBox* combo = control->comboBox();
+    const int shown = combo->currentIndex();
+    QVERIFY(shown >= 0);
+    QCOMPARE(control->lastCommittedIndex(), shown);
+    f.bag.item(0).acceptValidate = false;
+    f.bag.item(0).validateMessage = QStringLiteral("Not on this object.");
+    const int other = shown == 0 ? 1 : 0;
+    combo->setCurrentIndex(other);
+    control->onActivated(other);
+    QCOMPARE(combo->currentIndex(), shown);
+    QVERIFY(f.bag.written.isEmpty());
+    QTRY_COMPARE(messages.shown.size(), 1);
+    QCOMPARE(int(messages.shown[0].kind), int(host_qt_ui::QHostMessageBoxOd::Critical));
+  }
+
+  void aCommittedColourBecomesCustomEvenWhenRefused()
+  {
+    MessageCatcher messages;
+    Fixture f;
+    QScopedPointer<PropUiQColorCtrl> control(f.bound<PropUiQColorCtrl>(propVariantFromColor(aci(1))));
+    auto* combo = qobject_cast<host_qt_ui::QHostUiColorComboBox*>(control->comboBox());
+    f.bag.item(0).acceptValidate = false;
+    const int index = combo->setSelectedColor(aci(140));
+    control->onActivated(index);
+    OdArray<OdCmColor> custom;
+    hostGetCustomColors(custom);
+    QCOMPARE(custom.size(), 1u);
+    QCOMPARE(custom[0], aci(140));
+
+    // A new control lists it once, before "Select Colour...".
+    QScopedPointer<PropUiQColorCtrl> next(f.bound<PropUiQColorCtrl>(propVariantFromColor(aci(1))));
+    QComboBox* nextCombo = next->comboBox();
+    QCOMPARE(nextCombo->itemText(nextCombo->count() - 2), QStringLiteral("Colour 140"));
+    QCOMPARE(nextCombo->findText(QStringLiteral("Colour 140")), nextCombo->count() - 2);
+  }
+
+  void aFailedWriteDiffersBetweenColourAndTheOthers()
+  {
+    Fixture f;
+    QScopedPointer<PropUiQColorCtrl> colour(f.bound<PropUiQColorCtrl>(propVariantFromColor(aci(1))));
+    QScopedPointer<PropUiQLineweightCtrl> weight(f.bound<PropUiQLineweightCtrl>(propVariantFromLineweight(OdDb::kLnWt050)));
+    f.bag.item(0).acceptWrite = false;
+    f.bag.item(1).acceptWrite = false;
+    const int colourShown = colour->comboBox()->currentIndex();
+    colour->comboBox()->setCurrentIndex(0);
+    colour->onActivated(0);
+    QCOMPARE(colour->comboBox()->currentIndex(), colourShown);
+    QCOMPARE(colour->lastCommittedIndex(), 0); // the colour control takes the pick as its fallback all the same
+    const int weightShown = weight->comboBox()->currentIndex();
+    weight->comboBox()->setCurrentIndex(0);
+    weight->onActivated(0);
+    QCOMPARE(weight->comboBox()->currentIndex(), weightShown);
+    QCOMPARE(weight->lastCommittedIndex(), weightShown);
+  }
+
+  void badInputShowsWhatItCanAndWritesNothing()
+  {
+    Fixture f;
+    // A value of the wrong kind: the default colour, no new entry.
+    QScopedPointer<PropUiQColorCtrl> colour(f.bound<PropUiQColorCtrl>(textValue(QStringLiteral("purple"))));
+    QCOMPARE(colour->comboBox()->currentText(), QStringLiteral("ByLayer"));
+    // An id of another database, or the null id: nothing current in the picker.
+    OdDbDatabase elsewhere;
+    QScopedPointer<PropUiQLinetypeCtrl> linetype(
+      f.bound<PropUiQLinetypeCtrl>(propVariantFromObjectId(elsewhere.getLinetypeContinuousId())));
+    QCOMPARE(linetype->comboBox()->currentIndex(), -1);
+    QScopedPointer<PropUiQArrowheadCtrl> arrow(f.bound<PropUiQArrowheadCtrl>(textValue(QStringLiteral("dot"))));
+    QCOMPARE(arrow->comboBox()->currentIndex(), -1);
+    // A context without a drawing, and one of another kind.
+    PropBagCtxBase plain;
+    hostDbPropBagCtx empty(nullptr);
+    for (PropBagCtx* context : {static_cast<PropBagCtx*>(&plain), static_cast<PropBagCtx*>(&empty)})
+    {
+      f.bag.context = context;
+      QScopedPointer<PropUiQLinetypeCtrl> noDrawing(f.bound<PropUiQLinetypeCtrl>(propVariantFromObjectId(f.dashed)));
+      QScopedPointer<PropUiQLayerCtrl> layer(f.bound<PropUiQLayerCtrl>(propVariantFromObjectId(f.walls)));
+      QCOMPARE(layer->comboBox()->count(), 1); // the bag's own text, nothing to choose from
+      layer->onActivated(0);
+      noDrawing->onActivated(0);
+    }
+    // Activations of entries that do not exist.
+    for (PropUiQComboBox* control : std::initializer_list<PropUiQComboBox*>{colour.data(), linetype.data(), arrow.data()})
+      for (int index : {-1, 1000})
+        control->onActivated(index);
+    QVERIFY(f.bag.written.isEmpty());
+  }
+
+  void layersListTheirStateAndDisabledOnesCannotBeChosen()
+  {
+    Fixture f;
+    f.context.disabled = {f.frozen.getHandle()};
+    QScopedPointer<PropUiQLayerCtrl> control(f.bound<PropUiQLayerCtrl>(propVariantFromObjectId(f.walls)));
+    QComboBox* combo = control->comboBox();
+    QStringList names;
+    for (int i = 0; i < combo->count(); ++i)
+      names << combo->itemText(i);
+    QCOMPARE(names, (QStringList{QStringLiteral("0"), QStringLiteral("Walls"), QStringLiteral("Frozen")}));
+    QCOMPARE(combo->currentText(), QStringLiteral("Walls"));
+    QCOMPARE(combo->iconSize(), PropUiQLayerCtrl::pictureSize());
+    auto* model = qobject_cast<QStandardItemModel*>(combo->model());
+    QVERIFY(!model->item(2)->isEnabled());
+    // Frozen and thawed layers of one colour look different.
+    QVERIFY(imageOf(combo->itemIcon(1)) != imageOf(combo->itemIcon(2)));
+    combo->setCurrentIndex(2);
+    control->onActivated(2);
+    QVERIFY(f.bag.written.isEmpty());
+    QCOMPARE(combo->currentText(), QStringLiteral("Walls"));
+    combo->setCurrentIndex(0);
+    control->onActivated(0);
+    QCOMPARE(f.bag.written.size(), 1);
+    OdDbObjectId written;
+    QVERIFY(propVariantToObjectId(f.bag.written[0], written));
+    QCOMPARE(written, f.db.getLayerZeroId());
+  }
+
+  void listModelsKeepTheModelRules()
+  {
+    Fixture f;
+    host_qt_ui::QHostLineTypeListModel linetypes;
+    host_qt_ui::QHostLineWeightListModel weights;
+    host_qt_ui::QHostArrowHeadListModel arrows;
+    QAbstractItemModelTester t1(&linetypes, QAbstractItemModelTester::FailureReportingMode::QtTest);
+    QAbstractItemModelTester t2(&weights, QAbstractItemModelTester::FailureReportingMode::QtTest);
+    QAbstractItemModelTester t3(&arrows, QAbstractItemModelTester::FailureReportingMode::QtTest);
+    linetypes.init(0x3, &f.db);
+    QCOMPARE(linetypes.rowCount(), 5); // ByLayer, ByBlock, Continuous, Dashed, Dots
+    QCOMPARE(linetypes.findRow(f.dots), 4);
+    QCOMPARE(linetypes.idAt(4), f.dots);
+    QCOMPARE(linetypes.findRow(OdDbObjectId(123456789)), -1);
+    linetypes.setByLayerLinetype(f.dashed);
+    QCOMPARE(imageOf(linetypes.data(linetypes.index(0, 0), Qt::DecorationRole).value<QIcon>()),
+             imageOf(linetypes.data(linetypes.index(3, 0), Qt::DecorationRole).value<QIcon>()));
+    linetypes.init(0x0, nullptr);
+    QCOMPARE(linetypes.rowCount(), 0);
+
+    weights.init(0x7);
+    QCOMPARE(weights.findRow(OdDb::kLnWt211), 3 + 23);
+    QCOMPARE(weights.weightAt(-1), OdDb::kLnWtByLayer);
+    weights.setDefaultWeight(OdDb::kLnWt100);
+
+    arrows.init(0x3);
+    QCOMPARE(arrows.rowCount(), 1); // without a drawing, closed filled alone
+    arrows.setCurrentDatabase(&f.db);
+    arrows.init(0x3);
+    QCOMPARE(arrows.findId(OdDbObjectId::kNull), 0);
+    QCOMPARE(arrows.addBlock(f.walls), -1); // a layer is no block
+  }
+
+  void pickersListTheDrawing()
+  {
+    Fixture f;
+    host_qt_ui::QHostUiLineTypeComboBox linetypes;
+    linetypes.setLineTypeOption(host_qt_ui::LineTypeOptions(0x7));
+    linetypes.setDatabase(&f.db);
+    QStringList names;
+    for (int i = 0; i < linetypes.count(); ++i)
+      names << linetypes.itemText(i);
+    QCOMPARE(names, (QStringList{QStringLiteral("ByLayer"), QStringLiteral("ByBlock"), QStringLiteral("Continuous"),
+                                 QStringLiteral("Dashed"), QStringLiteral("Dots"), QStringLiteral("Other...")}));
+    // Dashes are drawn: a dashed line is not a continuous one.
+    QVERIFY(imageOf(linetypes.itemIcon(2)) != imageOf(linetypes.itemIcon(3)));
+    QCOMPARE(linetypes.itemIcon(3).availableSizes().size(), 2); // drawn for ratio 1 and 2
+
+    host_qt_ui::QHostUiLineWeightComboBox weights;
+    weights.setLineWeightOption(host_qt_ui::LineWeightOptions(0x5));
+    QCOMPARE(weights.count(), 2 + 24);
+    QCOMPARE(weights.itemText(1), QStringLiteral("Default"));
+    QCOMPARE(weights.itemText(2 + 7), QStringLiteral("0.25 mm"));
+
+    host_qt_ui::QHostUiArrowHeadComboBox arrows;
+    arrows.setArrowOptions(host_qt_ui::ArrowOptions(0x3));
+    const OdDbObjectId own = f.db.addBlock(OdString(L"MyArrow"));
+    arrows.setCurrentDatabase(&f.db);
+    QCOMPARE(arrows.itemText(0), QStringLiteral("Closed filled"));
+    QCOMPARE(arrows.itemText(arrows.count() - 2), QStringLiteral("MyArrow"));
+    QCOMPARE(arrows.itemText(arrows.count() - 1), QStringLiteral("User Arrow..."));
+    QCOMPARE(arrows.count(), 1 + OdDbDatabase::kArrowBlockCount + 2);
+    OdDbObjectId id;
+    arrows.setSelected(own);
+    QVERIFY(arrows.getSelected(id));
+    QCOMPARE(id, own);
+    arrows.setCurrentIndex(arrows.count() - 1);
+    QVERIFY(!arrows.getSelected(id));
+  }
+};
+
+QTEST_MAIN(TestDrawingControls)
+#include "tst_DrawingControls.moc"
