@@ -1,5 +1,7 @@
 #include "PropQDateEdit.h"
 
+#include "PropUiTexts.h"
+
 #include <QFocusEvent>
 #include <QLineEdit>
 
@@ -24,5 +26,5 @@ QDateTime PropQDateEdit::dateTimeFromText(const QString& text) const
 
 QString PropQDateEdit::textFromDateTime(const QDateTime& dateTime) const
 {
-  return m_varies ? tr("*varies*") : QDateEdit::textFromDateTime(dateTime);
+  return m_varies ? PropUiTexts::varies() : QDateEdit::textFromDateTime(dateTime);
 }

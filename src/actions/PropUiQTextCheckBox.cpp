@@ -1,6 +1,7 @@
 #include "PropUiQTextCheckBox.h"
 
 #include "PropUiTextCaption.h"
+#include "PropUiTexts.h"
 
 PropUiQTextCheckBox::PropUiQTextCheckBox(QWidget* parent) : PropUiQCheckBox(parent) {}
 
@@ -15,5 +16,5 @@ void PropUiQTextCheckBox::setVaries(bool varies)
 {
   PropUiQCheckBox::setVaries(varies);
   if (varies && m_checkBox)
-    m_checkBox->setText(tr("*varies*"));
+    m_checkBox->setText(PropUiTexts::varies());
 }

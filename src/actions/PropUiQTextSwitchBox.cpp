@@ -1,6 +1,7 @@
 #include "PropUiQTextSwitchBox.h"
 
 #include "PropUiTextCaption.h"
+#include "PropUiTexts.h"
 
 PropUiQTextSwitchBox::PropUiQTextSwitchBox(QWidget* parent) : PropUiQSwitchBox(parent) {}
 
@@ -15,5 +16,5 @@ void PropUiQTextSwitchBox::setVaries(bool varies)
 {
   PropUiQSwitchBox::setVaries(varies);
   if (varies && m_checkBox)
-    m_checkBox->setText(tr("*varies*"));
+    m_checkBox->setText(PropUiTexts::varies());
 }

@@ -3,6 +3,7 @@
 #include "OdStringQt.h"
 #include "PropBag.h"
 #include "PropUiCompositeForm.h"
+#include "PropUiTexts.h"
 #include "PropUiVariantConverter.h"
 #include "QHostComboBox.h"
 #include <QAbstractItemView>
@@ -219,7 +220,7 @@ void PropUiQMultiTextComboCtrl::showChosen(const QVector<bool>& chosen)
     if (model->item(i)->checkState() != state)
       model->item(i)->setCheckState(state);
   }
-  static_cast<CheckListCombo*>(m_combo.data())->setSummary(m_varies ? QWidget::tr("*varies*") : summary(), m_varies);
+  static_cast<CheckListCombo*>(m_combo.data())->setSummary(m_varies ? PropUiTexts::varies() : summary(), m_varies);
   m_combo->setToolTip(m_varies ? QString() : summary());
 }
 

@@ -4,6 +4,7 @@
 #include "PropBag.h"
 #include "PropUiCompositeForm.h"
 #include "PropUiQStringTableModel.h"
+#include "PropUiTexts.h"
 #include <QHeaderView>
 #include <QVBoxLayout>
 
@@ -159,7 +160,7 @@ void PropUiQTableCtrl::setVaries(bool varies)
     QStringList cells;
     cells.reserve(rows * columns);
     for (int i = 0; i < rows * columns; ++i)
-      cells.append(QWidget::tr("*varies*"));
+      cells.append(PropUiTexts::varies());
     model->setCells(cells, rows, columns);
     m_shown.clear();
   }

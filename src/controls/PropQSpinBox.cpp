@@ -1,5 +1,7 @@
 #include "PropQSpinBox.h"
 
+#include "PropUiTexts.h"
+
 #include <QFocusEvent>
 #include <QLineEdit>
 
@@ -19,12 +21,12 @@ QValidator::State PropQSpinBox::validate(QString& input, int& pos) const
 
 int PropQSpinBox::valueFromText(const QString& text) const
 {
-  if (m_varies && text.trimmed() == tr("*varies*"))
+  if (m_varies && text.trimmed() == PropUiTexts::varies())
     return value();
   return QSpinBox::valueFromText(text);
 }
 
 QString PropQSpinBox::textFromValue(int value) const
 {
-  return m_varies ? tr("*varies*") : QSpinBox::textFromValue(value);
+  return m_varies ? PropUiTexts::varies() : QSpinBox::textFromValue(value);
 }

@@ -2,12 +2,13 @@
 
 #include "OdStringQt.h"
 #include "PropBag.h"
-#include "PropUiOptions.h"
 #include "PropItemType.h"
 #include "PropMathValidator.h"
 #include "PropUiActionToolButtonsCtrl.h"
 #include "PropUiGuids.h"
+#include "PropUiOptions.h"
 #include "PropUiQFormatter.h"
+#include "PropUiTexts.h"
 #include <QDoubleValidator>
 #include <QHBoxLayout>
 #include <QIntValidator>
@@ -195,7 +196,7 @@ void PropUiQComboBox::setVaries(bool varies)
 {
   if (!m_combo)
     return;
-  const QString placeholder = varies ? QWidget::tr("*varies*") : QString();
+  const QString placeholder = varies ? PropUiTexts::varies() : QString();
   if (m_combo->isEditable() && m_combo->lineEdit())
   {
     if (varies)

@@ -5,6 +5,7 @@
 #include "PropUiActionToolButtonsCtrl.h"
 #include "PropUiEditCommitFilter.h"
 #include "PropUiElidedLineEditFilter.h"
+#include "PropUiTexts.h"
 #include "QHostLineEdit.h"
 #include <QCoreApplication>
 #include <QHBoxLayout>
@@ -125,7 +126,7 @@ void PropUiQLineEdit::setVaries(bool varies)
   if (!m_edit)
     return;
   m_edit->clear();
-  m_edit->setPlaceholderText(varies ? QWidget::tr("*varies*") : QString());
+  m_edit->setPlaceholderText(varies ? PropUiTexts::varies() : QString());
   // What the field shows now is empty; leaving it untouched must not write or revert.
   if (varies)
     m_lastText.clear();

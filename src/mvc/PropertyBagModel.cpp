@@ -4,6 +4,7 @@
 #include "PropBag.h"
 #include "PropUiOptions.h"
 #include "PropUiQFormatter.h"
+#include "PropUiTexts.h"
 #include <QIcon>
 #include <algorithm>
 #include <vector>
@@ -275,7 +276,7 @@ QVariant PropertyBagModel::Private::elementRowData(int item, int element, int co
   if (!bag->getElementValue(item, unsigned(element), value))
     return QVariant();
   if (value.isVaries())
-    return PropertyBagModel::tr("*varies*");
+    return PropUiTexts::varies();
   OdString text;
   if (!bag->formatValue(item, unsigned(element), value, text))
     return QVariant();

@@ -1,0 +1,6 @@
+#include "PropUiTexts.h"
+
+QString PropUiTexts::varies()
+{
+  return tr("*varies*");
+}
