@@ -18,5 +18,9 @@ if [ "$build" = build ]; then
   cmake -S demo -B build/demo-installed -G Ninja -DCMAKE_PREFIX_PATH="$PWD/build/install" > /dev/null
   cmake --build build/demo-installed -j "$(nproc)"
   build/demo-installed/propwidgets-demo --screenshot build/demo-installed/demo.png > /dev/null
+  # The README's host is examples/minimal-host: it must build and start from the package alone.
+  cmake -S examples/minimal-host -B build/minimal-host -G Ninja -DCMAKE_PREFIX_PATH="$PWD/build/install" > /dev/null
+  cmake --build build/minimal-host -j "$(nproc)"
+  build/minimal-host/minimal-host --check
 fi
 ctest --test-dir "$build" --output-on-failure
