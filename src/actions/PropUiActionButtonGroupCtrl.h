@@ -25,7 +25,10 @@ public:
   void updateUi() override;
   void updateData() override;
 
+public Q_SLOTS:
   virtual void onIdClicked(int id);
+
+public:
   /** A new button whose parent is the control. */
   virtual QAbstractButton* createBtn() = 0;
   /** Makes the button show the action. */

@@ -25,7 +25,11 @@ public:
 
   /** Marks the button of the current value. */
   virtual void setCurrentBtn(QAbstractButton* button);
+
+public Q_SLOTS:
   virtual void onButtonClicked(QAbstractButton* button) = 0;
+
+public:
   /** A new button whose parent is the control. */
   virtual QAbstractButton* createBtn() = 0;
   /** Shows the entry on the button, unchecked, and remembers its key. */

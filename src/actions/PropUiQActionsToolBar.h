@@ -24,9 +24,10 @@ public:
 
   QToolBar* toolBar() const { return m_toolBar.data(); }
 
-private:
+private Q_SLOTS:
   void onActionTriggered(QAction* action);
 
+private:
   QPointer<QToolBar> m_toolBar;
   /** The bag's actions behind the toolbar's, kept alive as long as their buttons. */
   PropActionArray m_actions;

@@ -21,8 +21,10 @@ public:
   /** Raises the platform's invalid-index error for a list of fewer than nine entries. */
   void updateData() override;
 
+public Q_SLOTS:
   virtual void onIdClicked(int id);
 
+public:
   QButtonGroup* buttonGroup() const { return m_buttonGroup; }
 
 private:

@@ -18,9 +18,11 @@ public:
   bool isVaries() const override;
   void setVaries(bool varies) override;
 
+public Q_SLOTS:
   /** Writes the state the user clicked, or falls back to the last confirmed one. */
   virtual void onClicked(bool checked);
 
+public:
   host_qt_ui_core::QHostCheckBox* checkBox() const { return m_checkBox; }
 
 protected:

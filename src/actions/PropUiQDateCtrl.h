@@ -27,8 +27,11 @@ public:
   bool eventFilter(QObject* watched, QEvent* event) override;
 
   virtual bool applyData();
+
+public Q_SLOTS:
   virtual void onDateChanged(const QDate& date);
 
+public:
   PropQDateEdit* dateEdit() const { return m_dateEdit; }
 
   /** The property system's form of a date. */

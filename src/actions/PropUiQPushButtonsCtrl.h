@@ -10,7 +10,10 @@ class PROPWIDGETS_EXPORT PropUiQPushButtonsCtrl : public PropUiButtonGroupCtrl
 public:
   explicit PropUiQPushButtonsCtrl(QWidget* parent = nullptr);
 
+public Q_SLOTS:
   void onButtonClicked(QAbstractButton* button) override;
+
+public:
   QAbstractButton* createBtn() override;
   void updateBtn(QAbstractButton* button, const OdString& text, unsigned long key) override;
   void removeBtn(QAbstractButton* button) override;

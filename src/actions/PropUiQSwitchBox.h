@@ -18,8 +18,10 @@ public:
   bool isVaries() const override;
   void setVaries(bool varies) override;
 
+public Q_SLOTS:
   virtual void onClicked(bool checked);
 
+public:
   host_qt_ui_core::QHostCheckBox* checkBox() const { return m_checkBox; }
 
 protected:

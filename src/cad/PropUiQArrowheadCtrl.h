@@ -13,5 +13,7 @@ public:
   bool setupUi() override;
   /** Shows the bag's arrowhead through the picker rather than through the item's list. */
   void updateData() override;
+
+public Q_SLOTS:
   void onActivated(int index) override;
 };

@@ -18,5 +18,7 @@ public:
   void updateUi() override;
   /** Selects the value's colour in the picker, which lists it when it must; -1 for a varying value. */
   int addTempItem(const PropVariant& value) override;
+
+public Q_SLOTS:
   void onActivated(int index) override;
 };

@@ -23,9 +23,11 @@ public:
   void updateUi() override;
   void updateData() override;
 
+public Q_SLOTS:
   /** Binds X and Y to the point the selector names and shows it. */
   virtual void onGroupChanged();
 
+public:
   host_qt_ui_core::QHostSpinBox* groupSpinBox() const { return m_groupSpinBox; }
   PropUiQDistanceCtrl* axis(int a) const;
 

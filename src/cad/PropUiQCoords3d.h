@@ -25,9 +25,11 @@ public:
   void updateUi() override;
   void updateData() override;
 
+public Q_SLOTS:
   /** Binds the axes to the point the selector names and shows it. */
   virtual void onGroupChanged();
 
+public:
   host_qt_ui_core::QHostSpinBox* groupSpinBox() const { return m_groupSpinBox; }
   int axisCount() const { return m_axes.size(); }
   PropUiQDistanceCtrl* axis(int a) const;

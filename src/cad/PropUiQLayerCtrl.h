@@ -20,8 +20,11 @@ public:
   void addItems() override;
   /** Selects the value's layer when it is listed; otherwise an entry with the bag's text. */
   int addTempItem(const PropVariant& value) override;
+
+public Q_SLOTS:
   void onActivated(int index) override;
 
+public:
   /** The size of an entry's picture: the colour swatch and the three state marks side by side. */
   static QSize pictureSize() { return QSize(66, 16); }
 };

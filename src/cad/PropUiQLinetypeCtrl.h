@@ -14,5 +14,7 @@ public:
   void updateUi() override;
   /** Selects the value's linetype in the picker; -1 for a varying value or one that names no linetype. */
   int addTempItem(const PropVariant& value) override;
+
+public Q_SLOTS:
   void onActivated(int index) override;
 };

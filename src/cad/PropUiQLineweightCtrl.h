@@ -12,5 +12,7 @@ public:
 
   bool setupUi() override;
   void updateUi() override;
+
+public Q_SLOTS:
   void onActivated(int index) override;
 };

@@ -34,6 +34,8 @@ public:
 
   void currentChanged(const PropVariant& current) override;
   void selectionChanged(const PropVariant& selection) override;
+
+public Q_SLOTS:
   virtual void onDataChanged(const QModelIndex& topLeft, const QModelIndex& bottomRight, const QVector<int>& roles);
   /** Rows going away take their values out of the selection and the pin. */
   virtual void onRowsAboutToBeRemoved(const QModelIndex& parent, int first, int last);
@@ -42,6 +44,7 @@ public:
   virtual void onSelectionChanged(const QItemSelection& selected, const QItemSelection& deselected);
   virtual void onCurrentRowChanged(const QModelIndex& current, const QModelIndex& previous);
 
+public:
   bool eventFilter(QObject* watched, QEvent* event) override;
 
   QListView* listView() const { return m_view; }

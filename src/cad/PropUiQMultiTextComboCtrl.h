@@ -37,8 +37,11 @@ public:
 
   /** Validates and writes what is ticked; false when nothing was written. */
   virtual bool applyData();
+
+public Q_SLOTS:
   virtual void onPopupClosed();
 
+public:
   QComboBox* comboBox() const { return m_combo; }
   /** The text the closed combo shows, before eliding. */
   QString summary() const;

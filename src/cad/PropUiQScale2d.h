@@ -23,9 +23,11 @@ public:
   void updateUi() override;
   void updateData() override;
 
+public Q_SLOTS:
   /** Unlocks (true) or locks (false) the scale. */
   virtual void onNonUniformChanged(bool nonUniform);
 
+public:
   QToolButton* lockButton() const { return m_lockButton; }
   PropUiQScaleElementCtrl* element(int a) const;
 

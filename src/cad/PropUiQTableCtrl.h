@@ -47,8 +47,11 @@ public:
 
   /** Parses, validates and writes the table with this cell's new text; false when nothing was written. */
   virtual bool applyCell(const QModelIndex& cell);
+
+public Q_SLOTS:
   virtual void onDataChanged(const QModelIndex& topLeft, const QModelIndex& bottomRight, const QVector<int>& roles);
 
+public:
   QTableView* tableView() const { return m_view; }
   PropUiQStringTableModel* tableModel() const;
 

@@ -11,5 +11,7 @@ public:
   explicit PropUiQAngleCtrl(QWidget* parent = nullptr);
 
   bool setupUi() override;
+
+public Q_SLOTS:
   void onEditingFinished() override;
 };

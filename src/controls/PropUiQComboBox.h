@@ -30,9 +30,12 @@ public:
   virtual int addTempItem(const PropVariant& value);
   /** Removes the entry only when it is a temporary one. */
   virtual bool removeTempItem(int index);
+
+public Q_SLOTS:
   virtual void onActivated(int index);
   virtual void onEditingFinished();
 
+public:
   host_qt_ui_core::QHostComboBox* comboBox() const { return m_combo; }
   int lastCommittedIndex() const { return m_lastIndex; }
 

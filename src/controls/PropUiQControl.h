@@ -77,7 +77,11 @@ public:
   void updateData() override;
   int getOptions() const override;
   void setOptions(int options) override;
+
+public Q_SLOTS:
   void onUpdateDisplay() override;
+
+public:
   bool isVaries() const override;
   void setVaries(bool varies) override;
 

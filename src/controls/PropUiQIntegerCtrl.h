@@ -23,9 +23,12 @@ public:
 
   /** Validates and writes the spin box's value; false when unbound or unchanged. */
   virtual bool applyData();
+
+public Q_SLOTS:
   virtual void onSpinBoxValueChanged(int value);
   virtual void onEditingFinished();
 
+public:
   PropQSpinBox* spinBox() const { return m_spinBox; }
 
 protected:

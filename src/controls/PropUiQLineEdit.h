@@ -25,8 +25,11 @@ public:
 
   /** Parses, validates and writes the edited text; false when nothing was written. */
   virtual bool applyData();
+
+public Q_SLOTS:
   virtual void onEditingFinished();
 
+public:
   QLineEdit* lineEdit() const { return m_edit; }
   QString lastText() const { return m_lastText; }
 

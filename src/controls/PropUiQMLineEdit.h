@@ -30,9 +30,11 @@ public:
   void updateData() override;
   bool eventFilter(QObject* watched, QEvent* event) override;
 
+public Q_SLOTS:
   /** Shows the group the selector names: row i edits element (group - 1) * rows + i. */
   virtual void onGroupChanged();
 
+public:
   host_qt_ui_core::QHostSpinBox* groupSpinBox() const { return m_groupSpinBox; }
   int rowCount() const { return m_rows.size(); }
   PropUiQControl* rowAt(int i) const { return m_rows.value(i); }

@@ -26,7 +26,9 @@ protected:
   int m_lastValue = 0;
   QPointer<PropQSliderBox> m_slider;
 
-private:
+private Q_SLOTS:
   void onSliderReleased();
+
+private:
   void setBoundedRange(int min, int max);
 };

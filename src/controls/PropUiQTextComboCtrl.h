@@ -18,9 +18,12 @@ public:
   bool setupUi() override;
   void updateData() override;
   void addItems() override;
+
+public Q_SLOTS:
   void onActivated(int index) override;
   void onEditingFinished() override;
 
+public:
   /** Parses, validates and writes a typed text that is not one of the entries. */
   virtual bool applyData();
 

@@ -27,8 +27,12 @@ public:
   virtual void updateData() = 0;
   virtual int getOptions() const = 0;
   virtual void setOptions(int options) = 0;
+
+public Q_SLOTS:
   /** Asks the host to redraw after a commit. */
   virtual void onUpdateDisplay() = 0;
+
+public:
   virtual bool isVaries() const = 0;
   virtual void setVaries(bool varies) = 0;
 };

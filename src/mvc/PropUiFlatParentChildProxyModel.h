@@ -47,6 +47,7 @@ private:
   QPair<int, int> proxyRange(const QModelIndex& sourceParent, int first, int last) const;
   bool isFlattenedParent(const QModelIndex& sourceParent) const;
 
+private Q_SLOTS:
   void onRowsAboutToBeInserted(const QModelIndex& sourceParent, int first, int last);
   void onRowsInserted(const QModelIndex& sourceParent, int first, int last);
   void onRowsAboutToBeRemoved(const QModelIndex& sourceParent, int first, int last);
@@ -56,6 +57,7 @@ private:
   void onDataChanged(const QModelIndex& topLeft, const QModelIndex& bottomRight, const QVector<int>& roles);
   void onHeaderDataChanged(Qt::Orientation orientation, int first, int last);
 
+private:
   QVector<Row> m_rows;
   QHash<quint64, int> m_rowOfKey;
   QVector<QMetaObject::Connection> m_connections;
