@@ -179,7 +179,11 @@ QValidator::State PropQDateEdit::validate(QString& input, int& pos) const
     return QDateEdit::validate(input, pos);
   // Anything that can still become a date stays; an impossible one is told
   // about when the edit ends, rather than dropped key by key.
-  if (input.size() > 24 || !std::all_of(input.cbegin(), input.cend(), isTypedChar))
+  // Letters only where the short form spells the month out.
+  const bool monthNames = locale().dateFormat(QLocale::ShortFormat).contains(QStringLiteral("MMM")) ||
+                          displayFormat().contains(QStringLiteral("MMM"));
+  const auto typedChar = [monthNames](QChar c) { return isTypedChar(c) || (monthNames && c.isLetter()); };
+  if (input.size() > 40 || !std::all_of(input.cbegin(), input.cend(), typedChar))
     return QValidator::Invalid;
   return dateFromTyped(input).isValid() ? QValidator::Acceptable : QValidator::Intermediate;
 }
