@@ -1,6 +1,7 @@
 #include "ControlWindow.h"
 #include "HostQtStyleManager.h"
 #include "MessageCatcher.h"
+#include "PropUiQDoubleCtrl.h"
 #include "PropUiQIntegerCtrl.h"
 #include "PropUiQSliderCtrl.h"
 #include "RecordingBag.h"
@@ -467,26 +468,41 @@ private slots:
     QVERIFY(messages.shown[0].text.contains(QStringLiteral("3")) && messages.shown[0].text.contains(QStringLiteral("64")));
   }
 
-  void droppedLettersFlashOnce()
+  void droppedLettersFlash_data()
   {
+    QTest::addColumn<bool>("spinBox");
+    QTest::newRow("integer spin box") << true;
+    QTest::newRow("real-number field") << false;
+  }
+
+  void droppedLettersFlash()
+  {
+    QFETCH(bool, spinBox);
+    // GIVEN a focused number field showing 24
     RecordingBag bag;
-    const int item = addSegments(bag);
-    ControlWindow window(boundControl<PropUiQIntegerCtrl>(bag, item));
-    auto* control = window.findChild<PropUiQIntegerCtrl*>();
+    const int item = spinBox ? addSegments(bag) : bag.addItem(QStringLiteral("Radius"), realValue(24));
+    PropUiQControl* made = spinBox ? static_cast<PropUiQControl*>(boundControl<PropUiQIntegerCtrl>(bag, item))
+                                   : static_cast<PropUiQControl*>(boundControl<PropUiQDoubleCtrl>(bag, item));
+    ControlWindow window(made);
     QVERIFY(window.showActive());
-    PropQSpinBox* spin = control->spinBox();
-    spin->setFocus(Qt::TabFocusReason);
-    QTRY_VERIFY(spin->hasFocus());
-    QVERIFY(!spin->findChild<QWidget*>(QStringLiteral("inputFlash")));
-    QTest::keyClick(spin, Qt::Key_End);
-    QTest::keyClick(spin, Qt::Key_X);
-    auto* flash = spin->findChild<QWidget*>(QStringLiteral("inputFlash"));
+    QWidget* field = spinBox ? static_cast<QWidget*>(window.findChild<PropQSpinBox*>())
+                             : static_cast<QWidget*>(window.findChild<QLineEdit*>(QStringLiteral("edit")));
+    QLineEdit* edit = spinBox ? field->findChild<QLineEdit*>() : static_cast<QLineEdit*>(field);
+    field->setFocus(Qt::TabFocusReason);
+    QTRY_VERIFY(field->hasFocus());
+    const QString before = edit->text();
+    QVERIFY(!field->findChild<QWidget*>(QStringLiteral("inputFlash")));
+    // WHEN a letter is typed, THEN it is dropped and the field flashes, then stops
+    QTest::keyClick(field, Qt::Key_End);
+    QTest::keyClick(field, Qt::Key_X);
+    auto* flash = field->findChild<QWidget*>(QStringLiteral("inputFlash"));
     QVERIFY(flash && flash->isVisible());
-    QCOMPARE(spin->findChild<QLineEdit*>()->text(), QStringLiteral("24"));
+    QCOMPARE(edit->text(), before);
     QTRY_VERIFY(!flash->isVisible());
-    // A digit is taken without a flash.
-    QTest::keyClick(spin, Qt::Key_1);
+    // WHEN a digit is typed, THEN it is taken without a flash
+    QTest::keyClick(field, Qt::Key_1);
     QVERIFY(!flash->isVisible());
+    QCOMPARE(edit->text(), before + QStringLiteral("1"));
   }
 
   void variesIsDimmedAndComesBackWhenRefused()
