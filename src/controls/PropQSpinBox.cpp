@@ -38,6 +38,15 @@ void PropQSpinBox::applyVariesLook()
   edit->setPalette(look);
 }
 
+void PropQSpinBox::stepBy(int steps)
+{
+  const bool outer = !m_stepping;
+  m_stepping = true;
+  QHostSpinBox::stepBy(steps);
+  if (outer)
+    m_stepping = false;
+}
+
 void PropQSpinBox::changeEvent(QEvent* event)
 {
   QHostSpinBox::changeEvent(event);
@@ -78,7 +87,7 @@ bool PropQSpinBox::parseWholeNumber(QString text, qlonglong& number) const
 
 bool PropQSpinBox::isTypedOutOfRange() const
 {
-  if (m_varies || !lineEdit())
+  if (!lineEdit())
     return false;
   qlonglong number = 0;
   return parseWholeNumber(lineEdit()->text(), number) && (number < minimum() || number > maximum());
@@ -91,7 +100,7 @@ QValidator::State PropQSpinBox::validate(QString& input, int& pos) const
 {
   const QValidator::State state = QSpinBox::validate(input, pos);
   qlonglong number = 0;
-  if (state == QValidator::Invalid && !m_varies && parseWholeNumber(input, number))
+  if (state == QValidator::Invalid && parseWholeNumber(input, number))
     return QValidator::Intermediate;
   return state;
 }

@@ -22,6 +22,10 @@ public:
 
   /** The text typed is a whole number, but not one within the range. */
   bool isTypedOutOfRange() const;
+  /** The value is being changed by a step (arrows, Page keys, wheel), not by typing. */
+  bool isStepping() const { return m_stepping; }
+
+  void stepBy(int steps) override;
 
 protected:
   void focusOutEvent(QFocusEvent* event) override;
@@ -37,4 +41,5 @@ private:
   void applyVariesLook();
 
   bool m_varies = false;
+  bool m_stepping = false;
 };

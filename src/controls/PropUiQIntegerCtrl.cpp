@@ -142,17 +142,10 @@ void PropUiQIntegerCtrl::refuseOutOfRange()
 void PropUiQIntegerCtrl::onSpinBoxValueChanged(int)
 {
   const ApplyingScope applying(this);
-  // Stepping out of the varies state is a choice of value: write it now.
-  if (applying.entered() && isVaries())
-  {
-    const int chosen = m_spinBox->value();
-    setVaries(false);
-    PropUiQControl::setVaries(false);
+  // A step out of the varies state is a choice of value: write it now.
+  // Typing waits for the edit to end, as it does for any value.
+  if (applying.entered() && isVaries() && m_spinBox->isStepping())
     applyData();
-    // Refused: the values still vary, and the spin box says so again.
-    if (m_lastValue != chosen)
-      setVaries(true);
-  }
 }
 
 void PropUiQIntegerCtrl::onEditingFinished()
@@ -172,8 +165,18 @@ bool PropUiQIntegerCtrl::applyData()
   PropVariant value;
   value.setInt32(current);
   if (commitValue(value) == CommitResult::Written)
+  {
     m_lastValue = m_spinBox->value();
+    if (isVaries())
+    {
+      setVaries(false);
+      PropUiQControl::setVaries(false);
+    }
+  }
   else
+  {
+    // Still varying if it was: the value put back is shown as "*varies*" again.
     m_spinBox->setValue(m_lastValue);
+  }
   return true;
 }

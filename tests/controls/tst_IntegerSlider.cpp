@@ -161,6 +161,30 @@ private slots:
     QCOMPARE(control->spinBox()->text(), QString::number(shown + 1));
   }
 
+  void typingOverVariesWritesOnceWhenEditingFinishes()
+  {
+    // GIVEN a focused spin box whose values vary
+    RecordingBag bag;
+    const int item = addSegments(bag);
+    bag.item(item).value = intValue(24, true);
+    ControlWindow window(boundControl<PropUiQIntegerCtrl>(bag, item));
+    auto* control = window.findChild<PropUiQIntegerCtrl*>();
+    QVERIFY(window.showActive());
+    PropQSpinBox* spin = control->spinBox();
+    spin->setFocus(Qt::TabFocusReason);
+    QTRY_VERIFY(spin->hasFocus());
+    spin->findChild<QLineEdit*>()->selectAll();
+    // WHEN a number is typed over "*varies*", nothing is written while typing
+    QTest::keyClicks(spin, QStringLiteral("30"));
+    QVERIFY(!bag.called(QStringLiteral("setValue")));
+    // THEN Enter writes it once and the number is shown
+    QTest::keyClick(spin, Qt::Key_Return);
+    QCOMPARE(bag.count(QStringLiteral("setValue")), 1);
+    QCOMPARE(bag.written[0].getInt32(), 30);
+    QVERIFY(!control->isVaries());
+    QCOMPARE(spin->text(), QStringLiteral("30"));
+  }
+
   void refreshingAVariesValueWritesNothing()
   {
     // GIVEN a spin box in the varies state
