@@ -4,6 +4,7 @@
 #include "PropUiQDateCtrl.h"
 #include "RecordingBag.h"
 #include "TestValues.h"
+#include <QCalendarWidget>
 #include <QLineEdit>
 #include <QtTest>
 
@@ -75,6 +76,32 @@ private slots:
     QTest::keyClick(edit, Qt::Key_Return);
     QCOMPARE(bag.count(QStringLiteral("setValue")), 1);
     QCOMPARE(toQString(bag.written[0].getString()), QStringLiteral("08.03.2021"));
+  }
+
+  void aCalendarPickIsOneWriteWhenTheCalendarCloses()
+  {
+    // GIVEN a focused date edit with its calendar open
+    RecordingBag bag;
+    const int item = bag.addItem(QStringLiteral("Revised"), textValue(QStringLiteral("05.03.2021")));
+    ControlWindow window(boundControl<PropUiQDateCtrl>(bag, item));
+    auto* control = window.findChild<PropUiQDateCtrl*>();
+    QVERIFY(window.showActive());
+    PropQDateEdit* edit = control->dateEdit();
+    edit->setFocus(Qt::TabFocusReason);
+    QTRY_VERIFY(edit->hasFocus());
+    QTest::mouseClick(edit, Qt::LeftButton, Qt::NoModifier, QPoint(edit->width() - 6, edit->height() / 2));
+    QTRY_VERIFY(QApplication::activePopupWidget());
+    QCalendarWidget* calendar = edit->calendarWidget();
+    // WHEN the user walks the calendar, nothing is written
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Right);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Right);
+    QCOMPARE(calendar->selectedDate(), QDate(2021, 3, 7));
+    QVERIFY(!bag.called(QStringLiteral("setValue")));
+    // THEN picking the date closes the calendar and writes it once
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+    QTRY_VERIFY(!QApplication::activePopupWidget());
+    QTRY_COMPARE(bag.count(QStringLiteral("setValue")), 1);
+    QCOMPARE(toQString(bag.written[0].getString()), QStringLiteral("07.03.2021"));
   }
 
   void impossibleDatesAreRefusedWithAMessage_data()
