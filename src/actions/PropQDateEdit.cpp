@@ -8,6 +8,7 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QSignalBlocker>
+#include <QWheelEvent>
 #include <algorithm>
 
 namespace
@@ -43,7 +44,16 @@ bool isTextKey(const QKeyEvent* event)
 
 } // namespace
 
-PropQDateEdit::PropQDateEdit(QWidget* parent) : QDateEdit(parent) {}
+PropQDateEdit::PropQDateEdit(QWidget* parent) : QDateEdit(parent)
+{
+  // Not WheelFocus: a wheel turned over a panel must not pick the edit up.
+  setFocusPolicy(Qt::StrongFocus);
+}
+
+void PropQDateEdit::wheelEvent(QWheelEvent* event)
+{
+  event->ignore(); // goes on to the parent, which scrolls
+}
 
 void PropQDateEdit::setVariesFlag(bool varies)
 {

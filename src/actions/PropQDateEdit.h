@@ -7,7 +7,8 @@
  * The date control's editor: it can show "*varies*", dimmed as the theme
  * dims placeholders, and then takes no typing. Typing replaces the whole
  * date: it may be typed in the locale's short form or as yyyy-MM-dd, and is
- * read when the edit ends (Enter or leaving the field).
+ * read when the edit ends (Enter or leaving the field). The wheel is left
+ * to the panel around it.
  */
 class PROPWIDGETS_EXPORT PropQDateEdit : public QDateEdit
 {
@@ -42,6 +43,7 @@ protected:
   void focusInEvent(QFocusEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void changeEvent(QEvent* event) override;
+  void wheelEvent(QWheelEvent* event) override;
 
 private:
   /** Reads what was typed: takes the date, or reports the text and shows the date again. */

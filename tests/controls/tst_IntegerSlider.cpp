@@ -355,24 +355,34 @@ private slots:
       QCOMPARE(bag.written.last().getInt32(), value);
   }
 
-  void sliderLeavesTheWheelToThePanel()
+  void theWheelIsLeftToThePanel_data()
   {
+    QTest::addColumn<bool>("slider");
+    QTest::newRow("slider") << true;
+    QTest::newRow("spin box") << false;
+  }
+
+  void theWheelIsLeftToThePanel()
+  {
+    QFETCH(bool, slider);
     RecordingBag bag;
-    const int item = addOpacity(bag);
-    ControlWindow window(boundControl<PropUiQSliderCtrl>(bag, item));
-    auto* control = window.findChild<PropUiQSliderCtrl*>();
+    const int item = slider ? addOpacity(bag) : addSegments(bag, 20);
+    PropUiQControl* made = slider ? static_cast<PropUiQControl*>(boundControl<PropUiQSliderCtrl>(bag, item))
+                                  : static_cast<PropUiQControl*>(boundControl<PropUiQIntegerCtrl>(bag, item));
+    ControlWindow window(made);
     QVERIFY(window.showActive());
-    PropQSliderBox* slider = control->slider();
+    QWidget* target = slider ? static_cast<QWidget*>(window.findChild<PropQSliderBox*>())
+                             : static_cast<QWidget*>(window.findChild<PropQSpinBox*>());
     window.other->setFocus();
     QTRY_VERIFY(window.other->hasFocus());
     // Wheel focus would take the focus from the editor the user is in.
-    QVERIFY((slider->focusPolicy() & Qt::WheelFocus) != Qt::WheelFocus);
-    const QPoint centre = slider->rect().center();
-    QWheelEvent wheel(centre, slider->mapToGlobal(centre), QPoint(), QPoint(0, 120), Qt::NoButton, Qt::NoModifier,
+    QVERIFY((target->focusPolicy() & Qt::WheelFocus) != Qt::WheelFocus);
+    const QPoint centre = target->rect().center();
+    QWheelEvent wheel(centre, target->mapToGlobal(centre), QPoint(), QPoint(0, 120), Qt::NoButton, Qt::NoModifier,
                       Qt::NoScrollPhase, false);
-    QApplication::sendEvent(slider, &wheel);
+    QApplication::sendEvent(target, &wheel);
     QVERIFY(!wheel.isAccepted());
-    QCOMPARE(slider->value(), 20);
+    QCOMPARE(slider ? window.findChild<PropQSliderBox*>()->value() : window.findChild<PropQSpinBox*>()->value(), 20);
     QVERIFY(bag.written.isEmpty());
   }
 
