@@ -27,10 +27,10 @@ public:
   bool isKeyboardEditing() const { return m_keyboardMoved; }
 
   /**
-   * Colours the slider flat: the groove, the part up to the handle and the
-   * handle itself, which is at least as wide as the style's own handle. The
-   * number is painted in the text colour wherever that reads at 4.5:1 or
-   * better, and in black or white where it would not.
+   * The colours the slider's sheet paints: the groove, and the part up to
+   * and including the handle. The number is painted in the text colour
+   * wherever that reads at 4.5:1 or better on them, and in black or white
+   * where it would not.
    */
   void setColors(const QColor& groove, const QColor& filled, const QColor& text);
   QColor grooveColor() const { return m_groove; }
