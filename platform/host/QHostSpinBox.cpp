@@ -10,6 +10,9 @@ QHostSpinBox::QHostSpinBox(QWidget* parent) : QSpinBox(parent) {}
 void QHostSpinBox::disableMouseWheel(bool disable)
 {
   m_wheelDisabled = disable;
+  // A wheel left to the panel must not take the focus on its way past either.
+  if (disable && focusPolicy() == Qt::WheelFocus)
+    setFocusPolicy(Qt::StrongFocus);
 }
 
 void QHostSpinBox::wheelEvent(QWheelEvent* event)

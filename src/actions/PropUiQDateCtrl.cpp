@@ -4,6 +4,7 @@
 #include "PropBag.h"
 #include "PropUiActionToolButtonsCtrl.h"
 #include "PropUiEditCommitFilter.h"
+#include <QApplication>
 #include <QHBoxLayout>
 
 PropUiQDateCtrl::PropUiQDateCtrl(QWidget* parent) : PropUiQControl(parent) {}
@@ -34,6 +35,9 @@ bool PropUiQDateCtrl::setupUi()
   m_keys = new PropUiEditCommitFilter(this, m_dateEdit, Rule::RestoreOnEscape | Rule::MoveOnAfterReturn, rules,
                                       PropUiEditCommitFilter::Placement::HandedEvents);
   connect(m_dateEdit.data(), &QDateTimeEdit::dateChanged, this, &PropUiQDateCtrl::onDateChanged);
+  connect(m_dateEdit.data(), &QAbstractSpinBox::editingFinished, this, &PropUiQDateCtrl::onEditEnded);
+  connect(m_dateEdit.data(), &PropQDateEdit::returnedFromPopup, this, &PropUiQDateCtrl::onEditEnded);
+  connect(m_dateEdit.data(), &PropQDateEdit::typedDateRefused, this, &PropUiQDateCtrl::onTypedDateRefused);
   layout->addWidget(m_dateEdit);
   if (PropUiActionToolButtonsCtrl* toolbar = createActionsToolBar())
     layout->addWidget(toolbar);
@@ -87,9 +91,34 @@ void PropUiQDateCtrl::setVaries(bool varies)
   m_dateEdit->setDate(m_dateEdit->date());
 }
 
+// Typing and the arrow keys change the date step by step while the user is
+// in the field, and the calendar while it is open: what they lead to is
+// written once, when the edit ends or the calendar closes. A date set from
+// outside any edit is written at once.
 void PropUiQDateCtrl::onDateChanged(const QDate&)
 {
+  if (!m_dateEdit || m_dateEdit->hasFocus() || isPopupOpen())
+    return;
   applyData();
+}
+
+void PropUiQDateCtrl::onEditEnded()
+{
+  if (!isPopupOpen())
+    applyData();
+}
+
+void PropUiQDateCtrl::onTypedDateRefused(const QString& text)
+{
+  const QString shortForm = m_dateEdit ? m_dateEdit->locale().dateFormat(QLocale::ShortFormat) : QString();
+  showErrorMessage(toOdString(
+    tr("\"%1\" is not a date. Type a date as %2 or as yyyy-MM-dd.").arg(text, shortForm)));
+}
+
+bool PropUiQDateCtrl::isPopupOpen() const
+{
+  const QWidget* popup = QApplication::activePopupWidget();
+  return popup && m_dateEdit && popup->parentWidget() == m_dateEdit;
 }
 
 bool PropUiQDateCtrl::applyData()
@@ -109,6 +138,7 @@ bool PropUiQDateCtrl::applyData()
   }
   else
   {
+    // A date edit that varies still does: the varies look comes back with the date.
     m_dateEdit->setDate(m_lastDate);
   }
   return true;

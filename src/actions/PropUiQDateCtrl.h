@@ -9,7 +9,8 @@ class PropUiEditCommitFilter;
 
 /**
  * A date item, carried by the bag as a "dd.MM.yyyy" string, in a date edit
- * with a calendar popup. Every change of the date is written at once.
+ * with a calendar popup. A date is written when the edit ends (Enter,
+ * leaving the field) or the calendar closes on it, once.
  */
 class PROPWIDGETS_EXPORT PropUiQDateCtrl : public PropUiQControl
 {
@@ -42,5 +43,9 @@ protected:
   QPointer<PropQDateEdit> m_dateEdit;
 
 private:
+  void onEditEnded();
+  void onTypedDateRefused(const QString& text);
+  bool isPopupOpen() const;
+
   QPointer<PropUiEditCommitFilter> m_keys;
 };

@@ -3,7 +3,12 @@
 #include "PropWidgetsExport.h"
 #include "QHostSpinBox.h"
 
-/** The integer control's spin box: it can show "*varies*" in place of a number. */
+/**
+ * The integer control's spin box: it can show "*varies*" in place of a
+ * number, dimmed as the theme dims placeholders. A whole number outside the
+ * range stays as typed until the edit ends, so the control can say why it
+ * is not taken; a letter it drops makes it flash.
+ */
 class PROPWIDGETS_EXPORT PropQSpinBox : public host_qt_ui_core::QHostSpinBox
 {
   Q_OBJECT
@@ -12,8 +17,15 @@ public:
   explicit PropQSpinBox(QWidget* parent = nullptr);
 
   bool isVaries() const { return m_varies; }
-  /** Only the flag: the caller re-renders the text. */
-  void setVariesFlag(bool varies) { m_varies = varies; }
+  /** Only the flag and its colour: the caller re-renders the text. */
+  void setVariesFlag(bool varies);
+
+  /** The text typed is a whole number, but not one within the range. */
+  bool isTypedOutOfRange() const;
+  /** The value is being changed by a step (arrows, Page keys, wheel), not by typing. */
+  bool isStepping() const { return m_stepping; }
+
+  void stepBy(int steps) override;
 
 protected:
   void focusOutEvent(QFocusEvent* event) override;
@@ -21,6 +33,13 @@ protected:
   int valueFromText(const QString& text) const override;
   QString textFromValue(int value) const override;
 
+  void changeEvent(QEvent* event) override;
+
 private:
+  /** Whether the text, without prefix and suffix, is a whole number of any size. */
+  bool parseWholeNumber(QString text, qlonglong& number) const;
+  void applyVariesLook();
+
   bool m_varies = false;
+  bool m_stepping = false;
 };

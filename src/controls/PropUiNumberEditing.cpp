@@ -1,6 +1,7 @@
 #include "PropUiNumberEditing.h"
 
 #include "PropMathValidator.h"
+#include "PropUiInputFlash.h"
 #include "PropUiQLineEdit.h"
 #include "QHostLineEdit.h"
 #include <QDoubleValidator>
@@ -24,6 +25,7 @@ void setupNumberEditing(PropUiQLineEdit* control, bool rejectGroupSeparators)
   validator->setNumberValidator(numbers);
   validator->setPropBagItem(control->propBag(), control->itemIndex(), control->element());
   edit->setValidator(validator);
+  PropUiInputFlash::flashOnRejectedInput(edit, edit);
 }
 
 } // namespace propui

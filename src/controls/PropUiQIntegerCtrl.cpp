@@ -5,6 +5,9 @@
 #include "PropUiEditCommitFilter.h"
 #include "PropUiElidedLineEditFilter.h"
 #include <QHBoxLayout>
+#include "OdStringQt.h"
+#include <QFocusEvent>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <limits>
 
@@ -28,6 +31,9 @@ bool PropUiQIntegerCtrl::setupUi()
   using Rule = PropUiEditCommitFilter::Rule;
   new PropUiEditCommitFilter(this, m_spinBox, Rule::SilenceWhileLeaving | Rule::RestoreOnEscape | Rule::MoveOnAfterReturn,
                              rules);
+  // After the commit rules, so it sees each event first: a number out of
+  // range is refused before the spin box cuts it back to its last value.
+  m_spinBox->installEventFilter(this);
   if (auto* edit = m_spinBox->findChild<QLineEdit*>())
   {
     if (m_options & PropUiOption::kElided)
@@ -99,16 +105,47 @@ void PropUiQIntegerCtrl::setVaries(bool varies)
   m_spinBox->setValue(m_spinBox->value());
 }
 
+bool PropUiQIntegerCtrl::eventFilter(QObject* watched, QEvent* event)
+{
+  if (watched != m_spinBox || !m_spinBox || !m_bag)
+    return PropUiQControl::eventFilter(watched, event);
+  switch (event->type())
+  {
+  case QEvent::KeyPress:
+  {
+    const int key = static_cast<QKeyEvent*>(event)->key();
+    if (key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Tab || key == Qt::Key_Backtab)
+      refuseOutOfRange();
+    break;
+  }
+  case QEvent::FocusOut:
+    if (static_cast<QFocusEvent*>(event)->reason() != Qt::PopupFocusReason && !isWindowGoingAway(m_spinBox))
+      refuseOutOfRange();
+    break;
+  default:
+    break;
+  }
+  return PropUiQControl::eventFilter(watched, event);
+}
+
+void PropUiQIntegerCtrl::refuseOutOfRange()
+{
+  if (!m_spinBox || !m_spinBox->isTypedOutOfRange())
+    return;
+  const QLocale locale = m_spinBox->locale();
+  showErrorMessage(toOdString(tr("Enter a whole number from %1 to %2.")
+                                .arg(locale.toString(m_spinBox->minimum()), locale.toString(m_spinBox->maximum()))));
+  // The spin box finishes the edit next, and finds the confirmed value: nothing is written.
+  m_spinBox->setValue(m_lastValue);
+}
+
 void PropUiQIntegerCtrl::onSpinBoxValueChanged(int)
 {
   const ApplyingScope applying(this);
-  // Stepping out of the varies state is a choice of value: write it now.
-  if (applying.entered() && isVaries())
-  {
-    setVaries(false);
-    PropUiQControl::setVaries(false);
+  // A step out of the varies state is a choice of value: write it now.
+  // Typing waits for the edit to end, as it does for any value.
+  if (applying.entered() && isVaries() && m_spinBox->isStepping())
     applyData();
-  }
 }
 
 void PropUiQIntegerCtrl::onEditingFinished()
@@ -128,8 +165,18 @@ bool PropUiQIntegerCtrl::applyData()
   PropVariant value;
   value.setInt32(current);
   if (commitValue(value) == CommitResult::Written)
+  {
     m_lastValue = m_spinBox->value();
+    if (isVaries())
+    {
+      setVaries(false);
+      PropUiQControl::setVaries(false);
+    }
+  }
   else
+  {
+    // Still varying if it was: the value put back is shown as "*varies*" again.
     m_spinBox->setValue(m_lastValue);
+  }
   return true;
 }

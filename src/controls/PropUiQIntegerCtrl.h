@@ -20,6 +20,8 @@ public:
   void updateData() override;
   bool isVaries() const override;
   void setVaries(bool varies) override;
+  /** Refuses, with a message naming the range, a typed number out of range when the edit ends. */
+  bool eventFilter(QObject* watched, QEvent* event) override;
 
   /** Validates and writes the spin box's value; false when unbound or unchanged. */
   virtual bool applyData();
@@ -35,4 +37,7 @@ protected:
   /** The value the bag last confirmed. */
   int m_lastValue = 0;
   QPointer<PropQSpinBox> m_spinBox;
+
+private:
+  void refuseOutOfRange();
 };

@@ -5,6 +5,7 @@
 #include "PropUiActionToolButtonsCtrl.h"
 #include "PropUiThemeColors.h"
 #include <QHBoxLayout>
+#include <QStyle>
 #include <limits>
 
 PropUiQSliderCtrl::PropUiQSliderCtrl(QWidget* parent) : PropUiQControl(parent) {}
@@ -25,13 +26,18 @@ bool PropUiQSliderCtrl::setupUi()
   HostVisualManager* theme = hostVisualManager();
   const QColor accent = propui::colorFromWord(theme->accentColor());
   const QColor handle = theme->isDarkTheme() ? accent.lighter(150) : accent.lighter(80);
+  // Asked before the sheet replaces the style: a handle narrower than the
+  // style's own is too small to grab.
+  const int handleWidth = m_slider->style()->pixelMetric(QStyle::PM_SliderLength, nullptr, m_slider);
   // The groove is as tall as the new slider, taken before any layout sizes it, so it fills the slider.
   m_slider->setStyleSheet(
     QStringLiteral("QSlider::groove:horizontal{height: %1px;background: %2;border-radius: 0px;}"
-                   "QSlider::handle:horizontal{background: %3;width: 5px;border-radius: 0px;border: 0px;border-color: %3;}"
+                   "QSlider::handle:horizontal{background: %3;width: %4px;border-radius: 0px;border: 0px;border-color: %3;}"
                    "QSlider::sub-page:horizontal{background: %3;border-radius: 0px;}")
       .arg(m_slider->height())
-      .arg(accent.name(), handle.name()));
+      .arg(accent.name(), handle.name())
+      .arg(handleWidth));
+  m_slider->setColors(accent, handle, propui::colorFromWord(theme->textColor(0)));
 
   PropVariant min, max;
   if (m_bag->getRange(m_index, m_element, min, max))
@@ -40,6 +46,7 @@ bool PropUiQSliderCtrl::setupUi()
     m_slider->setRange(0, 100);
 
   connect(m_slider.data(), &QSlider::sliderReleased, this, &PropUiQSliderCtrl::onSliderReleased);
+  connect(m_slider.data(), &PropQSliderBox::keyboardEditFinished, this, &PropUiQSliderCtrl::onSliderReleased);
   connect(m_slider.data(), &QSlider::valueChanged, m_slider.data(),
           [slider = m_slider.data()](int value) { slider->setToolTip(QString::number(value)); });
   layout->addWidget(m_slider);
@@ -74,24 +81,59 @@ void PropUiQSliderCtrl::updateData()
   PropVariant value;
   if (!readValue(value))
     return;
+  // A refresh that lands while the user holds the handle or the keys
+  // would move the value under them; their release writes and refreshes.
+  if (m_slider->isSliderDown() || m_slider->isKeyboardEditing())
+    return;
   if (value.isVaries())
+  {
     setVaries(true);
+    m_lastValue = m_slider->value();
+  }
   else if (value.type() & PropVariant::kInt32)
   {
+    setVaries(false);
     m_lastValue = value.getInt32();
     m_slider->setValue(m_lastValue);
   }
+}
+
+bool PropUiQSliderCtrl::isVaries() const
+{
+  return m_slider && m_slider->isVaries();
+}
+
+void PropUiQSliderCtrl::setVaries(bool varies)
+{
+  if (m_slider)
+    m_slider->setVaries(varies);
 }
 
 void PropUiQSliderCtrl::onSliderReleased()
 {
   if (!m_bag || !m_slider)
     return;
+  const ApplyingScope applying(this);
+  if (!applying.entered())
+    return;
   PropVariant value;
   value.setInt32(m_slider->value());
   // Unlike the spin box, an unchanged value is written too.
-  if (commitValue(value) == CommitResult::Written)
-    m_lastValue = m_slider->value();
-  else
+  if (commitValue(value) != CommitResult::Written)
+  {
+    // The varies flag is still set: putting the value back brings the varies look back too.
     m_slider->setValue(m_lastValue);
+    return;
+  }
+  m_lastValue = m_slider->value();
+  setVaries(false);
+  // The bag may keep another value than the one it was given (a step, a
+  // limit of its own): what the slider shows is what the bag holds.
+  PropVariant kept;
+  if (readValue(kept) && !kept.isVaries() && (kept.type() & PropVariant::kInt32) && !kept.hasNoData() &&
+      kept.getInt32() != m_lastValue)
+  {
+    m_lastValue = kept.getInt32();
+    m_slider->setValue(m_lastValue);
+  }
 }

@@ -6,7 +6,8 @@
 
 /**
  * A 32-bit integer on a theme-coloured slider. It writes when the handle is
- * released, never while dragging; it shows no varies state.
+ * released, never while dragging, and when the keys that moved it are let
+ * go. When the values vary it shows "*varies*" in place of a number.
  */
 class PROPWIDGETS_EXPORT PropUiQSliderCtrl : public PropUiQControl
 {
@@ -18,6 +19,8 @@ public:
   bool setupUi() override;
   void updateUi() override;
   void updateData() override;
+  bool isVaries() const override;
+  void setVaries(bool varies) override;
 
   PropQSliderBox* slider() const { return m_slider; }
 

@@ -1,7 +1,10 @@
+#include "ControlWindow.h"
+#include "MessageCatcher.h"
 #include "OdStringQt.h"
 #include "PropUiQDateCtrl.h"
 #include "RecordingBag.h"
 #include "TestValues.h"
+#include <QCalendarWidget>
 #include <QLineEdit>
 #include <QtTest>
 
@@ -10,6 +13,170 @@ class TestDateCtrl : public QObject
   Q_OBJECT
 
 private slots:
+  void initTestCase()
+  {
+    // Dates are typed in the locale's short form: pin one whose form has dots.
+    QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
+  }
+
+  void typedDatesAreWrittenOnceWhenTheEditEnds_data()
+  {
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<bool>("byLeaving");
+    QTest::newRow("short form, Enter") << QStringLiteral("1.1.2035") << false;
+    QTest::newRow("short form, leaving") << QStringLiteral("01.01.2035") << true;
+    QTest::newRow("yyyy-MM-dd, Enter") << QStringLiteral("2035-01-01") << false;
+    QTest::newRow("yyyy-MM-dd, leaving") << QStringLiteral("2035-1-1") << true;
+  }
+
+  void typedDatesAreWrittenOnceWhenTheEditEnds()
+  {
+    QFETCH(QString, typed);
+    QFETCH(bool, byLeaving);
+    // GIVEN a focused date edit
+    RecordingBag bag;
+    const int item = bag.addItem(QStringLiteral("Revised"), textValue(QStringLiteral("05.03.2021")));
+    ControlWindow window(boundControl<PropUiQDateCtrl>(bag, item));
+    auto* control = window.findChild<PropUiQDateCtrl*>();
+    QVERIFY(window.showActive());
+    PropQDateEdit* edit = control->dateEdit();
+    edit->setFocus(Qt::TabFocusReason);
+    QTRY_VERIFY(edit->hasFocus());
+    // WHEN a whole date is typed, nothing is written yet
+    QTest::keyClicks(edit, typed);
+    QCOMPARE(edit->findChild<QLineEdit*>()->text(), typed);
+    QVERIFY(!bag.called(QStringLiteral("setValue")));
+    // THEN ending the edit writes it once
+    if (byLeaving)
+      window.other->setFocus(Qt::MouseFocusReason);
+    else
+      QTest::keyClick(edit, Qt::Key_Return);
+    QTRY_COMPARE(bag.count(QStringLiteral("setValue")), 1);
+    QCOMPARE(toQString(bag.written[0].getString()), QStringLiteral("01.01.2035"));
+    QCOMPARE(edit->date(), QDate(2035, 1, 1));
+    QCoreApplication::processEvents();
+    QCOMPARE(bag.count(QStringLiteral("setValue")), 1);
+  }
+
+  void theWheelIsLeftToThePanel()
+  {
+    RecordingBag bag;
+    const int item = bag.addItem(QStringLiteral("Revised"), textValue(QStringLiteral("05.03.2021")));
+    QScopedPointer<PropUiQDateCtrl> control(boundControl<PropUiQDateCtrl>(bag, item));
+    PropQDateEdit* edit = control->dateEdit();
+    QVERIFY((edit->focusPolicy() & Qt::WheelFocus) != Qt::WheelFocus);
+    const QPoint centre = edit->rect().center();
+    QWheelEvent wheel(centre, edit->mapToGlobal(centre), QPoint(), QPoint(0, 120), Qt::NoButton, Qt::NoModifier,
+                      Qt::NoScrollPhase, false);
+    QApplication::sendEvent(edit, &wheel);
+    QVERIFY(!wheel.isAccepted());
+    QCOMPARE(edit->date(), QDate(2021, 3, 5));
+    QVERIFY(bag.written.isEmpty());
+  }
+
+  void arrowStepsAreOneWrite()
+  {
+    RecordingBag bag;
+    const int item = bag.addItem(QStringLiteral("Revised"), textValue(QStringLiteral("05.03.2021")));
+    ControlWindow window(boundControl<PropUiQDateCtrl>(bag, item));
+    auto* control = window.findChild<PropUiQDateCtrl*>();
+    QVERIFY(window.showActive());
+    PropQDateEdit* edit = control->dateEdit();
+    edit->setFocus(Qt::TabFocusReason);
+    QTRY_VERIFY(edit->hasFocus());
+    QTest::keyClick(edit, Qt::Key_Up);
+    QTest::keyClick(edit, Qt::Key_Up);
+    QTest::keyClick(edit, Qt::Key_Up);
+    QCOMPARE(edit->date(), QDate(2021, 3, 8));
+    QVERIFY(!bag.called(QStringLiteral("setValue")));
+    QTest::keyClick(edit, Qt::Key_Return);
+    QCOMPARE(bag.count(QStringLiteral("setValue")), 1);
+    QCOMPARE(toQString(bag.written[0].getString()), QStringLiteral("08.03.2021"));
+  }
+
+  void aCalendarPickIsOneWriteWhenTheCalendarCloses()
+  {
+    // GIVEN a focused date edit with its calendar open
+    RecordingBag bag;
+    const int item = bag.addItem(QStringLiteral("Revised"), textValue(QStringLiteral("05.03.2021")));
+    ControlWindow window(boundControl<PropUiQDateCtrl>(bag, item));
+    auto* control = window.findChild<PropUiQDateCtrl*>();
+    QVERIFY(window.showActive());
+    PropQDateEdit* edit = control->dateEdit();
+    edit->setFocus(Qt::TabFocusReason);
+    QTRY_VERIFY(edit->hasFocus());
+    QTest::mouseClick(edit, Qt::LeftButton, Qt::NoModifier, QPoint(edit->width() - 6, edit->height() / 2));
+    QTRY_VERIFY(QApplication::activePopupWidget());
+    QCalendarWidget* calendar = edit->calendarWidget();
+    // WHEN the user walks the calendar, nothing is written
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Right);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Right);
+    QCOMPARE(calendar->selectedDate(), QDate(2021, 3, 7));
+    QVERIFY(!bag.called(QStringLiteral("setValue")));
+    // THEN picking the date closes the calendar and writes it once
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+    QTRY_VERIFY(!QApplication::activePopupWidget());
+    QTRY_COMPARE(bag.count(QStringLiteral("setValue")), 1);
+    QCOMPARE(toQString(bag.written[0].getString()), QStringLiteral("07.03.2021"));
+  }
+
+  void impossibleDatesAreRefusedWithAMessage_data()
+  {
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<QString>("kept");
+    QTest::newRow("30 February") << QStringLiteral("30.02.2035") << QStringLiteral("30.02.2035");
+    QTest::newRow("month 13") << QStringLiteral("2035-13-01") << QStringLiteral("2035-13-01");
+    QTest::newRow("letters are dropped") << QStringLiteral("1x.1.2035y") << QStringLiteral("1.1.2035");
+  }
+
+  void impossibleDatesAreRefusedWithAMessage()
+  {
+    QFETCH(QString, typed);
+    QFETCH(QString, kept);
+    MessageCatcher messages;
+    RecordingBag bag;
+    const int item = bag.addItem(QStringLiteral("Revised"), textValue(QStringLiteral("05.03.2021")));
+    ControlWindow window(boundControl<PropUiQDateCtrl>(bag, item));
+    auto* control = window.findChild<PropUiQDateCtrl*>();
+    QVERIFY(window.showActive());
+    PropQDateEdit* edit = control->dateEdit();
+    edit->setFocus(Qt::TabFocusReason);
+    QTRY_VERIFY(edit->hasFocus());
+    QTest::keyClicks(edit, typed);
+    QCOMPARE(edit->findChild<QLineEdit*>()->text(), kept);
+    QTest::keyClick(edit, Qt::Key_Return);
+    const bool possible = QDate::fromString(kept, QStringLiteral("d.M.yyyy")).isValid();
+    if (possible)
+    {
+      QCOMPARE(bag.count(QStringLiteral("setValue")), 1);
+      QVERIFY(messages.shown.isEmpty());
+      return;
+    }
+    QCOMPARE(edit->date(), QDate(2021, 3, 5));
+    QVERIFY(!bag.called(QStringLiteral("setValue")));
+    QTRY_COMPARE(messages.shown.size(), 1);
+    QVERIFY(messages.shown[0].text.contains(kept));
+  }
+
+  void variesIsDimmedAndARefusedPickKeepsIt()
+  {
+    RecordingBag bag;
+    const int item = bag.addItem(QStringLiteral("Revised"), textValue(QStringLiteral("05.03.2021"), true));
+    QScopedPointer<PropUiQDateCtrl> control(boundControl<PropUiQDateCtrl>(bag, item));
+    QLineEdit* line = control->dateEdit()->findChild<QLineEdit*>();
+    const QColor placeholder = control->dateEdit()->palette().color(QPalette::PlaceholderText);
+    QCOMPARE(line->palette().color(QPalette::Text), placeholder);
+    bag.item(item).acceptValidate = false;
+    control->dateEdit()->setDate(QDate(2024, 2, 29));
+    QVERIFY(control->isVaries());
+    QCOMPARE(line->text(), QStringLiteral("*varies*"));
+    QCOMPARE(line->palette().color(QPalette::Text), placeholder);
+    bag.item(item).acceptValidate = true;
+    control->dateEdit()->setDate(QDate(2024, 2, 28));
+    QVERIFY(!control->isVaries());
+    QCOMPARE(line->palette().color(QPalette::Text), control->dateEdit()->palette().color(QPalette::Text));
+  }
+
   void readsAndWritesEveryChangeAsText()
   {
     RecordingBag bag;

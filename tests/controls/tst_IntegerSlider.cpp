@@ -1,10 +1,13 @@
 #include "ControlWindow.h"
+#include "HostQtStyleManager.h"
 #include "MessageCatcher.h"
+#include "PropUiQDoubleCtrl.h"
 #include "PropUiQIntegerCtrl.h"
 #include "PropUiQSliderCtrl.h"
 #include "RecordingBag.h"
 #include "TestValues.h"
 #include <QLineEdit>
+#include <QStyleOptionSlider>
 #include <QtTest>
 #include <limits>
 
@@ -18,6 +21,44 @@ int addSegments(RecordingBag& bag, int value = 24)
   bag.item(item).min = intValue(3);
   bag.item(item).max = intValue(64);
   return item;
+}
+
+int addOpacity(RecordingBag& bag, int value = 20)
+{
+  return bag.addItem(QStringLiteral("Opacity"), intValue(value));
+}
+
+// A key as the window system sends it: spontaneous, and repeating while held.
+void sendKey(QWidget* to, QEvent::Type type, Qt::Key key, bool repeat = false)
+{
+  QKeyEvent event(type, key, Qt::NoModifier, QString(), repeat);
+  QSpontaneKeyEvent::setSpontaneous(&event);
+  QApplication::sendEvent(to, &event);
+}
+
+QRect handleRect(QSlider* slider)
+{
+  QStyleOptionSlider option;
+  option.initFrom(slider);
+  option.subControls = QStyle::SC_All;
+  option.orientation = slider->orientation();
+  option.minimum = slider->minimum();
+  option.maximum = slider->maximum();
+  option.sliderPosition = slider->sliderPosition();
+  option.sliderValue = slider->value();
+  option.upsideDown = false;
+  option.rect = slider->rect();
+  return slider->style()->subControlRect(QStyle::CC_Slider, &option, QStyle::SC_SliderHandle, slider);
+}
+
+/** The lowest contrast between the background and the pixel of the text that stands out most on it. */
+double textContrast(const QImage& image, const QRect& area, const QColor& background)
+{
+  double best = 1.0;
+  for (int y = area.top(); y <= area.bottom(); ++y)
+    for (int x = area.left(); x <= area.right(); ++x)
+      best = qMax(best, PropQSliderBox::contrast(image.pixelColor(x, y), background));
+  return best;
 }
 
 } // namespace
@@ -118,6 +159,30 @@ private slots:
     QCOMPARE(bag.written.size(), 1);
     QCOMPARE(bag.written[0].getInt32(), shown + 1);
     QCOMPARE(control->spinBox()->text(), QString::number(shown + 1));
+  }
+
+  void typingOverVariesWritesOnceWhenEditingFinishes()
+  {
+    // GIVEN a focused spin box whose values vary
+    RecordingBag bag;
+    const int item = addSegments(bag);
+    bag.item(item).value = intValue(24, true);
+    ControlWindow window(boundControl<PropUiQIntegerCtrl>(bag, item));
+    auto* control = window.findChild<PropUiQIntegerCtrl*>();
+    QVERIFY(window.showActive());
+    PropQSpinBox* spin = control->spinBox();
+    spin->setFocus(Qt::TabFocusReason);
+    QTRY_VERIFY(spin->hasFocus());
+    spin->findChild<QLineEdit*>()->selectAll();
+    // WHEN a number is typed over "*varies*", nothing is written while typing
+    QTest::keyClicks(spin, QStringLiteral("30"));
+    QVERIFY(!bag.called(QStringLiteral("setValue")));
+    // THEN Enter writes it once and the number is shown
+    QTest::keyClick(spin, Qt::Key_Return);
+    QCOMPARE(bag.count(QStringLiteral("setValue")), 1);
+    QCOMPARE(bag.written[0].getInt32(), 30);
+    QVERIFY(!control->isVaries());
+    QCOMPARE(spin->text(), QStringLiteral("30"));
   }
 
   void refreshingAVariesValueWritesNothing()
@@ -236,6 +301,266 @@ private slots:
     QTest::keyClick(edit, Qt::Key_Return);
     QCOMPARE(bag.count(QStringLiteral("validate")), 1);
     QCOMPARE(bag.count(QStringLiteral("setValue")), 1);
+  }
+
+  // Keys as (key, pressed, repeated); a burst ends when the last key held is let go.
+  void sliderKeysWriteOncePerBurst_data()
+  {
+    QTest::addColumn<QVector<int>>("script");
+    QTest::addColumn<int>("writes");
+    QTest::addColumn<int>("value");
+    const int press = 1, release = 0, repeated = 2;
+    QTest::newRow("one tap") << QVector<int>{Qt::Key_Right, press, Qt::Key_Right, release} << 1 << 21;
+    QTest::newRow("held, repeating") << QVector<int>{Qt::Key_Right, press,
+                                                     Qt::Key_Right, repeated | release, Qt::Key_Right, repeated | press,
+                                                     Qt::Key_Right, repeated | release, Qt::Key_Right, repeated | press,
+                                                     Qt::Key_Right, release}
+                                     << 1 << 23;
+    QTest::newRow("two keys overlapping") << QVector<int>{Qt::Key_Right, press, Qt::Key_Up, press, Qt::Key_Up, release,
+                                                          Qt::Key_Right, release}
+                                          << 1 << 22;
+    QTest::newRow("two taps") << QVector<int>{Qt::Key_Left, press, Qt::Key_Left, release, Qt::Key_Left, press,
+                                              Qt::Key_Left, release}
+                              << 2 << 18;
+    QTest::newRow("a key that moves nothing") << QVector<int>{Qt::Key_A, press, Qt::Key_A, release} << 0 << 20;
+  }
+
+  void sliderKeysWriteOncePerBurst()
+  {
+    QFETCH(QVector<int>, script);
+    QFETCH(int, writes);
+    QFETCH(int, value);
+    // GIVEN a focused slider at 20
+    RecordingBag bag;
+    const int item = addOpacity(bag);
+    ControlWindow window(boundControl<PropUiQSliderCtrl>(bag, item));
+    auto* control = window.findChild<PropUiQSliderCtrl*>();
+    QVERIFY(window.showActive());
+    control->slider()->setFocus(Qt::TabFocusReason);
+    QTRY_VERIFY(control->slider()->hasFocus());
+    // WHEN the keys are pressed and let go
+    int beforeLastKey = 0;
+    for (int i = 0; i + 1 < script.size(); i += 2)
+    {
+      beforeLastKey = bag.count(QStringLiteral("setValue"));
+      const int how = script[i + 1];
+      sendKey(control->slider(), (how & 1) ? QEvent::KeyPress : QEvent::KeyRelease, Qt::Key(script[i]), how & 2);
+    }
+    // THEN one write per burst, through validate, of the value reached, and none before the burst ends
+    QCOMPARE(bag.count(QStringLiteral("setValue")), writes);
+    QCOMPARE(beforeLastKey, qMax(0, writes - 1));
+    QCOMPARE(bag.count(QStringLiteral("validate")), writes);
+    QCOMPARE(control->slider()->value(), value);
+    if (writes)
+      QCOMPARE(bag.written.last().getInt32(), value);
+  }
+
+  void theWheelIsLeftToThePanel_data()
+  {
+    QTest::addColumn<bool>("slider");
+    QTest::newRow("slider") << true;
+    QTest::newRow("spin box") << false;
+  }
+
+  void theWheelIsLeftToThePanel()
+  {
+    QFETCH(bool, slider);
+    RecordingBag bag;
+    const int item = slider ? addOpacity(bag) : addSegments(bag, 20);
+    PropUiQControl* made = slider ? static_cast<PropUiQControl*>(boundControl<PropUiQSliderCtrl>(bag, item))
+                                  : static_cast<PropUiQControl*>(boundControl<PropUiQIntegerCtrl>(bag, item));
+    ControlWindow window(made);
+    QVERIFY(window.showActive());
+    QWidget* target = slider ? static_cast<QWidget*>(window.findChild<PropQSliderBox*>())
+                             : static_cast<QWidget*>(window.findChild<PropQSpinBox*>());
+    window.other->setFocus();
+    QTRY_VERIFY(window.other->hasFocus());
+    // Wheel focus would take the focus from the editor the user is in.
+    QVERIFY((target->focusPolicy() & Qt::WheelFocus) != Qt::WheelFocus);
+    const QPoint centre = target->rect().center();
+    QWheelEvent wheel(centre, target->mapToGlobal(centre), QPoint(), QPoint(0, 120), Qt::NoButton, Qt::NoModifier,
+                      Qt::NoScrollPhase, false);
+    QApplication::sendEvent(target, &wheel);
+    QVERIFY(!wheel.isAccepted());
+    QCOMPARE(slider ? window.findChild<PropQSliderBox*>()->value() : window.findChild<PropQSpinBox*>()->value(), 20);
+    QVERIFY(bag.written.isEmpty());
+  }
+
+  void sliderShowsOnlyWhatTheBagConfirmed()
+  {
+    MessageCatcher messages;
+    // GIVEN a slider whose values vary
+    RecordingBag bag;
+    const int item = addOpacity(bag);
+    bag.item(item).value = intValue(20, true);
+    ControlWindow window(boundControl<PropUiQSliderCtrl>(bag, item));
+    auto* control = window.findChild<PropUiQSliderCtrl*>();
+    QVERIFY(window.showActive());
+    PropQSliderBox* slider = control->slider();
+    QVERIFY(control->isVaries());
+    const int shown = slider->value();
+    slider->setFocus(Qt::TabFocusReason);
+    QTRY_VERIFY(slider->hasFocus());
+
+    // WHEN a key moves it and the bag refuses the value
+    bag.item(item).acceptValidate = false;
+    bag.item(item).validateMessage = QStringLiteral("Locked.");
+    sendKey(slider, QEvent::KeyPress, Qt::Key_Right);
+    QVERIFY(slider->isKeyboardEditing());
+    sendKey(slider, QEvent::KeyRelease, Qt::Key_Right);
+    // THEN the value and the varies look come back, and the bag said why
+    QCOMPARE(slider->value(), shown);
+    QVERIFY(control->isVaries());
+    QTRY_COMPARE(messages.shown.size(), 1);
+
+    // WHEN a drag is taken, THEN the number shows instead of "*varies*"
+    bag.item(item).acceptValidate = true;
+    slider->setSliderDown(true);
+    slider->setSliderPosition(47);
+    slider->setSliderDown(false);
+    QCOMPARE(bag.written.last().getInt32(), 47);
+    QCOMPARE(slider->value(), 47);
+    QVERIFY(!control->isVaries());
+  }
+
+  void sliderNumberReadsInBothThemes_data()
+  {
+    QTest::addColumn<int>("theme");
+    QTest::addColumn<int>("value");
+    QTest::newRow("dark, low") << int(HostQtStyleManager::Dark) << 10;
+    QTest::newRow("dark, middle") << int(HostQtStyleManager::Dark) << 50;
+    QTest::newRow("light, low") << int(HostQtStyleManager::Light) << 10;
+    QTest::newRow("light, high") << int(HostQtStyleManager::Light) << 90;
+  }
+
+  void sliderNumberReadsInBothThemes()
+  {
+    QFETCH(int, theme);
+    QFETCH(int, value);
+    hostGetQtStyleManager()->setTheme(theme);
+    RecordingBag bag;
+    const int item = addOpacity(bag, value);
+    QScopedPointer<PropUiQSliderCtrl> control(boundControl<PropUiQSliderCtrl>(bag, item));
+    control->resize(300, 28);
+    PropQSliderBox* slider = control->slider();
+    const QImage image = control->grab().toImage();
+    const QRect handle = handleRect(slider);
+    QVERIFY(handle.width() >= QApplication::style()->pixelMetric(QStyle::PM_SliderLength));
+
+    // The number's box, split where the groove begins.
+    QFont font = slider->font();
+    font.setPointSizeF((slider->height() + 1) * 0.5);
+    QRect box = QFontMetrics(font).boundingRect(slider->rect(), Qt::AlignCenter, QString::number(value));
+    box &= slider->rect().adjusted(2, 2, -2, -2);
+    const int split = handle.right() + 1;
+    const QRect onFilled = box & QRect(0, 0, split, slider->height());
+    const QRect onGroove = box & QRect(split, 0, slider->width() - split, slider->height());
+    QVERIFY(!onFilled.isEmpty() || !onGroove.isEmpty());
+    if (!onFilled.isEmpty())
+      QVERIFY2(textContrast(image, onFilled, slider->filledColor()) >= 4.5, "number on the filled part");
+    if (!onGroove.isEmpty())
+      QVERIFY2(textContrast(image, onGroove, slider->grooveColor()) >= 4.5, "number on the groove");
+    hostGetQtStyleManager()->setTheme(HostQtStyleManager::Light);
+  }
+
+  void outOfRangeIsRefusedWithTheRange_data()
+  {
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<int>("endKey");
+    QTest::newRow("above, Enter") << QStringLiteral("100") << int(Qt::Key_Return);
+    QTest::newRow("above, Tab") << QStringLiteral("100") << int(Qt::Key_Tab);
+    QTest::newRow("below, Enter") << QStringLiteral("2") << int(Qt::Key_Return);
+    QTest::newRow("beyond any int") << QStringLiteral("99999999999") << int(Qt::Key_Return);
+  }
+
+  void outOfRangeIsRefusedWithTheRange()
+  {
+    QFETCH(QString, typed);
+    QFETCH(int, endKey);
+    MessageCatcher messages;
+    // GIVEN a count limited to 3..64, showing 24
+    RecordingBag bag;
+    const int item = addSegments(bag);
+    ControlWindow window(boundControl<PropUiQIntegerCtrl>(bag, item));
+    auto* control = window.findChild<PropUiQIntegerCtrl*>();
+    QVERIFY(window.showActive());
+    PropQSpinBox* spin = control->spinBox();
+    spin->setFocus(Qt::TabFocusReason);
+    QTRY_VERIFY(spin->hasFocus());
+    QLineEdit* edit = spin->findChild<QLineEdit*>();
+    edit->selectAll();
+    // WHEN a number out of range is typed
+    QTest::keyClicks(spin, typed);
+    // THEN it stays as typed until the edit ends
+    QCOMPARE(edit->text(), typed);
+    // WHEN the edit ends, the number is refused with a message naming the range
+    sendKey(spin, QEvent::KeyPress, Qt::Key(endKey));
+    QCOMPARE(spin->value(), 24);
+    QCOMPARE(edit->text(), QStringLiteral("24"));
+    QVERIFY(!bag.called(QStringLiteral("setValue")));
+    QTRY_COMPARE(messages.shown.size(), 1);
+    QVERIFY(messages.shown[0].text.contains(QStringLiteral("3")) && messages.shown[0].text.contains(QStringLiteral("64")));
+  }
+
+  void droppedLettersFlash_data()
+  {
+    QTest::addColumn<bool>("spinBox");
+    QTest::newRow("integer spin box") << true;
+    QTest::newRow("real-number field") << false;
+  }
+
+  void droppedLettersFlash()
+  {
+    QFETCH(bool, spinBox);
+    // GIVEN a focused number field showing 24
+    RecordingBag bag;
+    const int item = spinBox ? addSegments(bag) : bag.addItem(QStringLiteral("Radius"), realValue(24));
+    PropUiQControl* made = spinBox ? static_cast<PropUiQControl*>(boundControl<PropUiQIntegerCtrl>(bag, item))
+                                   : static_cast<PropUiQControl*>(boundControl<PropUiQDoubleCtrl>(bag, item));
+    ControlWindow window(made);
+    QVERIFY(window.showActive());
+    QWidget* field = spinBox ? static_cast<QWidget*>(window.findChild<PropQSpinBox*>())
+                             : static_cast<QWidget*>(window.findChild<QLineEdit*>(QStringLiteral("edit")));
+    QLineEdit* edit = spinBox ? field->findChild<QLineEdit*>() : static_cast<QLineEdit*>(field);
+    field->setFocus(Qt::TabFocusReason);
+    QTRY_VERIFY(field->hasFocus());
+    const QString before = edit->text();
+    QVERIFY(!field->findChild<QWidget*>(QStringLiteral("inputFlash")));
+    // WHEN a letter is typed, THEN it is dropped and the field flashes, then stops
+    QTest::keyClick(field, Qt::Key_End);
+    QTest::keyClick(field, Qt::Key_X);
+    auto* flash = field->findChild<QWidget*>(QStringLiteral("inputFlash"));
+    QVERIFY(flash && flash->isVisible());
+    QCOMPARE(edit->text(), before);
+    QTRY_VERIFY(!flash->isVisible());
+    // WHEN a digit is typed, THEN it is taken without a flash
+    QTest::keyClick(field, Qt::Key_1);
+    QVERIFY(!flash->isVisible());
+    QCOMPARE(edit->text(), before + QStringLiteral("1"));
+  }
+
+  void variesIsDimmedAndComesBackWhenRefused()
+  {
+    // GIVEN a spin box whose values vary
+    RecordingBag bag;
+    const int item = addSegments(bag);
+    bag.item(item).value = intValue(24, true);
+    QScopedPointer<PropUiQIntegerCtrl> control(boundControl<PropUiQIntegerCtrl>(bag, item));
+    QLineEdit* edit = control->spinBox()->findChild<QLineEdit*>();
+    const QColor placeholder = control->spinBox()->palette().color(QPalette::PlaceholderText);
+    QCOMPARE(edit->palette().color(QPalette::Text), placeholder);
+    // WHEN a step is refused, THEN the varies look comes back
+    bag.item(item).acceptWrite = false;
+    control->spinBox()->stepUp();
+    QCOMPARE(bag.count(QStringLiteral("setValue")), 1);
+    QVERIFY(control->isVaries());
+    QCOMPARE(edit->text(), QStringLiteral("*varies*"));
+    QCOMPARE(edit->palette().color(QPalette::Text), placeholder);
+    // WHEN a step is taken, THEN the number is shown in the text colour
+    bag.item(item).acceptWrite = true;
+    control->spinBox()->stepUp();
+    QVERIFY(!control->isVaries());
+    QCOMPARE(edit->palette().color(QPalette::Text), control->spinBox()->palette().color(QPalette::Text));
   }
 
   void grooveClicksDoNotPage()
