@@ -7,7 +7,10 @@
 #include "PropUiPlaceholder.h"
 #include "PropUiQAction.h"
 #include "PropUiQActionsToolBar.h"
+#include "PropUiQLineEdit.h"
+#include "ControlWindow.h"
 #include "RecordingBag.h"
+#include "TestValues.h"
 #include <QtTest>
 #include <QtWidgets>
 
@@ -62,6 +65,21 @@ int addActions(RecordingBag& bag, int count)
   for (int i = 0; i < count; ++i)
     bag.item(item).actions.append(OdSharedPtr<PropAction>(new TestAction(QStringLiteral("Command %1").arg(i))));
   return item;
+}
+
+/** The popup menu now open, or null. */
+QMenu* openMenu()
+{
+  return qobject_cast<QMenu*>(QApplication::activePopupWidget());
+}
+
+QStringList captionsOf(const QMenu* menu)
+{
+  QStringList captions;
+  for (QAction* action : menu->actions())
+    if (!action->isSeparator())
+      captions.append(action->text());
+  return captions;
 }
 
 } // namespace
@@ -250,6 +268,81 @@ private slots:
     QTest::mouseClick(buttonsOf(*row)[0], Qt::LeftButton);
     QCOMPARE(bag.executed.size(), 1);
     QCOMPARE(embedding.reads, 0);
+  }
+
+  // The button beside a field takes no focus: its command is reached from the
+  // field's context menu, however the menu is asked for.
+  void contextMenuListsAndRunsTheItemsActions_data()
+  {
+    QTest::addColumn<int>("how");
+    QTest::addColumn<bool>("ran");
+    QTest::newRow("right click") << 0 << true;
+    QTest::newRow("menu key") << 1 << true;
+    QTest::newRow("shift+F10") << 2 << true;
+    QTest::newRow("bag refuses") << 2 << false;
+  }
+
+  void contextMenuListsAndRunsTheItemsActions()
+  {
+    QFETCH(int, how);
+    QFETCH(bool, ran);
+    RecordingBag bag;
+    const int item = addActions(bag, 2);
+    bag.item(item).value = textValue(QStringLiteral("M12"));
+    bag.item(item).flags |= 0x1;
+    bag.item(item).executeResult = ran;
+    auto* control = new PropUiQLineEdit;
+    control->setPropBagItem(&bag, item);
+    control->setupUi();
+    control->updateData();
+    ControlWindow window(control);
+    QVERIFY(window.showActive());
+    auto* edit = control->findChild<QLineEdit*>(QStringLiteral("edit"));
+    QVERIFY(edit);
+    edit->setFocus(Qt::TabFocusReason);
+    QTRY_VERIFY(edit->hasFocus());
+
+    if (how == 2)
+      QTest::keyClick(edit, Qt::Key_F10, Qt::ShiftModifier);
+    else
+    {
+      QContextMenuEvent request(how == 0 ? QContextMenuEvent::Mouse : QContextMenuEvent::Keyboard, QPoint(4, 4),
+                                edit->mapToGlobal(QPoint(4, 4)));
+      QApplication::sendEvent(edit, &request);
+    }
+    QTRY_VERIFY(openMenu());
+    QMenu* menu = openMenu();
+    const QStringList captions = captionsOf(menu);
+    // The edit keeps its own entries, with the commands after them.
+    QVERIFY(captions.size() > 2);
+    QCOMPARE(captions.mid(captions.size() - 2), (QStringList{QStringLiteral("Command 0"), QStringLiteral("Command 1")}));
+
+    bag.clearCalls();
+    menu->actions().last()->trigger();
+    menu->close();
+    QCOMPARE(bag.executed.size(), 1);
+    QCOMPARE(bag.executed[0], bag.item(item).actions[1].get());
+    // As from the toolbar: a command the bag ran makes the control re-read its value.
+    QCOMPARE(bag.called(QStringLiteral("getValue")), ran);
+    QTRY_VERIFY(!openMenu());
+  }
+
+  void contextMenuOfAnItemWithoutActionsIsLeftAlone()
+  {
+    RecordingBag bag;
+    const int item = addActions(bag, 0);
+    PropUiActionToolButtonsCtrl* row = new PropUiActionToolButtonsCtrl;
+    row->setPropBagItem(&bag, item);
+    row->setupUi();
+    row->updateData();
+    ControlWindow window(row);
+    QVERIFY(window.showActive());
+    row->setFocus();
+    QTest::keyClick(row, Qt::Key_F10, Qt::ShiftModifier);
+    QContextMenuEvent request(QContextMenuEvent::Keyboard, QPoint(2, 2), row->mapToGlobal(QPoint(2, 2)));
+    QApplication::sendEvent(row, &request);
+    QVERIFY(!openMenu());
+    QVERIFY(bag.executed.isEmpty());
   }
 
   void unboundOrEmptyDoesNothing()
