@@ -67,6 +67,13 @@ int addActions(RecordingBag& bag, int count)
   return item;
 }
 
+QImage drawnIcon()
+{
+  QPixmap pixmap(16, 16);
+  pixmap.fill(Qt::red);
+  return pixmap.toImage();
+}
+
 /** The popup menu now open, or null. */
 QMenu* openMenu()
 {
@@ -268,6 +275,84 @@ private slots:
     QTest::mouseClick(buttonsOf(*row)[0], Qt::LeftButton);
     QCOMPARE(bag.executed.size(), 1);
     QCOMPARE(embedding.reads, 0);
+  }
+
+  // Buttons showing the stock picture could only be told apart by their tool tips.
+  void actionButtonsShowTheirPictureOrElseTheirCaption_data()
+  {
+    QTest::addColumn<bool>("push");
+    QTest::addColumn<bool>("picture");
+    QTest::addColumn<QString>("caption");
+    QTest::addColumn<bool>("captionShown");
+    QTest::newRow("tool, own picture") << false << true << QStringLiteral("Zoom") << false;
+    QTest::newRow("tool, caption only") << false << false << QStringLiteral("Zoom") << true;
+    QTest::newRow("tool, neither") << false << false << QString() << false;
+    QTest::newRow("push, own picture") << true << true << QStringLiteral("Zoom") << true;
+    QTest::newRow("push, caption only") << true << false << QStringLiteral("Zoom") << true;
+    QTest::newRow("push, neither") << true << false << QString() << false;
+  }
+
+  void actionButtonsShowTheirPictureOrElseTheirCaption()
+  {
+    QFETCH(bool, push);
+    QFETCH(bool, picture);
+    QFETCH(QString, caption);
+    QFETCH(bool, captionShown);
+    RecordingBag bag;
+    const int item = bag.addItem(QStringLiteral("Tools"));
+    auto* action = new TestAction(caption);
+    if (picture)
+      action->iconToGive = QIcon(QPixmap::fromImage(drawnIcon()));
+    bag.item(item).actions.append(OdSharedPtr<PropAction>(action));
+    QScopedPointer<PropUiActionButtonGroupCtrl> row(push ? static_cast<PropUiActionButtonGroupCtrl*>(new PropUiActionPushButtonsCtrl)
+                                                         : new PropUiActionToolButtonsCtrl);
+    row->setPropBagItem(&bag, item);
+    row->setupUi();
+    row->updateData();
+    QAbstractButton* button = buttonsOf(*row).value(0);
+    QVERIFY(button);
+    QCOMPARE(button->toolTip(), caption);
+
+    QIcon shown = button->icon();
+    bool textShown = !button->text().isEmpty();
+    if (auto* tool = qobject_cast<QToolButton*>(button))
+    {
+      shown = tool->toolButtonStyle() == Qt::ToolButtonTextOnly ? QIcon() : tool->defaultAction()->icon();
+      textShown = tool->toolButtonStyle() != Qt::ToolButtonIconOnly && !tool->defaultAction()->iconText().isEmpty();
+    }
+    QCOMPARE(textShown, captionShown);
+    if (picture)
+      QCOMPARE(pictureOf(shown), drawnIcon());
+    else if (!captionShown)
+      QCOMPARE(pictureOf(shown), pictureOf(propUiGetIcon(QStringLiteral("default_button"))));
+    else
+      QVERIFY(shown.isNull());
+    // A caption must fit: the button is at least as wide as its text.
+    if (captionShown)
+      QVERIFY(button->width() >= button->fontMetrics().horizontalAdvance(caption));
+  }
+
+  void libraryIconsAreDrawnForDoubleDensity_data()
+  {
+    QTest::addColumn<QString>("path");
+    for (const char* theme : {"dark", "light"})
+      for (const char* name : {"default_button", "lock", "unlock"})
+        QTest::newRow(qPrintable(QStringLiteral("%1/%2").arg(QLatin1String(theme), QLatin1String(name))))
+          << QStringLiteral(":/res/%1/%2.ico").arg(QLatin1String(theme), QLatin1String(name));
+  }
+
+  void libraryIconsAreDrawnForDoubleDensity()
+  {
+    QFETCH(QString, path);
+    const QIcon icon(path);
+    const QList<QSize> sizes = icon.availableSizes();
+    QVERIFY2(sizes.contains(QSize(16, 16)), qPrintable(path));
+    QVERIFY2(sizes.contains(QSize(32, 32)), qPrintable(path));
+    // The double size is drawn, not the small one enlarged: it has detail the small one cannot.
+    const QImage large = icon.pixmap(QSize(32, 32)).toImage();
+    QCOMPARE(large.size(), QSize(32, 32));
+    const QImage enlarged = icon.pixmap(QSize(16, 16)).toImage().scaled(32, 32);
+    QVERIFY(large.convertToFormat(QImage::Format_ARGB32) != enlarged.convertToFormat(QImage::Format_ARGB32));
   }
 
   // The button beside a field takes no focus: its command is reached from the
