@@ -1,6 +1,7 @@
 #include "PropUiCollectorFocusPolicyFilter.h"
 
 #include <QAbstractButton>
+#include <QButtonGroup>
 #include <QChildEvent>
 #include <QFocusEvent>
 #include <QStyleOptionFocusRect>
@@ -83,6 +84,19 @@ QWidget* PropUiCollectorFocusPolicyFilter::focusTarget() const
   return first;
 }
 
+// Until one of its buttons has had the focus, every button of an exclusive group
+// is a Tab stop, so Tab from outside lands on the first rather than the current.
+void PropUiCollectorFocusPolicyFilter::passTabToCheckedButton(QAbstractButton* button, Qt::FocusReason reason) const
+{
+  if (!button || (reason != Qt::TabFocusReason && reason != Qt::BacktabFocusReason) || button->isChecked())
+    return;
+  QButtonGroup* group = button->group();
+  QAbstractButton* current = group && group->exclusive() ? group->checkedButton() : nullptr;
+  QWidget* box = container();
+  if (current && current != button && current->parentWidget() == box && current->isEnabled() && current->isVisibleTo(box))
+    current->setFocus(reason);
+}
+
 void PropUiCollectorFocusPolicyFilter::paintFocusFrame(QWidget* box) const
 {
   QStylePainter painter(box);
@@ -123,6 +137,10 @@ bool PropUiCollectorFocusPolicyFilter::eventFilter(QObject* watched, QEvent* eve
   else if (event->type() == QEvent::EnabledChange && watched->parent() == box)
   {
     recompute();
+  }
+  else if (event->type() == QEvent::FocusIn && watched->parent() == box)
+  {
+    passTabToCheckedButton(qobject_cast<QAbstractButton*>(watched), static_cast<QFocusEvent*>(event)->reason());
   }
   return false;
 }

@@ -2,6 +2,7 @@
 
 #include "PropUiQEventFilter.h"
 
+class QAbstractButton;
 class QWidget;
 
 /**
@@ -9,7 +10,8 @@ class QWidget;
  * children can, so that Tab lands on the buttons rather than on the frame.
  * Focus given to the container all the same (by the host, a delegate or a
  * click) passes on to its current button, or to the first one that can take
- * it; a container left holding the focus itself draws where it is.
+ * it, and Tab into an exclusive group lands on its checked button; a
+ * container left holding the focus itself draws where it is.
  */
 class PROPWIDGETS_EXPORT PropUiCollectorFocusPolicyFilter : public PropUiQEventFilter
 {
@@ -31,6 +33,7 @@ protected:
 private:
   QWidget* container() const;
   void paintFocusFrame(QWidget* box) const;
+  void passTabToCheckedButton(QAbstractButton* button, Qt::FocusReason reason) const;
 
   bool m_collected = false;
   Qt::FocusPolicy m_savedPolicy = Qt::NoFocus;

@@ -105,17 +105,19 @@ private slots:
   {
     QTest::addColumn<int>("kind");
     QTest::addColumn<int>("expected");
-    QTest::newRow("radio: the checked one") << 0 << 1;
-    QTest::newRow("push: the checked one") << 1 << 1;
-    QTest::newRow("tool: the checked one") << 2 << 1;
-    QTest::newRow("action tool buttons: the first") << 3 << 0;
-    QTest::newRow("action push buttons: the first") << 4 << 0;
+    QTest::addColumn<int>("backtabStop");
+    QTest::newRow("radio: the checked one") << 0 << 1 << 1;
+    QTest::newRow("push: the checked one") << 1 << 1 << 1;
+    QTest::newRow("tool: the checked one") << 2 << 1 << 1;
+    QTest::newRow("action tool buttons: the first") << 3 << 0 << 2;
+    QTest::newRow("action push buttons: the first") << 4 << 0 << 2;
   }
 
   void focusPassesToTheCurrentOrFirstButton()
   {
     QFETCH(int, kind);
     QFETCH(int, expected);
+    QFETCH(int, backtabStop);
     RecordingBag bag;
     PropUiQControl* control = nullptr;
     int item = 0;
@@ -144,9 +146,8 @@ private slots:
     window.other->setFocus();
     QTRY_VERIFY(window.other->hasFocus());
     QTest::keyClick(window.other, Qt::Key_Backtab, Qt::ShiftModifier);
-    QWidget* reached = QApplication::focusWidget();
-    QVERIFY(reached != control);
-    QVERIFY(group->buttons().contains(qobject_cast<QAbstractButton*>(reached)));
+    // Into a choice row, Tab lands on the current entry; a row of commands has a stop per button.
+    QTRY_COMPARE(QApplication::focusWidget(), static_cast<QWidget*>(group->buttons().value(backtabStop)));
 
     // Focus given to the row (by a host or a delegate) goes on to its current button.
     window.other->setFocus();
