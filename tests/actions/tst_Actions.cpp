@@ -412,12 +412,24 @@ private slots:
     QTRY_VERIFY(!openMenu());
   }
 
+  void contextMenuOfAnItemWithoutActionsIsLeftAlone_data()
+  {
+    QTest::addColumn<int>("binding");
+    QTest::newRow("no actions") << 0;
+    QTest::newRow("unknown item") << 1;
+    QTest::newRow("unbound") << 2;
+  }
+
   void contextMenuOfAnItemWithoutActionsIsLeftAlone()
   {
+    QFETCH(int, binding);
     RecordingBag bag;
     const int item = addActions(bag, 0);
-    PropUiActionToolButtonsCtrl* row = new PropUiActionToolButtonsCtrl;
-    row->setPropBagItem(&bag, item);
+    auto* row = new PropUiActionToolButtonsCtrl;
+    if (binding == 0)
+      row->setPropBagItem(&bag, item);
+    else if (binding == 1)
+      row->setPropBagItem(&bag, 9);
     row->setupUi();
     row->updateData();
     ControlWindow window(row);
