@@ -61,8 +61,13 @@ void PropUiActionsContextMenu::watch(QWidget* widget)
 bool PropUiActionsContextMenu::isOwnWidget(QWidget* widget) const
 {
   for (QWidget* w = widget; w; w = w->parentWidget())
+  {
     if (auto* owner = qobject_cast<PropUiQControl*>(w))
       return owner == control();
+    // A popup of an editor (a combo box's list) is a window of its own, not the control.
+    if (w->isWindow())
+      return false;
+  }
   return false;
 }
 
@@ -123,9 +128,6 @@ bool PropUiActionsContextMenu::eventFilter(QObject* watched, QEvent* event)
   if (!watched->isWidgetType())
     return false;
   auto* widget = static_cast<QWidget*>(watched);
-  // Popups opened from inside the control (this menu among them) are no part of it.
-  if (widget != control() && widget->isWindow())
-    return false;
   switch (event->type())
   {
   case QEvent::ChildAdded:
