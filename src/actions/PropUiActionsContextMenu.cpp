@@ -71,7 +71,7 @@ bool PropUiActionsContextMenu::isOwnWidget(QWidget* widget) const
   return false;
 }
 
-QMenu* PropUiActionsContextMenu::popup(QWidget* widget, const QPoint& globalPos)
+QMenu* PropUiActionsContextMenu::popup(QWidget* widget, const QPoint& globalPos, bool fromKeyboard)
 {
   PropUiQControl* owner = control();
   PropBag* bag = owner->propBag();
@@ -91,9 +91,12 @@ QMenu* PropUiActionsContextMenu::popup(QWidget* widget, const QPoint& globalPos)
   menu->setAttribute(Qt::WA_DeleteOnClose);
   menu->setObjectName(QStringLiteral("actionsMenu"));
   menu->setAccessibleName(tr("Actions"));
+  QAction* firstEntry = nullptr;
   for (int i = 0; i < count; ++i)
   {
     auto* entry = new PropUiQAction(menu);
+    if (!firstEntry)
+      firstEntry = entry;
     entry->setPropAction(actions[unsigned(i)].get());
     if (entry->iconText().isEmpty())
       entry->setText(tr("Action %1").arg(i + 1));
@@ -120,6 +123,9 @@ QMenu* PropUiActionsContextMenu::popup(QWidget* widget, const QPoint& globalPos)
     }
   });
   menu->popup(globalPos);
+  // Asked for from the keyboard, the menu is there for its commands: Return runs the first.
+  if (fromKeyboard && firstEntry && firstEntry->isEnabled())
+    menu->setActiveAction(firstEntry);
   return menu;
 }
 
@@ -137,14 +143,17 @@ bool PropUiActionsContextMenu::eventFilter(QObject* watched, QEvent* event)
   case QEvent::ContextMenu:
     if (!isOwnWidget(widget))
       return false;
-    return popup(widget, static_cast<QContextMenuEvent*>(event)->globalPos()) != nullptr;
+  {
+    auto* request = static_cast<QContextMenuEvent*>(event);
+    return popup(widget, request->globalPos(), request->reason() == QContextMenuEvent::Keyboard) != nullptr;
+  }
   case QEvent::KeyPress:
   {
     // Not every platform turns Shift+F10 into a context menu event.
     auto* key = static_cast<QKeyEvent*>(event);
     if (key->key() != Qt::Key_F10 || key->modifiers() != Qt::ShiftModifier || !isOwnWidget(widget))
       return false;
-    return popup(widget, keyboardMenuPosition(widget)) != nullptr;
+    return popup(widget, keyboardMenuPosition(widget), true) != nullptr;
   }
   default:
     return false;

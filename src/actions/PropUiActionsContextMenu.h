@@ -22,8 +22,11 @@ class PropUiActionsContextMenu : public QObject
 public:
   explicit PropUiActionsContextMenu(PropUiQControl* control);
 
-  /** Builds and opens the menu for `widget` at `globalPos`; null when the item offers no actions. */
-  QMenu* popup(QWidget* widget, const QPoint& globalPos);
+  /**
+   * Builds and opens the menu for `widget` at `globalPos`, the first command
+   * active when asked for from the keyboard; null when the item offers no actions.
+   */
+  QMenu* popup(QWidget* widget, const QPoint& globalPos, bool fromKeyboard);
 
 protected:
   bool eventFilter(QObject* watched, QEvent* event) override;

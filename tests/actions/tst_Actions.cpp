@@ -401,6 +401,9 @@ private slots:
     // The edit keeps its own entries, with the commands after them.
     QVERIFY(captions.size() > 2);
     QCOMPARE(captions.mid(captions.size() - 2), (QStringList{QStringLiteral("Command 0"), QStringLiteral("Command 1")}));
+    // From the keyboard the first command is ready for Return; a click leaves the choice to the mouse.
+    QCOMPARE(menu->activeAction() ? menu->activeAction()->text() : QString(),
+             how == 0 ? QString() : QStringLiteral("Command 0"));
 
     bag.clearCalls();
     menu->actions().last()->trigger();
