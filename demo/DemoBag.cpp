@@ -1,6 +1,7 @@
 #include "DemoBag.h"
 
 #include "DemoActions.h"
+#include "DemoIcons.h"
 #include "DemoExpression.h"
 #include "OdDbBlockTableRecord.h"
 #include "OdDbDatabase.h"
@@ -21,6 +22,7 @@
 #include <QPainter>
 #include <QPixmap>
 #include <cmath>
+#include <utility>
 
 namespace
 {
@@ -352,7 +354,7 @@ void DemoBag::buildItems()
     return v.getDouble() <= 0.0 ? QObject::tr("The scale factor must be greater than zero.") : QString();
   };
   Item* scaleItem = &scale;
-  scale.actions.append(OdSharedPtr<PropAction>(new DemoAction(QObject::tr("Reset to 1"), QIcon(), [scaleItem]() {
+  scale.actions.append(OdSharedPtr<PropAction>(new DemoAction(QObject::tr("Reset to 1"), DemoIcons::resetToOne(), [scaleItem]() {
     scaleItem->value = number(1.0);
     return true;
   })));
@@ -495,13 +497,18 @@ void DemoBag::buildItems()
 
   Item& tools = add(Commands, QObject::tr("Quick tools"), PropUiGuidActionToolButtons, QObject::tr("Commands for the selection"));
   tools.flags |= PropUiOption::kAlignLeft;
-  for (const QString& c : {QObject::tr("Zoom to"), QObject::tr("Select similar"), QObject::tr("Isolate")})
-    tools.actions.append(OdSharedPtr<PropAction>(new DemoAction(c, QIcon(), []() { return true; })));
+  const std::pair<QString, QIcon> toolCommands[] = {{QObject::tr("Zoom to"), DemoIcons::zoomTo()},
+                                                    {QObject::tr("Select similar"), DemoIcons::selectSimilar()},
+                                                    {QObject::tr("Isolate"), DemoIcons::isolate()}};
+  for (const auto& c : toolCommands)
+    tools.actions.append(OdSharedPtr<PropAction>(new DemoAction(c.first, c.second, []() { return true; })));
 
   Item& commands = add(Commands, QObject::tr("Match"), PropUiGuidActionPushButtons, QObject::tr("Copy properties between objects"));
   commands.flags |= PropUiOption::kAlignLeft | PropUiOption::kIconsOnly; // captions go to the tool tips
-  for (const QString& c : {QObject::tr("Match properties"), QObject::tr("Reset all")})
-    commands.actions.append(OdSharedPtr<PropAction>(new DemoAction(c, QIcon(), []() { return true; })));
+  const std::pair<QString, QIcon> matchCommands[] = {{QObject::tr("Match properties"), DemoIcons::matchProperties()},
+                                                     {QObject::tr("Reset all"), DemoIcons::resetAll()}};
+  for (const auto& c : matchCommands)
+    commands.actions.append(OdSharedPtr<PropAction>(new DemoAction(c.first, c.second, []() { return true; })));
 }
 
 void DemoBag::setMixed(bool mixed)

@@ -57,11 +57,27 @@ bool QHostCheckBox::hitButton(const QPoint& pos) const
   return m_switchMode ? rect().contains(pos) : QCheckBox::hitButton(pos);
 }
 
+void QHostCheckBox::paintIndicatorFocusRing()
+{
+  QStyleOptionButton option;
+  initStyleOption(&option);
+  const QRectF indicator = style()->subElementRect(QStyle::SE_CheckBoxIndicator, &option, this);
+  QPainter p(this);
+  p.setRenderHint(QPainter::Antialiasing);
+  QColor ring = palette().color(QPalette::Highlight);
+  p.setPen(QPen(ring, 1.5));
+  p.setBrush(Qt::NoBrush);
+  p.drawRoundedRect(indicator.adjusted(-1.25, -1.25, 1.25, 1.25), 2.5, 2.5);
+}
+
 void QHostCheckBox::paintEvent(QPaintEvent* event)
 {
   if (!m_switchMode)
   {
     QCheckBox::paintEvent(event);
+    // Styles draw the focus frame around the caption; without one nothing shows where the focus is.
+    if (hasFocus() && text().isEmpty())
+      paintIndicatorFocusRing();
     return;
   }
   QPainter p(this);

@@ -26,6 +26,7 @@ protected:
 
 private:
   QRectF trackRect() const;
+  void paintIndicatorFocusRing();
 
   bool m_switchMode = false;
 };

@@ -1,7 +1,25 @@
 #include "PropUiActionToolButtonsCtrl.h"
 
+#include "PropAction.h"
 #include "PropUiQAction.h"
+#include "PropUiQIcon.h"
+#include <QStyle>
 #include <QToolButton>
+
+namespace
+{
+
+const int kButtonSize = 15;
+
+/** Whether the action brings a picture of its own, rather than leaving the button to the stock one. */
+bool hasOwnPicture(PropAction* action)
+{
+  OdSharedPtr<PropIcon> icon = action ? action->icon() : OdSharedPtr<PropIcon>();
+  auto* qicon = dynamic_cast<PropUiQIcon*>(icon.get());
+  return qicon && !qicon->getIcon().isNull();
+}
+
+} // namespace
 
 PropUiActionToolButtonsCtrl::PropUiActionToolButtonsCtrl(QWidget* parent) : PropUiActionButtonGroupCtrl(parent) {}
 
@@ -12,7 +30,7 @@ QAbstractButton* PropUiActionToolButtonsCtrl::createBtn()
   // Set twice on purpose: hosts that restyle these buttons rely on the fixed policy winning.
   button->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Minimum);
   button->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-  button->setFixedSize(15, 15);
+  button->setFixedSize(kButtonSize, kButtonSize);
   button->setDefaultAction(new PropUiQAction(button));
   return button;
 }
@@ -21,6 +39,21 @@ void PropUiActionToolButtonsCtrl::updateBtn(QAbstractButton* button, PropAction*
 {
   auto* toolButton = qobject_cast<QToolButton*>(button);
   auto* mirror = toolButton ? qobject_cast<PropUiQAction*>(toolButton->defaultAction()) : nullptr;
-  if (mirror)
-    mirror->setPropAction(action);
+  if (!mirror)
+    return;
+  mirror->setPropAction(action);
+  // Buttons that all showed the stock picture could only be told apart by their tool
+  // tips: an action without a picture of its own shows its caption instead.
+  const QString caption = mirror->iconText();
+  const bool showCaption = !caption.isEmpty() && !hasOwnPicture(action);
+  const Qt::ToolButtonStyle style = showCaption ? Qt::ToolButtonTextOnly : Qt::ToolButtonIconOnly;
+  if (toolButton->toolButtonStyle() != style)
+    toolButton->setToolButtonStyle(style);
+  if (mirror->toolTip() != caption)
+    mirror->setToolTip(caption);
+  const int margin = toolButton->style()->pixelMetric(QStyle::PM_ButtonMargin, nullptr, toolButton);
+  const int width =
+    showCaption ? qMax(kButtonSize, toolButton->fontMetrics().horizontalAdvance(caption) + 2 * margin) : kButtonSize;
+  if (toolButton->minimumWidth() != width || toolButton->maximumWidth() != width)
+    toolButton->setFixedWidth(width);
 }

@@ -62,6 +62,10 @@ void fitButtonRow(PropUiQControl* control, QHBoxLayout* row, QButtonGroup* group
     row->addWidget(button);
     group->addButton(button, -1);
   }
+  // The filter re-decides only when a button's enabled state changes; new
+  // buttons must take the frame's Tab stop over at once.
+  if (auto* collector = control->findChild<PropUiCollectorFocusPolicyFilter*>(QString(), Qt::FindDirectChildrenOnly))
+    collector->recompute();
 }
 
 } // namespace propui

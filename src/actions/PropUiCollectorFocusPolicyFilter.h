@@ -2,11 +2,16 @@
 
 #include "PropUiQEventFilter.h"
 
+class QAbstractButton;
 class QWidget;
 
 /**
  * Makes a container of buttons take no focus itself while one of its
  * children can, so that Tab lands on the buttons rather than on the frame.
+ * Focus given to the container all the same (by the host, a delegate or a
+ * click) passes on to its current button, or to the first one that can take
+ * it, and Tab into an exclusive group lands on its checked button; a
+ * container left holding the focus itself draws where it is.
  */
 class PROPWIDGETS_EXPORT PropUiCollectorFocusPolicyFilter : public PropUiQEventFilter
 {
@@ -19,11 +24,16 @@ public:
   /** Decides again whether the container gives up its focus. */
   void recompute();
 
+  /** The child that focus given to the container goes to: the checked button, else the first that can take focus. */
+  QWidget* focusTarget() const;
+
 protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
   QWidget* container() const;
+  void paintFocusFrame(QWidget* box) const;
+  void passTabToCheckedButton(QAbstractButton* button, Qt::FocusReason reason) const;
 
   bool m_collected = false;
   Qt::FocusPolicy m_savedPolicy = Qt::NoFocus;

@@ -4,6 +4,7 @@
 #include "PropBag.h"
 #include "PropUiOptions.h"
 #include "PropUiActionToolButtonsCtrl.h"
+#include "PropUiActionsContextMenu.h"
 #include "PropUiCommonToolTipFilter.h"
 #include "PropUiEditCommitFilter.h"
 #include "PropUiFocusReactorFilter.h"
@@ -90,6 +91,7 @@ bool PropUiQControl::setupUi()
   if (m_setUp)
     clearBuiltUi();
   m_setUp = true;
+  new PropUiActionsContextMenu(this);
   if (m_actionsToolbar)
     m_actionsToolbar->setupUi();
   useToolTipFilter(this);

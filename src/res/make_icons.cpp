@@ -1,9 +1,14 @@
-// Draws the control icons of both themes as 16x16 .ico files.
+// Draws the control icons of both themes as .ico files holding a 16x16 and a
+// 32x32 picture, so that QIcon has a sharp one for a device pixel ratio of 2.
 // Usage: prop_make_icons OUTPUT_DIR  (writes OUTPUT_DIR/dark/*.ico and OUTPUT_DIR/light/*.ico)
 
+#include <QBuffer>
 #include <QDir>
+#include <QFile>
 #include <QGuiApplication>
 #include <QImage>
+#include <QImageWriter>
+#include <QtEndian>
 #include <QPainter>
 #include <QPainterPath>
 #include <cstdio>
@@ -12,7 +17,9 @@
 namespace
 {
 
-const int kSize = 16;
+// The pictures are drawn on a 16 unit grid and scaled to each size.
+const int kUnits = 16;
+const int kSizes[] = {16, 32};
 
 struct Theme
 {
@@ -61,16 +68,49 @@ void drawPadlock(QPainter& p, const Theme& t, bool open)
   p.drawRect(QRectF(7.5, 9.5, 1.0, 3.0));
 }
 
+QImage render(int size, const std::function<void(QPainter&)>& draw)
+{
+  QImage image(size, size, QImage::Format_ARGB32_Premultiplied);
+  image.fill(Qt::transparent);
+  QPainter p(&image);
+  p.setRenderHint(QPainter::Antialiasing);
+  p.scale(qreal(size) / kUnits, qreal(size) / kUnits);
+  draw(p);
+  return image;
+}
+
+// Qt writes one picture per .ico; the pictures are written one by one and
+// their directory entries joined, each entry's data offset moved along.
 bool write(const QString& path, const std::function<void(QPainter&)>& draw)
 {
-  QImage image(kSize, kSize, QImage::Format_ARGB32_Premultiplied);
-  image.fill(Qt::transparent);
+  const int headerSize = 6;
+  const int entrySize = 16;
+  const int count = int(sizeof(kSizes) / sizeof(kSizes[0]));
+  QByteArray directory(headerSize, '\0');
+  qToLittleEndian<quint16>(1, directory.data() + 2);
+  qToLittleEndian<quint16>(quint16(count), directory.data() + 4);
+  QByteArray payload;
+  quint32 offset = quint32(headerSize + entrySize * count);
+  for (int size : kSizes)
   {
-    QPainter p(&image);
-    p.setRenderHint(QPainter::Antialiasing);
-    draw(p);
+    QByteArray single;
+    QBuffer buffer(&single);
+    buffer.open(QIODevice::WriteOnly);
+    QImageWriter writer(&buffer, "ico");
+    if (!writer.write(render(size, draw)) || single.size() < headerSize + entrySize)
+      return false;
+    QByteArray entry = single.mid(headerSize, entrySize);
+    const quint32 length = qFromLittleEndian<quint32>(entry.constData() + 8);
+    const quint32 start = qFromLittleEndian<quint32>(entry.constData() + 12);
+    if (start + length > quint32(single.size()))
+      return false;
+    qToLittleEndian<quint32>(offset, entry.data() + 12);
+    directory += entry;
+    payload += single.mid(int(start), int(length));
+    offset += length;
   }
-  return image.save(path, "ICO");
+  QFile file(path);
+  return file.open(QIODevice::WriteOnly) && file.write(directory + payload) == directory.size() + payload.size();
 }
 
 } // namespace

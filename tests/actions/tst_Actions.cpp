@@ -7,7 +7,10 @@
 #include "PropUiPlaceholder.h"
 #include "PropUiQAction.h"
 #include "PropUiQActionsToolBar.h"
+#include "PropUiQLineEdit.h"
+#include "ControlWindow.h"
 #include "RecordingBag.h"
+#include "TestValues.h"
 #include <QtTest>
 #include <QtWidgets>
 
@@ -62,6 +65,28 @@ int addActions(RecordingBag& bag, int count)
   for (int i = 0; i < count; ++i)
     bag.item(item).actions.append(OdSharedPtr<PropAction>(new TestAction(QStringLiteral("Command %1").arg(i))));
   return item;
+}
+
+QImage drawnIcon()
+{
+  QPixmap pixmap(16, 16);
+  pixmap.fill(Qt::red);
+  return pixmap.toImage();
+}
+
+/** The popup menu now open, or null. */
+QMenu* openMenu()
+{
+  return qobject_cast<QMenu*>(QApplication::activePopupWidget());
+}
+
+QStringList captionsOf(const QMenu* menu)
+{
+  QStringList captions;
+  for (QAction* action : menu->actions())
+    if (!action->isSeparator())
+      captions.append(action->text());
+  return captions;
 }
 
 } // namespace
@@ -250,6 +275,174 @@ private slots:
     QTest::mouseClick(buttonsOf(*row)[0], Qt::LeftButton);
     QCOMPARE(bag.executed.size(), 1);
     QCOMPARE(embedding.reads, 0);
+  }
+
+  // Buttons showing the stock picture could only be told apart by their tool tips.
+  void actionButtonsShowTheirPictureOrElseTheirCaption_data()
+  {
+    QTest::addColumn<bool>("push");
+    QTest::addColumn<bool>("picture");
+    QTest::addColumn<QString>("caption");
+    QTest::addColumn<bool>("captionShown");
+    QTest::newRow("tool, own picture") << false << true << QStringLiteral("Zoom") << false;
+    QTest::newRow("tool, caption only") << false << false << QStringLiteral("Zoom") << true;
+    QTest::newRow("tool, neither") << false << false << QString() << false;
+    QTest::newRow("push, own picture") << true << true << QStringLiteral("Zoom") << true;
+    QTest::newRow("push, caption only") << true << false << QStringLiteral("Zoom") << true;
+    QTest::newRow("push, neither") << true << false << QString() << false;
+  }
+
+  void actionButtonsShowTheirPictureOrElseTheirCaption()
+  {
+    QFETCH(bool, push);
+    QFETCH(bool, picture);
+    QFETCH(QString, caption);
+    QFETCH(bool, captionShown);
+    RecordingBag bag;
+    const int item = bag.addItem(QStringLiteral("Tools"));
+    auto* action = new TestAction(caption);
+    if (picture)
+      action->iconToGive = QIcon(QPixmap::fromImage(drawnIcon()));
+    bag.item(item).actions.append(OdSharedPtr<PropAction>(action));
+    QScopedPointer<PropUiActionButtonGroupCtrl> row(push ? static_cast<PropUiActionButtonGroupCtrl*>(new PropUiActionPushButtonsCtrl)
+                                                         : new PropUiActionToolButtonsCtrl);
+    row->setPropBagItem(&bag, item);
+    row->setupUi();
+    row->updateData();
+    QAbstractButton* button = buttonsOf(*row).value(0);
+    QVERIFY(button);
+    QCOMPARE(button->toolTip(), caption);
+
+    QIcon shown = button->icon();
+    bool textShown = !button->text().isEmpty();
+    if (auto* tool = qobject_cast<QToolButton*>(button))
+    {
+      shown = tool->toolButtonStyle() == Qt::ToolButtonTextOnly ? QIcon() : tool->defaultAction()->icon();
+      textShown = tool->toolButtonStyle() != Qt::ToolButtonIconOnly && !tool->defaultAction()->iconText().isEmpty();
+    }
+    QCOMPARE(textShown, captionShown);
+    if (picture)
+      QCOMPARE(pictureOf(shown), drawnIcon());
+    else if (!captionShown)
+      QCOMPARE(pictureOf(shown), pictureOf(propUiGetIcon(QStringLiteral("default_button"))));
+    else
+      QVERIFY(shown.isNull());
+    // A caption must fit: the button is at least as wide as its text.
+    if (captionShown)
+      QVERIFY(button->width() >= button->fontMetrics().horizontalAdvance(caption));
+  }
+
+  void libraryIconsAreDrawnForDoubleDensity_data()
+  {
+    QTest::addColumn<QString>("path");
+    for (const char* theme : {"dark", "light"})
+      for (const char* name : {"default_button", "lock", "unlock"})
+        QTest::newRow(qPrintable(QStringLiteral("%1/%2").arg(QLatin1String(theme), QLatin1String(name))))
+          << QStringLiteral(":/res/%1/%2.ico").arg(QLatin1String(theme), QLatin1String(name));
+  }
+
+  void libraryIconsAreDrawnForDoubleDensity()
+  {
+    QFETCH(QString, path);
+    const QIcon icon(path);
+    const QList<QSize> sizes = icon.availableSizes();
+    QVERIFY2(sizes.contains(QSize(16, 16)), qPrintable(path));
+    QVERIFY2(sizes.contains(QSize(32, 32)), qPrintable(path));
+    // The double size is drawn, not the small one enlarged: it has detail the small one cannot.
+    const QImage large = icon.pixmap(QSize(32, 32)).toImage();
+    QCOMPARE(large.size(), QSize(32, 32));
+    const QImage enlarged = icon.pixmap(QSize(16, 16)).toImage().scaled(32, 32);
+    QVERIFY(large.convertToFormat(QImage::Format_ARGB32) != enlarged.convertToFormat(QImage::Format_ARGB32));
+  }
+
+  // The button beside a field takes no focus: its command is reached from the
+  // field's context menu, however the menu is asked for.
+  void contextMenuListsAndRunsTheItemsActions_data()
+  {
+    QTest::addColumn<int>("how");
+    QTest::addColumn<bool>("ran");
+    QTest::newRow("right click") << 0 << true;
+    QTest::newRow("menu key") << 1 << true;
+    QTest::newRow("shift+F10") << 2 << true;
+    QTest::newRow("bag refuses") << 2 << false;
+  }
+
+  void contextMenuListsAndRunsTheItemsActions()
+  {
+    QFETCH(int, how);
+    QFETCH(bool, ran);
+    RecordingBag bag;
+    const int item = addActions(bag, 2);
+    bag.item(item).value = textValue(QStringLiteral("M12"));
+    bag.item(item).flags |= 0x1;
+    bag.item(item).executeResult = ran;
+    auto* control = new PropUiQLineEdit;
+    control->setPropBagItem(&bag, item);
+    control->setupUi();
+    control->updateData();
+    ControlWindow window(control);
+    QVERIFY(window.showActive());
+    auto* edit = control->findChild<QLineEdit*>(QStringLiteral("edit"));
+    QVERIFY(edit);
+    edit->setFocus(Qt::TabFocusReason);
+    QTRY_VERIFY(edit->hasFocus());
+
+    if (how == 2)
+      QTest::keyClick(edit, Qt::Key_F10, Qt::ShiftModifier);
+    else
+    {
+      QContextMenuEvent request(how == 0 ? QContextMenuEvent::Mouse : QContextMenuEvent::Keyboard, QPoint(4, 4),
+                                edit->mapToGlobal(QPoint(4, 4)));
+      QApplication::sendEvent(edit, &request);
+    }
+    QTRY_VERIFY(openMenu());
+    QMenu* menu = openMenu();
+    const QStringList captions = captionsOf(menu);
+    // The edit keeps its own entries, with the commands after them.
+    QVERIFY(captions.size() > 2);
+    QCOMPARE(captions.mid(captions.size() - 2), (QStringList{QStringLiteral("Command 0"), QStringLiteral("Command 1")}));
+    // From the keyboard the first command is ready for Return; a click leaves the choice to the mouse.
+    QCOMPARE(menu->activeAction() ? menu->activeAction()->text() : QString(),
+             how == 0 ? QString() : QStringLiteral("Command 0"));
+
+    bag.clearCalls();
+    menu->actions().last()->trigger();
+    menu->close();
+    QCOMPARE(bag.executed.size(), 1);
+    QCOMPARE(bag.executed[0], bag.item(item).actions[1].get());
+    // As from the toolbar: a command the bag ran makes the control re-read its value.
+    QCOMPARE(bag.called(QStringLiteral("getValue")), ran);
+    QTRY_VERIFY(!openMenu());
+  }
+
+  void contextMenuOfAnItemWithoutActionsIsLeftAlone_data()
+  {
+    QTest::addColumn<int>("binding");
+    QTest::newRow("no actions") << 0;
+    QTest::newRow("unknown item") << 1;
+    QTest::newRow("unbound") << 2;
+  }
+
+  void contextMenuOfAnItemWithoutActionsIsLeftAlone()
+  {
+    QFETCH(int, binding);
+    RecordingBag bag;
+    const int item = addActions(bag, 0);
+    auto* row = new PropUiActionToolButtonsCtrl;
+    if (binding == 0)
+      row->setPropBagItem(&bag, item);
+    else if (binding == 1)
+      row->setPropBagItem(&bag, 9);
+    row->setupUi();
+    row->updateData();
+    ControlWindow window(row);
+    QVERIFY(window.showActive());
+    row->setFocus();
+    QTest::keyClick(row, Qt::Key_F10, Qt::ShiftModifier);
+    QContextMenuEvent request(QContextMenuEvent::Keyboard, QPoint(2, 2), row->mapToGlobal(QPoint(2, 2)));
+    QApplication::sendEvent(row, &request);
+    QVERIFY(!openMenu());
+    QVERIFY(bag.executed.isEmpty());
   }
 
   void unboundOrEmptyDoesNothing()

@@ -1,6 +1,9 @@
+#include "ControlWindow.h"
 #include "MessageCatcher.h"
 #include "OdError.h"
 #include "OdStringQt.h"
+#include "PropUiActionPushButtonsCtrl.h"
+#include "PropUiActionToolButtonsCtrl.h"
 #include "PropUiQButtons3x3Ctrl.h"
 #include "PropUiQPushButtonsCtrl.h"
 #include "PropUiQRadioButtonsCtrl.h"
@@ -8,6 +11,7 @@
 #include "RecordingBag.h"
 #include "TestValues.h"
 #include <QAbstractButton>
+#include <QButtonGroup>
 #include <QtTest>
 
 namespace
@@ -94,6 +98,69 @@ private slots:
     bag.item(item).value = mixed;
     row->updateData();
     QVERIFY(!checkedOf(row.data()));
+  }
+
+  // A row is one Tab stop on its buttons, never on the frame that cannot show focus.
+  void focusPassesToTheCurrentOrFirstButton_data()
+  {
+    QTest::addColumn<int>("kind");
+    QTest::addColumn<int>("expected");
+    QTest::addColumn<int>("backtabStop");
+    QTest::newRow("radio: the checked one") << 0 << 1 << 1;
+    QTest::newRow("push: the checked one") << 1 << 1 << 1;
+    QTest::newRow("tool: the checked one") << 2 << 1 << 1;
+    QTest::newRow("action tool buttons: the first") << 3 << 0 << 2;
+    QTest::newRow("action push buttons: the first") << 4 << 0 << 2;
+  }
+
+  void focusPassesToTheCurrentOrFirstButton()
+  {
+    QFETCH(int, kind);
+    QFETCH(int, expected);
+    QFETCH(int, backtabStop);
+    RecordingBag bag;
+    PropUiQControl* control = nullptr;
+    int item = 0;
+    if (kind < 3)
+    {
+      item = addChoice(bag, {QStringLiteral("mm"), QStringLiteral("cm"), QStringLiteral("m")}, 2);
+      control = makeRow(kind);
+    }
+    else
+    {
+      item = bag.addItem(QStringLiteral("Tools"));
+      for (const char* caption : {"Zoom", "Isolate", "Hide"})
+        bag.item(item).actions.append(OdSharedPtr<PropAction>(new TestAction(QLatin1String(caption))));
+      control = kind == 3 ? static_cast<PropUiQControl*>(new PropUiActionToolButtonsCtrl) : new PropUiActionPushButtonsCtrl;
+    }
+    control->setPropBagItem(&bag, item);
+    control->setupUi();
+    control->updateData();
+    ControlWindow window(control);
+    QVERIFY(window.showActive());
+    QButtonGroup* group = control->findChild<QButtonGroup*>();
+    QAbstractButton* target = group->buttons().value(expected);
+    QVERIFY(target);
+
+    // The frame is no Tab stop while its buttons are.
+    window.other->setFocus();
+    QTRY_VERIFY(window.other->hasFocus());
+    QTest::keyClick(window.other, Qt::Key_Backtab, Qt::ShiftModifier);
+    // Into a choice row, Tab lands on the current entry; a row of commands has a stop per button.
+    QTRY_COMPARE(QApplication::focusWidget(), static_cast<QWidget*>(group->buttons().value(backtabStop)));
+
+    // Focus given to the row (by a host or a delegate) goes on to its current button.
+    window.other->setFocus();
+    control->setFocus(Qt::TabFocusReason);
+    QTRY_COMPARE(QApplication::focusWidget(), static_cast<QWidget*>(target));
+
+    // With no button able to hold it, the row keeps the focus itself.
+    for (QAbstractButton* button : group->buttons())
+      button->setEnabled(false);
+    QCOMPARE(control->focusPolicy(), Qt::StrongFocus);
+    window.other->setFocus();
+    control->setFocus(Qt::TabFocusReason);
+    QTRY_VERIFY(control->hasFocus());
   }
 
   void refusedClickShowsTheMessageAndWritesNothing()

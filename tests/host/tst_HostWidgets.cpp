@@ -97,6 +97,25 @@ private slots:
     QCOMPARE(edit.text(), QStringLiteral("Bore widened after the fit test"));
   }
 
+  // Styles draw the focus frame around the caption; a box without one still shows it has the focus.
+  void captionlessCheckBoxShowsItsFocus()
+  {
+    QWidget window;
+    auto* box = new host_qt_ui_core::QHostCheckBox(&window);
+    auto* other = new QLineEdit(&window);
+    other->move(0, 40);
+    box->resize(box->sizeHint());
+    window.show();
+    window.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&window));
+    other->setFocus();
+    QTRY_VERIFY(other->hasFocus());
+    const QImage unfocused = box->grab().toImage();
+    box->setFocus(Qt::TabFocusReason);
+    QTRY_VERIFY(box->hasFocus());
+    QVERIFY(box->grab().toImage() != unfocused);
+  }
+
   void switchModeIsAToggleSwitch()
   {
     host_qt_ui_core::QHostCheckBox box;

@@ -1,0 +1,161 @@
+#include "PropUiActionsContextMenu.h"
+
+#include "PropAction.h"
+#include "PropBag.h"
+#include "PropUiQAction.h"
+#include "PropUiQControl.h"
+#include "PropUiRefresh.h"
+#include <QAbstractSpinBox>
+#include <QChildEvent>
+#include <QContextMenuEvent>
+#include <QLineEdit>
+#include <QLoggingCategory>
+#include <QMenu>
+#include <QPlainTextEdit>
+#include <QTextEdit>
+#include <exception>
+
+namespace
+{
+
+/** The menu the widget would show by itself, to which the actions are added; null for one without. */
+QMenu* standardMenuOf(QWidget* widget)
+{
+  if (auto* spin = qobject_cast<QAbstractSpinBox*>(widget))
+    widget = spin->findChild<QLineEdit*>();
+  if (auto* edit = qobject_cast<QLineEdit*>(widget))
+    return edit->createStandardContextMenu();
+  if (auto* text = qobject_cast<QTextEdit*>(widget))
+    return text->createStandardContextMenu();
+  if (auto* plain = qobject_cast<QPlainTextEdit*>(widget))
+    return plain->createStandardContextMenu();
+  return nullptr;
+}
+
+QPoint keyboardMenuPosition(const QWidget* widget)
+{
+  return widget->mapToGlobal(QPoint(0, widget->height()));
+}
+
+} // namespace
+
+PropUiActionsContextMenu::PropUiActionsContextMenu(PropUiQControl* control) : QObject(control)
+{
+  setObjectName(QStringLiteral("actionsContextMenu"));
+  watch(control);
+}
+
+PropUiQControl* PropUiActionsContextMenu::control() const
+{
+  return static_cast<PropUiQControl*>(parent());
+}
+
+void PropUiActionsContextMenu::watch(QWidget* widget)
+{
+  // Editors made before they were put into the control (a spin box's line edit) are watched too.
+  widget->installEventFilter(this);
+  for (QWidget* inner : widget->findChildren<QWidget*>())
+    inner->installEventFilter(this);
+}
+
+bool PropUiActionsContextMenu::isOwnWidget(QWidget* widget) const
+{
+  for (QWidget* w = widget; w; w = w->parentWidget())
+  {
+    if (auto* owner = qobject_cast<PropUiQControl*>(w))
+      return owner == control();
+    // A popup of an editor (a combo box's list) is a window of its own, not the control.
+    if (w->isWindow())
+      return false;
+  }
+  return false;
+}
+
+QMenu* PropUiActionsContextMenu::popup(QWidget* widget, const QPoint& globalPos, bool fromKeyboard)
+{
+  PropUiQControl* owner = control();
+  PropBag* bag = owner->propBag();
+  if (!bag || !widget)
+    return nullptr;
+  PropActionArray actions;
+  const int listed = int(bag->getActions(owner->itemIndex(), owner->element(), actions));
+  const int count = qMin(listed, int(actions.size()));
+  if (count <= 0)
+    return nullptr;
+
+  QMenu* menu = standardMenuOf(widget);
+  if (menu)
+    menu->addSeparator();
+  else
+    menu = new QMenu(widget);
+  menu->setAttribute(Qt::WA_DeleteOnClose);
+  menu->setObjectName(QStringLiteral("actionsMenu"));
+  menu->setAccessibleName(tr("Actions"));
+  QAction* firstEntry = nullptr;
+  for (int i = 0; i < count; ++i)
+  {
+    auto* entry = new PropUiQAction(menu);
+    if (!firstEntry)
+      firstEntry = entry;
+    entry->setPropAction(actions[unsigned(i)].get());
+    if (entry->iconText().isEmpty())
+      entry->setText(tr("Action %1").arg(i + 1));
+    menu->addAction(entry);
+  }
+  // The list is held by the menu's connection: what the entries point to lives as long as they do.
+  QPointer<PropUiQControl> guarded(owner);
+  connect(menu, &QMenu::triggered, owner, [guarded, actions](QAction* triggered) {
+    auto* mirror = qobject_cast<PropUiQAction*>(triggered);
+    if (!guarded || !mirror || !mirror->getPropAction() || !guarded->propBag())
+      return;
+    try
+    {
+      if (guarded->propBag()->executeAction(guarded->itemIndex(), mirror->getPropAction()) && guarded)
+        propui::refreshQuietly(guarded);
+    }
+    catch (const std::exception& e)
+    {
+      qWarning("PropWidgets: an action of the context menu failed: %s", e.what());
+    }
+    catch (...)
+    {
+      qWarning("PropWidgets: an action of the context menu failed");
+    }
+  });
+  menu->popup(globalPos);
+  // Asked for from the keyboard, the menu is there for its commands: Return runs the first.
+  if (fromKeyboard && firstEntry && firstEntry->isEnabled())
+    menu->setActiveAction(firstEntry);
+  return menu;
+}
+
+bool PropUiActionsContextMenu::eventFilter(QObject* watched, QEvent* event)
+{
+  if (!watched->isWidgetType())
+    return false;
+  auto* widget = static_cast<QWidget*>(watched);
+  switch (event->type())
+  {
+  case QEvent::ChildAdded:
+    if (auto* child = qobject_cast<QWidget*>(static_cast<QChildEvent*>(event)->child()))
+      watch(child);
+    return false;
+  case QEvent::ContextMenu:
+    if (!isOwnWidget(widget))
+      return false;
+  {
+    auto* request = static_cast<QContextMenuEvent*>(event);
+    return popup(widget, request->globalPos(), request->reason() == QContextMenuEvent::Keyboard) != nullptr;
+  }
+  case QEvent::KeyPress:
+  {
+    // Not every platform turns Shift+F10 into a context menu event.
+    auto* key = static_cast<QKeyEvent*>(event);
+    if (key->key() != Qt::Key_F10 || key->modifiers() != Qt::ShiftModifier || !isOwnWidget(widget))
+      return false;
+    return popup(widget, keyboardMenuPosition(widget), true) != nullptr;
+  }
+  default:
+    return false;
+  }
+}
