@@ -106,6 +106,8 @@ bool PropUiQLineEdit::applyData()
     return false;
   }
   m_lastText = m_edit->text();
+  // The field holds a value of its own now; emptying it must not bring the varies text back.
+  m_edit->setPlaceholderText(QString());
   return true;
 }
 
