@@ -52,8 +52,8 @@ QColor HostQtStyle::checkedButtonColor(const QPalette& palette)
   const QColor highlight = palette.color(QPalette::Active, QPalette::Highlight);
   const QColor away = relativeLuminance(button) < 0.18 ? QColor(Qt::white) : QColor(Qt::black);
   QColor checked = highlight;
-  for (int step = 1; step <= 20 && qMin(contrastRatio(checked, button), contrastRatio(checked, face)) < kCheckedContrast;
-       ++step)
+  for (int step = 1;
+       step <= 20 && qMin(contrastRatio(checked, button), contrastRatio(checked, face)) < kCheckedContrast; ++step)
     checked = mixed(highlight, away, step * 0.05);
   return checked;
 }

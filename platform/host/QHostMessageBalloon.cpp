@@ -36,10 +36,7 @@ QHostMessageBalloon* QHostMessageBalloon::showAt(QWidget* field, const QString& 
   return balloon;
 }
 
-QHostMessageBalloon* QHostMessageBalloon::current()
-{
-  return shown();
-}
+QHostMessageBalloon* QHostMessageBalloon::current() { return shown(); }
 
 // A tool tip window: it never takes the focus from the field, and the
 // window manager leaves it where it is put.
@@ -55,16 +52,18 @@ QHostMessageBalloon::QHostMessageBalloon(QWidget* field, const QString& text, bo
   setBackgroundRole(QPalette::ToolTipBase);
   setForegroundRole(QPalette::ToolTipText);
 
-  const int margin = style()->pixelMetric(QStyle::PM_ToolTipLabelFrameWidth, nullptr, this) + fontMetrics().height() / 3;
+  const int margin =
+    style()->pixelMetric(QStyle::PM_ToolTipLabelFrameWidth, nullptr, this) + fontMetrics().height() / 3;
   auto* layout = new QHBoxLayout(this);
   layout->setContentsMargins(margin, margin + arrowSize(), margin, margin);
   layout->setSpacing(margin);
   auto* icon = new QLabel(this);
   icon->setObjectName(QStringLiteral("icon"));
   const int iconSize = style()->pixelMetric(QStyle::PM_SmallIconSize, nullptr, this);
-  icon->setPixmap(style()
-                    ->standardIcon(error ? QStyle::SP_MessageBoxCritical : QStyle::SP_MessageBoxInformation, nullptr, this)
-                    .pixmap(iconSize, iconSize));
+  icon->setPixmap(
+    style()
+      ->standardIcon(error ? QStyle::SP_MessageBoxCritical : QStyle::SP_MessageBoxInformation, nullptr, this)
+      .pixmap(iconSize, iconSize));
   icon->setAlignment(Qt::AlignTop);
   layout->addWidget(icon);
   m_label = new QLabel(text, this);
@@ -80,15 +79,9 @@ QHostMessageBalloon::QHostMessageBalloon(QWidget* field, const QString& text, bo
   connect(field, &QObject::destroyed, this, &QWidget::close);
 }
 
-QString QHostMessageBalloon::text() const
-{
-  return m_label ? m_label->text() : QString();
-}
+QString QHostMessageBalloon::text() const { return m_label ? m_label->text() : QString(); }
 
-int QHostMessageBalloon::arrowSize() const
-{
-  return fontMetrics().height() / 2;
-}
+int QHostMessageBalloon::arrowSize() const { return fontMetrics().height() / 2; }
 
 // Below the field, its arrow at the field's left part; above it when the
 // screen has no room below.
@@ -100,7 +93,8 @@ void QHostMessageBalloon::place()
   const QPoint below = m_field->mapToGlobal(QPoint(0, m_field->height()));
   QScreen* screen = m_field->screen();
   const QRect available = screen ? screen->availableGeometry() : QRect(below, size());
-  m_below = below.y() + height() <= available.bottom() || m_field->mapToGlobal(QPoint(0, 0)).y() - height() < available.top();
+  m_below =
+    below.y() + height() <= available.bottom() || m_field->mapToGlobal(QPoint(0, 0)).y() - height() < available.top();
   QHBoxLayout* row = qobject_cast<QHBoxLayout*>(layout());
   if (row)
   {
@@ -127,10 +121,11 @@ QPainterPath QHostMessageBalloon::outline() const
   const qreal tip = qMin(2.0 * arrow, width() / 2.0);
   QPainterPath pointer;
   if (m_below)
-    pointer.addPolygon(QPolygonF({QPointF(tip - arrow, body.top() + 1), QPointF(tip, 0), QPointF(tip + arrow, body.top() + 1)}));
-  else
     pointer.addPolygon(
-      QPolygonF({QPointF(tip - arrow, body.bottom() - 1), QPointF(tip, height()), QPointF(tip + arrow, body.bottom() - 1)}));
+      QPolygonF({QPointF(tip - arrow, body.top() + 1), QPointF(tip, 0), QPointF(tip + arrow, body.top() + 1)}));
+  else
+    pointer.addPolygon(QPolygonF(
+      {QPointF(tip - arrow, body.bottom() - 1), QPointF(tip, height()), QPointF(tip + arrow, body.bottom() - 1)}));
   return path.united(pointer);
 }
 

@@ -211,7 +211,8 @@ private slots:
     // The text field only: the base style draws the arrow in the caption colour too.
     QStyleOptionComboBox option;
     option.initFrom(&combo);
-    const QRect field = combo.style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, &combo);
+    const QRect field =
+      combo.style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, &combo);
     QCOMPARE(reference.grab().toImage().copy(field), varies.copy(field));
 
     // An entry shown takes its place.
