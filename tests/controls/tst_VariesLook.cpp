@@ -250,34 +250,6 @@ private slots:
     if (outcome == RefusedByValidate)
       QTRY_COMPARE(messages.shown.size(), 1);
   }
-
-  void aSecondRefusalStillShowsVaries_data()
-  {
-    QTest::addColumn<Kind>("kind");
-    QTest::newRow("check box") << CheckBox;
-    QTest::newRow("switch") << Switch;
-    QTest::newRow("radio row") << RadioRow;
-    QTest::newRow("3x3 grid") << Grid3x3;
-  }
-
-  // The varies look after a refusal is the real thing: the next click
-  // starts from it again, rather than from a state left half-way.
-  void aSecondRefusalStillShowsVaries()
-  {
-    QFETCH(Kind, kind);
-    MessageCatcher messages;
-    RecordingBag bag;
-    const int item = addVaryingItem(bag, kind);
-    QScopedPointer<PropUiQControl> control(makeControl(kind));
-    control->setPropBagItem(&bag, item);
-    control->setupUi();
-    control->updateData();
-    bag.item(item).acceptWrite = false;
-    editAsAUser(control.data(), kind);
-    editAsAUser(control.data(), kind);
-    QVERIFY(looksVaries(control.data(), kind));
-    QCOMPARE(bag.count(QStringLiteral("setValue")), 2);
-  }
 };
 
 QTEST_MAIN(TestVariesLook)

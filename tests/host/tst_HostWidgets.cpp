@@ -281,15 +281,6 @@ private slots:
                                        HostQtStyle::checkedButtonColor(palette)) >= HostQtStyle::kCheckedContrast);
   }
 
-  void contrastFollowsTheLuminanceFormula()
-  {
-    QCOMPARE(HostQtStyle::contrastRatio(Qt::black, Qt::white), 21.0);
-    QCOMPARE(HostQtStyle::contrastRatio(Qt::white, Qt::black), 21.0);
-    QCOMPARE(HostQtStyle::contrastRatio(QColor(0x77, 0x77, 0x77), QColor(0x77, 0x77, 0x77)), 1.0);
-    // #767676 is the lightest grey that reads 4.5:1 on white.
-    QVERIFY(qAbs(HostQtStyle::contrastRatio(QColor(0x76, 0x76, 0x76), Qt::white) - 4.54) < 0.01);
-  }
-
   void aRefusalIsABalloonAtTheField_data()
   {
     QTest::addColumn<host_qt_ui::QHostMessageBoxOd::Kind>("kind");
