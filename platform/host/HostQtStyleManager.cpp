@@ -1,5 +1,6 @@
 #include "HostQtStyleManager.h"
 
+#include "HostQtStyle.h"
 #include <QApplication>
 #include <QPalette>
 #include <QStyle>
@@ -52,7 +53,12 @@ void HostQtStyleManager::setTheme(int theme)
 {
   m_theme = theme == Dark ? Dark : Light;
   if (qobject_cast<QApplication*>(QCoreApplication::instance()))
+  {
+    // Over whatever style the application chose; set before the palette, which a new style would reset.
+    if (QApplication::style() && !qobject_cast<HostQtStyle*>(QApplication::style()))
+      QApplication::setStyle(new HostQtStyle(QApplication::style()->objectName()));
     QApplication::setPalette(m_theme == Dark ? darkPalette() : lightPalette());
+  }
   emit themeChanged(m_theme);
 }
 

@@ -17,7 +17,7 @@ public:
 
   /** 0 for the dark theme, anything else is light. */
   int theme() const { return m_theme; }
-  /** Switches the theme and, when an application exists, its palette. */
+  /** Switches the theme and, when an application exists, its palette; the application's style is wrapped in HostQtStyle. */
   void setTheme(int theme);
 
 signals:

@@ -84,6 +84,8 @@ void QHostCheckBox::paintEvent(QPaintEvent* event)
   p.setRenderHint(QPainter::Antialiasing);
   const QPalette& pal = palette();
   const bool on = checkState() == Qt::Checked;
+  // Neither on nor off: the values of a selection differ.
+  const bool middle = checkState() == Qt::PartiallyChecked;
   const bool enabled = isEnabled();
 
   const QRectF track = trackRect();
@@ -102,10 +104,14 @@ void QHostCheckBox::paintEvent(QPaintEvent* event)
   p.drawRoundedRect(track, radius, radius);
 
   const qreal knob = track.height() - 4.0;
-  const qreal x = on ? track.right() - 2.0 - knob : track.left() + 2.0;
+  qreal x = on ? track.right() - 2.0 - knob : track.left() + 2.0;
+  if (middle)
+    x = track.center().x() - knob / 2.0;
   QColor knobColor(Qt::white);
   if (!enabled)
     knobColor = pal.color(QPalette::Disabled, QPalette::Button);
+  else if (middle)
+    knobColor.setAlphaF(0.55); // the track shows through: a grey that suits either theme
   p.setBrush(knobColor);
   p.drawEllipse(QRectF(x, track.top() + 2.0, knob, knob));
 

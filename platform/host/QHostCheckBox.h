@@ -6,7 +6,10 @@
 namespace host_qt_ui_core
 {
 
-/** The host's check box; in switch mode it is drawn as an on/off toggle switch. */
+/**
+ * The host's check box; in switch mode it is drawn as an on/off toggle
+ * switch, whose knob rests in the middle, greyed, while partially checked.
+ */
 class HOST_EXPORT QHostCheckBox : public QCheckBox
 {
   Q_OBJECT

@@ -6,7 +6,11 @@
 namespace host_qt_ui_core
 {
 
-/** The host's combo box; in a scrolling panel the wheel can be left to the panel. */
+/**
+ * The host's combo box; in a scrolling panel the wheel can be left to the
+ * panel. With no entry current, a non-editable box shows its placeholder
+ * text in the palette's placeholder colour, as an editable one does.
+ */
 class HOST_EXPORT QHostComboBox : public QComboBox
 {
   Q_OBJECT
@@ -21,6 +25,7 @@ public:
 
 protected:
   void wheelEvent(QWheelEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
 
 private:
   bool m_wheelDisabled = false;

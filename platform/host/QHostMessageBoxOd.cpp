@@ -1,6 +1,7 @@
 #include "QHostMessageBoxOd.h"
 
 #include "OdStringQt.h"
+#include "QHostMessageBalloon.h"
 #include <QApplication>
 #include <QMessageBox>
 
@@ -13,14 +14,30 @@ static QHostMessageBoxOd::Interceptor& interceptor()
   return instance;
 }
 
-int QHostMessageBoxOd::critical(const OdString& message, int buttons)
+static QHostMessageBoxOd::Presentation& presentationSetting()
 {
-  return show(Critical, message, buttons);
+  static QHostMessageBoxOd::Presentation instance = QHostMessageBoxOd::Balloon;
+  return instance;
 }
 
-int QHostMessageBoxOd::information(const OdString& message, int buttons)
+int QHostMessageBoxOd::critical(const OdString& message, int buttons, QWidget* anchor)
 {
-  return show(Information, message, buttons);
+  return show(Critical, message, buttons, anchor);
+}
+
+int QHostMessageBoxOd::information(const OdString& message, int buttons, QWidget* anchor)
+{
+  return show(Information, message, buttons, anchor);
+}
+
+void QHostMessageBoxOd::setPresentation(Presentation presentation)
+{
+  presentationSetting() = presentation;
+}
+
+QHostMessageBoxOd::Presentation QHostMessageBoxOd::presentation()
+{
+  return presentationSetting();
 }
 
 void QHostMessageBoxOd::setInterceptor(const Interceptor& replacement)
@@ -28,11 +45,18 @@ void QHostMessageBoxOd::setInterceptor(const Interceptor& replacement)
   interceptor() = replacement;
 }
 
-int QHostMessageBoxOd::show(Kind kind, const OdString& message, int buttons)
+int QHostMessageBoxOd::show(Kind kind, const OdString& message, int buttons, QWidget* anchor)
 {
   const QString text = toQString(message);
   if (interceptor())
     return interceptor()(kind, text, buttons);
+  // A field that has been hidden since the message was posted gives way to the one with the focus.
+  QWidget* field = anchor && anchor->isVisible() ? anchor : QApplication::focusWidget();
+  if (presentation() == Balloon && field && field->isVisible())
+  {
+    QHostMessageBalloon::showAt(field, text, kind == Critical);
+    return Ok;
+  }
   const auto standardButtons = QMessageBox::StandardButtons(buttons ? buttons : int(Ok));
   QWidget* parent = QApplication::activeWindow();
   const QString title = QApplication::applicationDisplayName();

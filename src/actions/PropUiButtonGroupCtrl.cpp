@@ -106,6 +106,18 @@ void PropUiButtonGroupCtrl::commitButton(QAbstractButton* button)
   if (!m_bag->getListValue(m_index, key->second, value))
     return;
   // A listed value belongs to the item. After a refusal the buttons stay as
-  // the user left them until the next update.
-  commitValue(value, CommitTarget::WholeItem);
+  // the user left them until the next update, unless the values differ.
+  if (commitValue(value, CommitTarget::WholeItem) != CommitResult::Written)
+    restoreVariesLook();
+}
+
+// Asked of the bag rather than remembered: by the time a click arrives the
+// group has already checked the new button.
+void PropUiButtonGroupCtrl::restoreVariesLook()
+{
+  PropVariant value;
+  if (!m_bag || !m_buttonGroup || !m_bag->getValue(m_index, value) || !value.isVaries())
+    return;
+  for (QAbstractButton* button : m_buttonGroup->buttons())
+    uncheck(button);
 }

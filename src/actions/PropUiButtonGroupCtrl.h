@@ -47,6 +47,8 @@ protected:
   void showEntry(QAbstractButton* button, const OdString& text, unsigned long key);
   /** Writes the value of the clicked button's entry. */
   void commitButton(QAbstractButton* button);
+  /** After a refused click: while the item's values still differ, no button is checked. */
+  void restoreVariesLook();
 
   QPointer<QButtonGroup> m_buttonGroup;
   std::map<QAbstractButton*, unsigned long> m_buttonKeys;

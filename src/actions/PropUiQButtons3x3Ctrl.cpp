@@ -84,5 +84,18 @@ void PropUiQButtons3x3Ctrl::onIdClicked(int id)
   PropVariant value;
   value.setInt32(id);
   // Each cell stands for one listed value of the item: the whole item is written.
-  commitValue(value, CommitTarget::WholeItem);
+  if (commitValue(value, CommitTarget::WholeItem) != CommitResult::Written)
+    restoreVariesLook();
+}
+
+void PropUiQButtons3x3Ctrl::restoreVariesLook()
+{
+  PropVariant value;
+  if (!m_bag || !m_buttonGroup || !m_bag->getValue(m_index, value) || !value.isVaries())
+    return;
+  // An exclusive group keeps its checked button; it lets go only while not exclusive.
+  m_buttonGroup->setExclusive(false);
+  for (QAbstractButton* cell : m_buttonGroup->buttons())
+    cell->setChecked(false);
+  m_buttonGroup->setExclusive(true);
 }

@@ -29,6 +29,8 @@ public:
 
 private:
   void refreshCells(const OdStringArray& texts, const PropKeyArray& keys);
+  /** After a refused click: while the item's values still differ, no cell is checked. */
+  void restoreVariesLook();
 
   QPointer<QButtonGroup> m_buttonGroup;
 };

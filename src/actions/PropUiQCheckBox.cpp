@@ -69,12 +69,15 @@ void PropUiQCheckBox::onClicked(bool)
     return;
   // The click has already moved the box out of its partial look; the third
   // state must not come back on the next click.
-  if (m_checkBox->isTristate())
+  const bool wasVaries = m_checkBox->isTristate();
+  if (wasVaries)
     setVaries(false);
   PropVariant value;
   value.setBool(m_checkBox->checkState() == Qt::Checked);
   if (commitValue(value) == CommitResult::Written)
     m_lastState = m_checkBox->checkState();
+  else if (wasVaries)
+    setVaries(true); // the selection still disagrees
   else
     m_checkBox->setCheckState(m_lastState);
 }

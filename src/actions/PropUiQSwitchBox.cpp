@@ -48,21 +48,31 @@ bool PropUiQSwitchBox::isVaries() const
   return m_varies;
 }
 
+// The box shows the third state only while the values differ: a click takes
+// it to on, and the next click must not come back to the middle.
 void PropUiQSwitchBox::setVaries(bool varies)
 {
   m_varies = varies;
+  if (!m_checkBox)
+    return;
+  m_checkBox->setTristate(varies);
+  if (varies)
+    m_checkBox->setCheckState(Qt::PartiallyChecked);
 }
 
 void PropUiQSwitchBox::onClicked(bool)
 {
   if (!m_bag || !m_checkBox)
     return;
-  if (isVaries())
+  const bool wasVaries = isVaries();
+  if (wasVaries)
     setVaries(false);
   PropVariant value;
   value.setBool(m_checkBox->checkState() == Qt::Checked);
   if (commitValue(value) == CommitResult::Written)
     m_lastChecked = m_checkBox->checkState() == Qt::Checked;
+  else if (wasVaries)
+    setVaries(true); // the selection still disagrees
   else
     m_checkBox->setCheckState(m_lastChecked ? Qt::Checked : Qt::Unchecked);
 }

@@ -4,7 +4,7 @@
 #include "QHostCheckBox.h"
 #include <QPointer>
 
-/** A boolean item as an on/off switch. A varying selection is remembered, not shown. */
+/** A boolean item as an on/off switch. While the values differ the knob rests in the middle, greyed. */
 class PROPWIDGETS_EXPORT PropUiQSwitchBox : public PropUiQControl
 {
   Q_OBJECT

@@ -52,21 +52,23 @@ void finishPicker(Control* control, Picker* picker, QPointer<host_qt_ui_core::QH
 /**
  * Validates and writes the whole item; a refusal shows the bag's message as
  * an error and puts the last committed entry back, as does a failed write.
+ * True when the bag took the value.
  */
-inline void commitPick(PropUiQComboBox* control, const PropVariant& value,
+inline bool commitPick(PropUiQComboBox* control, const PropVariant& value,
                        const QPointer<host_qt_ui_core::QHostComboBox>& combo, int& last)
 {
   const PropUiQControl::CommitResult result =
     control->commitValue(value, PropUiQControl::CommitTarget::WholeItem, PropUiQControl::RefusalMessage::Error);
   if (result == PropUiQControl::CommitResult::Unbound || !combo)
-    return;
+    return false;
   if (result != PropUiQControl::CommitResult::Written)
   {
     combo->setCurrentIndex(last);
-    return;
+    return false;
   }
   control->removeTempItem(last);
   last = combo->currentIndex();
+  return true;
 }
 
 } // namespace propui

@@ -51,7 +51,9 @@ void PropUiQArrowheadCtrl::onActivated(int index)
   // "User Arrow..." is current until its chooser closes; the block picked there comes as its own activation.
   if (!combo->getSelected(id))
     return;
-  if (isVaries())
+  const bool wasVaries = isVaries();
+  if (wasVaries)
     setVaries(false);
-  propui::commitPick(this, propVariantFromObjectId(id), m_combo, m_lastIndex);
+  if (!propui::commitPick(this, propVariantFromObjectId(id), m_combo, m_lastIndex) && wasVaries)
+    setVaries(true);
 }

@@ -89,15 +89,18 @@ void PropUiQColorCtrl::onActivated(int index)
   const OdCmColor color = combo->getSelectedColor();
   // Remembered before the bag answers: a colour the user went to the trouble of picking is kept.
   hostAddCustomColor(color);
+  const bool wasVaries = isVaries();
+  if (wasVaries)
+    setVaries(false);
   const CommitResult result = commitValue(propVariantFromColor(color), CommitTarget::WholeItem, RefusalMessage::Error);
   if (result == CommitResult::Refused || result == CommitResult::Unbound)
   {
     if (result == CommitResult::Refused)
-      combo->setCurrentIndex(m_lastIndex);
+      revertChoice(wasVaries);
     return;
   }
   if (result == CommitResult::NotWritten)
-    combo->setCurrentIndex(m_lastIndex);
+    revertChoice(wasVaries);
   // After a failed write too: the entry picked becomes the one to fall back to.
   removeTempItem(m_lastIndex);
   m_lastIndex = index;

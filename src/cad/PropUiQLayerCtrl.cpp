@@ -159,25 +159,25 @@ void PropUiQLayerCtrl::onActivated(int index)
 {
   if (!m_bag || !m_combo || index < 0 || index >= m_combo->count())
     return;
-  if (isVaries())
+  const bool wasVaries = isVaries();
+  if (wasVaries)
     setVaries(false);
   const QVariant key = m_combo->itemData(index, Qt::UserRole);
   if (key.userType() != QMetaType::ULongLong)
   {
-    m_combo->setCurrentIndex(m_lastIndex);
+    revertChoice(wasVaries);
     return; // the entry that shows the bag's own text stands for the value already there
   }
   const PropVariant value = propVariantFromObjectId(OdDbObjectId(key.toULongLong()));
   hostDbPropBagCtx* context = propui::databaseContextOf(m_bag);
   if (context && context->isDisabledValue(m_index, value))
   {
-    m_combo->setCurrentIndex(m_lastIndex);
+    revertChoice(wasVaries);
     return;
   }
   if (commitValue(value, CommitTarget::WholeItem, RefusalMessage::Error) != CommitResult::Written)
   {
-    if (m_combo)
-      m_combo->setCurrentIndex(m_lastIndex);
+    revertChoice(wasVaries);
     return;
   }
   dropStaleTempItem();

@@ -60,12 +60,14 @@ void PropUiQLinetypeCtrl::onActivated(int index)
     return;
   if (index == combo->count() - 1 && (getOptions() & PropUiOption::kLinetypeChooserLast))
     return;
-  if (isVaries())
-    setVaries(false);
   const OdDbObjectId id = combo->selectedLineType();
   if (id.isNull())
     return; // a linetype is never the null id; nothing sensible to write
+  const bool wasVaries = isVaries();
+  if (wasVaries)
+    setVaries(false);
   PropVariant value;
   value.setUInt64(id.getHandle());
-  propui::commitPick(this, value, m_combo, m_lastIndex);
+  if (!propui::commitPick(this, value, m_combo, m_lastIndex) && wasVaries)
+    setVaries(true);
 }

@@ -52,9 +52,11 @@ void PropUiQLineweightCtrl::onActivated(int index)
   auto* combo = qobject_cast<host_qt_ui::QHostUiLineWeightComboBox*>(m_combo.data());
   if (!combo || index < 0 || index >= combo->count())
     return;
-  if (isVaries())
+  const bool wasVaries = isVaries();
+  if (wasVaries)
     setVaries(false);
   PropVariant value;
   value.setInt32(combo->getSelectedWeight());
-  propui::commitPick(this, value, m_combo, m_lastIndex);
+  if (!propui::commitPick(this, value, m_combo, m_lastIndex) && wasVaries)
+    setVaries(true);
 }

@@ -156,22 +156,41 @@ void PropUiQComboBox::onActivated(int index)
 {
   if (!m_bag || !m_combo)
     return;
-  if (isVaries())
+  const bool wasVaries = isVaries();
+  if (wasVaries)
     setVaries(false);
   const QVariant id = m_combo->itemData(index, Qt::UserRole);
   if (!id.isValid())
-    return; // a temporary entry stands for the value already there
+  {
+    // A temporary entry stands for the value already there.
+    if (wasVaries)
+      setVaries(true);
+    return;
+  }
   PropVariant value;
   if (!m_bag->getListValue(m_index, static_cast<unsigned long>(id.toULongLong()), value))
+  {
+    revertChoice(wasVaries);
     return;
+  }
   // A listed value belongs to the item, so a choice writes the whole item.
   if (commitValue(value, CommitTarget::WholeItem, RefusalMessage::Information) != CommitResult::Written)
   {
-    m_combo->setCurrentIndex(m_lastIndex);
+    revertChoice(wasVaries);
     return;
   }
   dropStaleTempItem();
   m_lastIndex = m_combo->currentIndex();
+}
+
+void PropUiQComboBox::revertChoice(bool wasVaries)
+{
+  if (!m_combo)
+    return;
+  if (wasVaries)
+    setVaries(true);
+  else
+    m_combo->setCurrentIndex(m_lastIndex);
 }
 
 void PropUiQComboBox::onEditingFinished() {}

@@ -42,6 +42,11 @@ public:
 protected:
   /** Takes the entry at the last committed index out if it is temporary and no longer shown. */
   void dropStaleTempItem();
+  /**
+   * Shows again what was there before a choice the bag did not take: the
+   * varies look when the selection varied, else the last committed entry.
+   */
+  void revertChoice(bool wasVaries);
 
   int m_lastIndex = -1;
   QPointer<host_qt_ui_core::QHostComboBox> m_combo;

@@ -13,6 +13,7 @@
 #include "PropUiQEventFilter.h"
 #include "PropUiRedirectFocusPolicyFilter.h"
 #include "QHostMessageBoxOd.h"
+#include <QApplication>
 #include <QLayout>
 #include <QTimer>
 
@@ -256,12 +257,15 @@ bool PropUiQControl::postMessage(const OdString& message, bool error)
   if (m_messagesSuppressed || message.isEmpty())
     return false;
   const OdString text = message;
+  // The field being edited is the one with the focus now, in the event that made the write.
+  QWidget* focus = QApplication::focusWidget();
+  const QPointer<QWidget> field = focus && (focus == this || isAncestorOf(focus)) ? focus : this;
   // A control deleted before the message's turn takes its message with it.
-  QTimer::singleShot(0, this, [text, error]() {
+  QTimer::singleShot(0, this, [text, error, field]() {
     if (error)
-      host_qt_ui::QHostMessageBoxOd::critical(text, host_qt_ui::QHostMessageBoxOd::Ok);
+      host_qt_ui::QHostMessageBoxOd::critical(text, host_qt_ui::QHostMessageBoxOd::Ok, field);
     else
-      host_qt_ui::QHostMessageBoxOd::information(text, host_qt_ui::QHostMessageBoxOd::Ok);
+      host_qt_ui::QHostMessageBoxOd::information(text, host_qt_ui::QHostMessageBoxOd::Ok, field);
   });
   return true;
 }

@@ -39,7 +39,10 @@ bool PropUiQLineEdit::setupWithEdit(const std::function<QLineEdit*(QWidget*)>& m
   rules.acceptable = [this]() { return m_edit->hasAcceptableInput(); };
   rules.commit = [this]() { commitWithEnter(); };
   rules.restore = [this]() { restoreLastText(); };
-  rules.moveOn = [this]() { focusNextPrevChild(true); };
+  rules.moveOn = [this]() {
+    if (!m_refused)
+      focusNextPrevChild(true);
+  };
   using Rule = PropUiEditCommitFilter::Rule;
   new PropUiEditCommitFilter(this, edit,
                              Rule::SilenceWhileLeaving | Rule::CommitOnLeave | Rule::DeselectOnLeave | Rule::CommitOnTab |
@@ -92,20 +95,25 @@ void PropUiQLineEdit::updateData()
 
 bool PropUiQLineEdit::applyData()
 {
+  m_refused = false;
   if (!m_bag || !m_edit || m_edit->text() == m_lastText)
     return false;
   PropVariant value;
   if (!m_bag->parseValue(m_index, m_element, toOdString(m_edit->text().trimmed()), value))
   {
     restoreLastText();
+    m_refused = true;
     return false;
   }
   if (commitValue(value) != CommitResult::Written)
   {
     restoreLastText();
+    m_refused = true;
     return false;
   }
   m_lastText = m_edit->text();
+  // The field holds a value of its own now; emptying it must not bring the varies text back.
+  m_edit->setPlaceholderText(QString());
   return true;
 }
 

@@ -43,4 +43,7 @@ protected:
 private:
   void restoreLastText();
   void commitWithEnter();
+
+  /** The last Return was refused: the focus stays, so the user can put the value right. */
+  bool m_refused = false;
 };

@@ -54,10 +54,19 @@ void PropUiQTextComboCtrl::updateData()
     m_committed.init(m_combo->currentIndex(), m_combo->currentText());
 }
 
-void PropUiQTextComboCtrl::leaveVaries()
+bool PropUiQTextComboCtrl::leaveVaries()
 {
-  if (isVaries())
-    setVaries(false);
+  if (!isVaries())
+    return false;
+  setVaries(false);
+  return true;
+}
+
+void PropUiQTextComboCtrl::restoreCommitted(bool wasVaries)
+{
+  m_committed.restore(m_combo);
+  if (wasVaries)
+    setVaries(true);
 }
 
 // The choice writes the whole item, as the plain combo's does: a listed value belongs to the item.
@@ -68,21 +77,25 @@ void PropUiQTextComboCtrl::onActivated(int index)
   const ApplyingScope applying(this);
   if (!applying.entered())
     return;
-  leaveVaries();
+  const bool wasVaries = leaveVaries();
   const QVariant id = m_combo->itemData(index, Qt::UserRole);
   PropVariant value;
   if (!id.isValid() || !m_bag->getListValue(m_index, static_cast<unsigned long>(id.toULongLong()), value))
+  {
+    if (wasVaries)
+      setVaries(true);
     return;
+  }
   const CommitResult result = commitValue(value, CommitTarget::WholeItem);
   if (result == CommitResult::Refused)
   {
-    m_committed.restore(m_combo);
+    restoreCommitted(wasVaries);
     // Deliberately final: after a refused choice the control takes no more input.
     m_inert = true;
     return;
   }
   if (result != CommitResult::Written)
-    m_committed.restore(m_combo);
+    restoreCommitted(wasVaries);
   const int committedIndex = m_committed.index();
   if (committedIndex != m_combo->currentIndex())
     removeTempItem(committedIndex);
@@ -94,14 +107,15 @@ bool PropUiQTextComboCtrl::applyData()
 {
   if (!m_bag || !m_combo)
     return false;
-  leaveVaries();
   const QString text = m_combo->currentText().trimmed();
+  // Nothing typed, or an entry's text (its activation writes it): the look stays, varies included.
   if (text == m_committed.text() || m_combo->findData(text, Qt::DisplayRole, Qt::MatchFixedString) >= 0)
     return false;
+  const bool wasVaries = leaveVaries();
   PropVariant value;
   if (!m_bag->parseValue(m_index, m_element, toOdString(text), value))
   {
-    m_committed.restore(m_combo);
+    restoreCommitted(wasVaries);
     return false;
   }
   switch (commitValue(value, CommitTarget::WholeItem))
@@ -110,11 +124,13 @@ bool PropUiQTextComboCtrl::applyData()
     m_committed.init(-1, text);
     return true;
   case CommitResult::NotWritten:
-    m_committed.restore(m_combo);
-    m_committed.setText(text);
+    restoreCommitted(wasVaries);
+    // What the field shows is the varies look, not a typed text to come back to.
+    if (!wasVaries)
+      m_committed.setText(text);
     return false;
   default:
-    m_committed.restore(m_combo);
+    restoreCommitted(wasVaries);
     return false;
   }
 }

@@ -32,7 +32,10 @@ public:
   bool isInert() const { return m_inert; }
 
 private:
-  void leaveVaries();
+  /** Leaves the varies look; true when it was shown. */
+  bool leaveVaries();
+  /** Shows the committed state again, or the varies look when that is what was shown. */
+  void restoreCommitted(bool wasVaries);
   void commitWithEnter();
   bool acceptable() const;
 

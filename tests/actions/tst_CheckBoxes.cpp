@@ -45,11 +45,8 @@ private slots:
     RecordingBag bag;
     const int item = bag.addItem(QStringLiteral("Locked"), boolValue(false));
     QScopedPointer<PropUiQCheckBox> control(boundControl<PropUiQCheckBox>(bag, item));
-    bag.item(item).value = boolValue(true, true);
-    control->updateData();
     bag.item(item).acceptWrite = false;
     control->checkBox()->click();
-    // The partial look is gone; the box shows the last value the bag confirmed.
     QCOMPARE(control->checkBox()->checkState(), Qt::Unchecked);
     QVERIFY(bag.written.isEmpty());
 
@@ -84,26 +81,41 @@ private slots:
     QVERIFY(textSwitch->checkBox()->text().isEmpty());
   }
 
-  void switchKeepsVariesAsAFlagOnly()
+  void switchShowsVariesInTheMiddleAndOneClickTurnsItOn()
   {
     RecordingBag bag;
-    const int item = bag.addItem(QStringLiteral("Snap"), boolValue(true));
+    const int item = bag.addItem(QStringLiteral("Snap"), boolValue(false));
     QScopedPointer<PropUiQSwitchBox> control(boundControl<PropUiQSwitchBox>(bag, item));
     QVERIFY(control->checkBox()->isSwitchMode());
-    QVERIFY(control->checkBox()->isChecked());
+    QVERIFY(!control->checkBox()->isChecked());
     bag.item(item).value = boolValue(false, true);
     control->updateData();
     QVERIFY(control->isVaries());
-    QCOMPARE(control->checkBox()->checkState(), Qt::Checked); // looks like its last state
+    QCOMPARE(control->checkBox()->checkState(), Qt::PartiallyChecked); // neither on nor off
 
     control->checkBox()->click();
     QVERIFY(!control->isVaries());
+    QCOMPARE(control->checkBox()->checkState(), Qt::Checked);
     QCOMPARE(bag.written.size(), 1);
-    QVERIFY(!bag.written[0].getBool());
+    QVERIFY(bag.written[0].getBool());
 
+    // Never back to the middle by clicking; a refusal returns to the confirmed state.
     bag.item(item).acceptWrite = false;
     control->checkBox()->click();
-    QVERIFY(!control->checkBox()->isChecked());
+    QCOMPARE(control->checkBox()->checkState(), Qt::Checked);
+    bag.item(item).acceptWrite = true;
+    control->checkBox()->click();
+    control->checkBox()->click();
+    QCOMPARE(control->checkBox()->checkState(), Qt::Checked);
+
+    // A read of a real value leaves the middle.
+    bag.item(item).value = boolValue(false, true);
+    control->updateData();
+    bag.item(item).value = boolValue(false);
+    control->updateData();
+    QVERIFY(!control->isVaries());
+    QCOMPARE(control->checkBox()->checkState(), Qt::Unchecked);
+    QVERIFY(!control->checkBox()->isTristate());
   }
 
   void otherTypesAndBadInputChangeNothing()

@@ -300,30 +300,43 @@ private slots:
   void aRefusedPickPutsThePreviousEntryBack_data()
   {
     QTest::addColumn<int>("kind");
-    QTest::newRow("colour") << 0;
-    QTest::newRow("lineweight") << 1;
-    QTest::newRow("linetype") << 2;
-    QTest::newRow("arrowhead") << 3;
-    QTest::newRow("layer") << 4;
+    QTest::addColumn<bool>("varies");
+    const char* kinds[] = {"colour", "lineweight", "linetype", "arrowhead", "layer"};
+    for (int kind = 0; kind < 5; ++kind)
+    {
+      QTest::addRow("%s", kinds[kind]) << kind << false;
+      QTest::addRow("%s, varies", kinds[kind]) << kind << true;
+    }
   }
 
   void aRefusedPickPutsThePreviousEntryBack()
   {
     QFETCH(int, kind);
+    QFETCH(bool, varies);
     MessageCatcher messages;
     Fixture f;
+    PropVariant value;
+    switch (kind)
+    {
+    case 0: value = propVariantFromColor(aci(1)); break;
+    case 1: value = propVariantFromLineweight(OdDb::kLnWt050); break;
+    case 2: value = propVariantFromObjectId(f.dashed); break;
+    case 3: value = propVariantFromObjectId(f.db.getBlockId(OdString(L"_Dot"))); break;
+    default: value = propVariantFromObjectId(f.walls); break;
+    }
+    value.setVaries(varies);
     QScopedPointer<PropUiQComboBox> control;
     switch (kind)
     {
-    case 0: control.reset(f.bound<PropUiQColorCtrl>(propVariantFromColor(aci(1)))); break;
-    case 1: control.reset(f.bound<PropUiQLineweightCtrl>(propVariantFromLineweight(OdDb::kLnWt050))); break;
-    case 2: control.reset(f.bound<PropUiQLinetypeCtrl>(propVariantFromObjectId(f.dashed))); break;
-    case 3: control.reset(f.bound<PropUiQArrowheadCtrl>(propVariantFromObjectId(f.db.getBlockId(OdString(L"_Dot"))))); break;
-    default: control.reset(f.bound<PropUiQLayerCtrl>(propVariantFromObjectId(f.walls))); break;
+    case 0: control.reset(f.bound<PropUiQColorCtrl>(value)); break;
+    case 1: control.reset(f.bound<PropUiQLineweightCtrl>(value)); break;
+    case 2: control.reset(f.bound<PropUiQLinetypeCtrl>(value)); break;
+    case 3: control.reset(f.bound<PropUiQArrowheadCtrl>(value)); break;
+    default: control.reset(f.bound<PropUiQLayerCtrl>(value)); break;
     }
     QComboBox* combo = control->comboBox();
     const int shown = combo->currentIndex();
-    QVERIFY(shown >= 0);
+    QCOMPARE(shown >= 0, !varies);
     QCOMPARE(control->lastCommittedIndex(), shown);
     f.bag.item(0).acceptValidate = false;
     f.bag.item(0).validateMessage = QStringLiteral("Not on this object.");
@@ -331,6 +344,9 @@ private slots:
     combo->setCurrentIndex(other);
     control->onActivated(other);
     QCOMPARE(combo->currentIndex(), shown);
+    // A selection that varied still does: the field says so again.
+    QCOMPARE(control->isVaries(), varies);
+    QCOMPARE(combo->placeholderText(), varies ? QStringLiteral("*varies*") : QString());
     QVERIFY(f.bag.written.isEmpty());
     QTRY_COMPARE(messages.shown.size(), 1);
     QCOMPARE(int(messages.shown[0].kind), int(host_qt_ui::QHostMessageBoxOd::Critical));

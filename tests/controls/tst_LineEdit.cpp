@@ -5,6 +5,7 @@
 #include "PropUiQDistanceCtrl.h"
 #include "PropUiQDoubleCtrl.h"
 #include "PropUiQTextCtrl.h"
+#include "QHostMessageBalloon.h"
 #include "QHostTextEdit.h"
 #include "RecordingBag.h"
 #include "TestValues.h"
@@ -73,6 +74,35 @@ private slots:
     QCOMPARE(messages.shown[0].text, QStringLiteral("The radius must be greater than zero."));
     QCOMPARE(control->lineEdit()->text(), QStringLiteral("12.5"));
     QVERIFY(bag.written.isEmpty());
+  }
+
+  // Without an interceptor, as in the host: no modal box hides the field or takes the focus.
+  void aRefusalAfterReturnHangsAtTheField()
+  {
+    RecordingBag bag;
+    const int item = addRadius(bag);
+    bag.item(item).acceptValidate = false;
+    bag.item(item).validateMessage = QStringLiteral("The radius must be greater than zero.");
+    ControlWindow window(boundControl<PropUiQDoubleCtrl>(bag, item));
+    auto* control = window.findChild<PropUiQDoubleCtrl*>();
+    QVERIFY(window.showActive());
+    control->lineEdit()->setFocus(Qt::MouseFocusReason);
+    QTRY_VERIFY(control->lineEdit()->hasFocus());
+    control->lineEdit()->selectAll();
+    QTest::keyClicks(control->lineEdit(), QStringLiteral("-2"));
+    QTest::keyClick(control->lineEdit(), Qt::Key_Return);
+
+    QTRY_VERIFY(host_qt_ui::QHostMessageBalloon::current());
+    QPointer<host_qt_ui::QHostMessageBalloon> balloon = host_qt_ui::QHostMessageBalloon::current();
+    QCOMPARE(balloon->field(), static_cast<QWidget*>(control->lineEdit()));
+    QCOMPARE(balloon->text(), QStringLiteral("The radius must be greater than zero."));
+    QVERIFY(!QApplication::activeModalWidget());
+    QCOMPARE(QApplication::activeWindow(), static_cast<QWidget*>(&window));
+    // A refused value is not moved away from: the user puts it right where it is.
+    QVERIFY(control->lineEdit()->hasFocus());
+    QTest::keyClick(control->lineEdit(), Qt::Key_3);
+    QTRY_VERIFY(!balloon);
+    QVERIFY(control->lineEdit()->hasFocus());
   }
 
   void returnCommitsAndMovesOn()

@@ -1,14 +1,24 @@
+#include "HostQtStyle.h"
 #include "HostQtStyleManager.h"
 #include "HostVisualManager.h"
+#include "OdStringQt.h"
 #include "QHostCheckBox.h"
 #include "QHostComboBox.h"
 #include "QHostLineEdit.h"
+#include "QHostMessageBalloon.h"
+#include "QHostMessageBoxOd.h"
 #include "QHostSpinBox.h"
 #include "QHostTextEdit.h"
 #include <QApplication>
 #include <QClipboard>
 #include <QCompleter>
 #include <QLineEdit>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QStyleOptionComboBox>
+#include <QTimer>
+#include <QToolButton>
+#include <QVBoxLayout>
 #include <QtTest>
 
 namespace
@@ -21,7 +31,42 @@ void wheelDown(QWidget* widget)
   QCoreApplication::sendEvent(widget, &wheel);
 }
 
+/** The colour the widget's background shows at its centre, where no caption is drawn. */
+QColor backgroundAtCentre(QWidget& widget)
+{
+  const QImage image = widget.grab().toImage();
+  return image.pixelColor(image.width() / 2, image.height() / 2);
+}
+
+/** A window with two fields, the first one focused. */
+struct TwoFields
+{
+  TwoFields()
+  {
+    auto* layout = new QVBoxLayout(&window);
+    first = new QLineEdit(&window);
+    second = new QLineEdit(&window);
+    layout->addWidget(first);
+    layout->addWidget(second);
+    window.resize(300, 200);
+  }
+  bool showWithFocusInFirst()
+  {
+    window.show();
+    window.activateWindow();
+    if (!QTest::qWaitForWindowActive(&window))
+      return false;
+    first->setFocus();
+    return first->hasFocus();
+  }
+  QWidget window;
+  QLineEdit* first = nullptr;
+  QLineEdit* second = nullptr;
+};
+
 } // namespace
+
+Q_DECLARE_METATYPE(host_qt_ui::QHostMessageBoxOd::Kind)
 
 class TestHostWidgets : public QObject
 {
@@ -149,6 +194,197 @@ private slots:
     QVERIFY((darkText & 0xFF) > 0x80);
     QVERIFY((hostVisualManager()->textColor(0) & 0xFF) < 0x80);
     QCOMPARE(changed.count(), 2);
+  }
+
+  void themes_data()
+  {
+    QTest::addColumn<int>("theme");
+    QTest::newRow("dark") << int(HostQtStyleManager::Dark);
+    QTest::newRow("light") << int(HostQtStyleManager::Light);
+  }
+
+  void aComboWithoutEntryShowsItsPlaceholder_data() { themes_data(); }
+
+  // Qt 5.15 leaves a non-editable combo blank whatever its placeholder.
+  void aComboWithoutEntryShowsItsPlaceholder()
+  {
+    QFETCH(int, theme);
+    hostGetQtStyleManager()->setTheme(theme);
+    host_qt_ui_core::QHostComboBox combo;
+    combo.addItems({QStringLiteral("Continuous"), QStringLiteral("Dashed")});
+    combo.resize(160, combo.sizeHint().height());
+    combo.setCurrentIndex(-1);
+    const QImage blank = combo.grab().toImage();
+
+    combo.setPlaceholderText(QStringLiteral("*varies*"));
+    const QImage varies = combo.grab().toImage();
+    QVERIFY(varies != blank);
+
+    // It reads as an entry "*varies*" would, only in the placeholder colour.
+    host_qt_ui_core::QHostComboBox reference;
+    reference.addItem(QStringLiteral("*varies*"));
+    reference.resize(combo.size());
+    QPalette palette = reference.palette();
+    palette.setColor(QPalette::ButtonText, palette.color(QPalette::PlaceholderText));
+    reference.setPalette(palette);
+    // The text field only: the base style draws the arrow in the caption colour too.
+    QStyleOptionComboBox option;
+    option.initFrom(&combo);
+    const QRect field =
+      combo.style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, &combo);
+    QCOMPARE(reference.grab().toImage().copy(field), varies.copy(field));
+
+    // An entry shown takes its place.
+    combo.setCurrentIndex(0);
+    QVERIFY(combo.grab().toImage() != varies);
+  }
+
+  void aSwitchThatVariesRestsInTheMiddle_data() { themes_data(); }
+
+  void aSwitchThatVariesRestsInTheMiddle()
+  {
+    QFETCH(int, theme);
+    hostGetQtStyleManager()->setTheme(theme);
+    host_qt_ui_core::QHostCheckBox box;
+    box.enableSwitchMode(true);
+    box.setTristate(true);
+    box.resize(box.sizeHint());
+    // Without a caption the track fills the box: its middle is the box's.
+    const QPoint middle(box.width() / 2, box.height() / 2);
+    box.setCheckState(Qt::Unchecked);
+    const QImage off = box.grab().toImage();
+    box.setCheckState(Qt::Checked);
+    const QImage on = box.grab().toImage();
+    box.setCheckState(Qt::PartiallyChecked);
+    const QImage varies = box.grab().toImage();
+
+    const QColor knob = varies.pixelColor(middle);
+    QVERIFY(knob != off.pixelColor(middle));
+    QVERIFY(knob != on.pixelColor(middle));
+    // Greyed: neither the white of a knob at either end nor the highlight of "on".
+    QVERIFY(knob != QColor(Qt::white));
+    QVERIFY(qAbs(knob.red() - knob.blue()) < 24);
+  }
+
+  void checkedButtonsStandApart_data()
+  {
+    QTest::addColumn<int>("theme");
+    QTest::addColumn<bool>("tool");
+    QTest::newRow("dark, push button") << int(HostQtStyleManager::Dark) << false;
+    QTest::newRow("dark, tool button") << int(HostQtStyleManager::Dark) << true;
+    QTest::newRow("light, push button") << int(HostQtStyleManager::Light) << false;
+    QTest::newRow("light, tool button") << int(HostQtStyleManager::Light) << true;
+  }
+
+  // Measured on what is drawn, so the base style's gradient and frame count.
+  void checkedButtonsStandApart()
+  {
+    QFETCH(int, theme);
+    QFETCH(bool, tool);
+    hostGetQtStyleManager()->setTheme(theme);
+    QVERIFY(qobject_cast<HostQtStyle*>(QApplication::style()));
+    QScopedPointer<QAbstractButton> button(tool ? static_cast<QAbstractButton*>(new QToolButton)
+                                                : static_cast<QAbstractButton*>(new QPushButton));
+    button->setCheckable(true);
+    button->resize(48, 28);
+    const QColor unchecked = backgroundAtCentre(*button);
+    button->setChecked(true);
+    const QColor checked = backgroundAtCentre(*button);
+    const double ratio = HostQtStyle::contrastRatio(checked, unchecked);
+    QVERIFY2(ratio >= HostQtStyle::kCheckedContrast,
+             qPrintable(QStringLiteral("%1 against %2: %3:1").arg(checked.name(), unchecked.name()).arg(ratio)));
+
+    // The caption reads on the checked colour at least as well as the background stands apart.
+    const QPalette palette = QApplication::palette();
+    QVERIFY(HostQtStyle::contrastRatio(HostQtStyle::checkedButtonTextColor(palette),
+                                       HostQtStyle::checkedButtonColor(palette)) >= HostQtStyle::kCheckedContrast);
+  }
+
+  void aRefusalIsABalloonAtTheField_data()
+  {
+    QTest::addColumn<host_qt_ui::QHostMessageBoxOd::Kind>("kind");
+    QTest::addColumn<bool>("byClick");
+    QTest::newRow("error, closed by a key") << host_qt_ui::QHostMessageBoxOd::Critical << false;
+    QTest::newRow("note, closed by a click") << host_qt_ui::QHostMessageBoxOd::Information << true;
+  }
+
+  void aRefusalIsABalloonAtTheField()
+  {
+    QFETCH(host_qt_ui::QHostMessageBoxOd::Kind, kind);
+    QFETCH(bool, byClick);
+    TwoFields fields;
+    QVERIFY(fields.showWithFocusInFirst());
+
+    // WHEN the host is told of a refusal while the first field has the focus
+    const OdString message = toOdString(QStringLiteral("Radius must be positive."));
+    const int answer = kind == host_qt_ui::QHostMessageBoxOd::Critical
+                         ? host_qt_ui::QHostMessageBoxOd::critical(message)
+                         : host_qt_ui::QHostMessageBoxOd::information(message);
+
+    // THEN a balloon hangs at that field, and the focus stays in it
+    QCOMPARE(answer, int(host_qt_ui::QHostMessageBoxOd::Ok));
+    QPointer<host_qt_ui::QHostMessageBalloon> balloon = host_qt_ui::QHostMessageBalloon::current();
+    QVERIFY(balloon);
+    QTRY_VERIFY(balloon->isVisible());
+    QCOMPARE(balloon->field(), static_cast<QWidget*>(fields.first));
+    QCOMPARE(balloon->text(), QStringLiteral("Radius must be positive."));
+    const QRect field(fields.first->mapToGlobal(QPoint(0, 0)), fields.first->size());
+    const QRect at = balloon->frameGeometry();
+    QVERIFY(balloon->isBelowField());
+    QCOMPARE(at.top(), field.bottom() + 1);
+    QVERIFY(at.left() >= field.left() && at.left() < field.center().x());
+    QVERIFY(fields.first->hasFocus());
+    QCOMPARE(QApplication::activeWindow(), &fields.window);
+
+    // WHEN the user goes on typing or clicks, THEN the balloon goes, and what the user did still happens
+    if (byClick)
+      QTest::mouseClick(fields.first, Qt::LeftButton, Qt::NoModifier, QPoint(5, 5));
+    else
+      QTest::keyClick(fields.first, Qt::Key_A);
+    QTRY_VERIFY(!balloon);
+    QVERIFY(fields.first->hasFocus());
+    QCOMPARE(fields.first->text(), byClick ? QString() : QStringLiteral("a"));
+  }
+
+  void aBalloonGoesWithItsFieldAndOneAtATime()
+  {
+    TwoFields fields;
+    QVERIFY(fields.showWithFocusInFirst());
+    QPointer<host_qt_ui::QHostMessageBalloon> first =
+      host_qt_ui::QHostMessageBalloon::showAt(fields.first, QStringLiteral("one"), true);
+    QPointer<host_qt_ui::QHostMessageBalloon> second =
+      host_qt_ui::QHostMessageBalloon::showAt(fields.second, QStringLiteral("two"), false);
+    QTRY_VERIFY(!first);
+    QCOMPARE(host_qt_ui::QHostMessageBalloon::current(), second.data());
+    delete fields.second;
+    QTRY_VERIFY(!second);
+    QVERIFY(!host_qt_ui::QHostMessageBalloon::showAt(nullptr, QStringLiteral("nowhere"), true));
+  }
+
+  void aHostCanStillAskForAModalBox()
+  {
+    TwoFields fields;
+    QVERIFY(fields.showWithFocusInFirst());
+    host_qt_ui::QHostMessageBoxOd::setPresentation(host_qt_ui::QHostMessageBoxOd::ModalBox);
+    QString shownText;
+    // The box is modal: it is read and closed from inside its own event loop.
+    QTimer closer;
+    closer.setInterval(10);
+    QObject::connect(&closer, &QTimer::timeout, [&shownText]() {
+      for (QWidget* top : QApplication::topLevelWidgets())
+        if (auto* box = qobject_cast<QMessageBox*>(top))
+          if (box->isVisible())
+          {
+            shownText = box->text();
+            box->done(QMessageBox::Ok);
+          }
+    });
+    closer.start();
+    host_qt_ui::QHostMessageBoxOd::critical(toOdString(QStringLiteral("Locked.")));
+    closer.stop();
+    host_qt_ui::QHostMessageBoxOd::setPresentation(host_qt_ui::QHostMessageBoxOd::Balloon);
+    QCOMPARE(shownText, QStringLiteral("Locked."));
+    QVERIFY(!host_qt_ui::QHostMessageBalloon::current());
   }
 };
 

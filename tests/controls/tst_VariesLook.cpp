@@ -1,0 +1,256 @@
+#include "MessageCatcher.h"
+#include "PropUiOptions.h"
+#include "PropUiQButtons3x3Ctrl.h"
+#include "PropUiQCheckBox.h"
+#include "PropUiQComboBox.h"
+#include "PropUiQDoubleCtrl.h"
+#include "PropUiQLineEdit.h"
+#include "PropUiQPushButtonsCtrl.h"
+#include "PropUiQRadioButtonsCtrl.h"
+#include "PropUiQSwitchBox.h"
+#include "PropUiQTextCheckBox.h"
+#include "PropUiQTextComboCtrl.h"
+#include "PropUiQTextSwitchBox.h"
+#include "PropUiQToolButtonsCtrl.h"
+#include "RecordingBag.h"
+#include "TestValues.h"
+#include <QAbstractButton>
+#include <QLineEdit>
+#include <QtTest>
+
+// Every kind that edits one value shows a varying selection its one way,
+// and a refused edit brings that look back rather than a value nobody chose.
+
+namespace
+{
+
+enum Kind
+{
+  LineEdit,
+  Double,
+  PlainCombo,
+  TextComboTyped,
+  TextComboChosen,
+  CheckBox,
+  TextCheckBox,
+  Switch,
+  TextSwitch,
+  RadioRow,
+  PushRow,
+  ToolRow,
+  Grid3x3
+};
+
+enum Outcome
+{
+  RefusedByValidate,
+  WriteFails,
+  Accepted
+};
+
+const QString kVaries = QStringLiteral("*varies*");
+
+/** An item whose selected objects disagree, with a list of nine choices for the kinds that need one. */
+int addVaryingItem(RecordingBag& bag, Kind kind)
+{
+  PropVariant value;
+  switch (kind)
+  {
+  case LineEdit: value = textValue(QStringLiteral("Walls"), true); break;
+  case Double: value = realValue(1.5, true); break;
+  case CheckBox:
+  case TextCheckBox:
+  case Switch:
+  case TextSwitch: value = boolValue(false, true); break;
+  default: value = intValue(1, true); break;
+  }
+  const int item = bag.addItem(QStringLiteral("Mixed"), value);
+  RecordingBag::Item& it = bag.item(item);
+  if (kind == TextComboTyped)
+    it.flags = PropItemFlag::kEditableList;
+  if (kind == TextCheckBox || kind == TextSwitch)
+    return item; // a caption from the list would hide the varies caption
+  for (int i = 0; i < 9; ++i)
+  {
+    it.listNames << QStringLiteral("Choice %1").arg(i + 1);
+    it.listKeys << static_cast<unsigned long>(100 + i);
+    it.listValues.insert(static_cast<unsigned long>(100 + i), intValue(i + 1));
+  }
+  it.hasListText = true;
+  return item;
+}
+
+PropUiQControl* makeControl(Kind kind)
+{
+  switch (kind)
+  {
+  case LineEdit: return new PropUiQLineEdit;
+  case Double: return new PropUiQDoubleCtrl;
+  case PlainCombo: return new PropUiQComboBox;
+  case TextComboTyped:
+  case TextComboChosen: return new PropUiQTextComboCtrl;
+  case CheckBox: return new PropUiQCheckBox;
+  case TextCheckBox: return new PropUiQTextCheckBox;
+  case Switch: return new PropUiQSwitchBox;
+  case TextSwitch: return new PropUiQTextSwitchBox;
+  case RadioRow: return new PropUiQRadioButtonsCtrl;
+  case PushRow: return new PropUiQPushButtonsCtrl;
+  case ToolRow: return new PropUiQToolButtonsCtrl;
+  case Grid3x3: return new PropUiQButtons3x3Ctrl;
+  }
+  return nullptr;
+}
+
+void chooseEntry(QComboBox* combo, int entry)
+{
+  combo->setCurrentIndex(entry);
+  emit combo->activated(entry);
+}
+
+/** What a user does to leave the varies state: type a value, choose an entry, click. */
+void editAsAUser(PropUiQControl* control, Kind kind)
+{
+  switch (kind)
+  {
+  case LineEdit:
+  case Double:
+  {
+    QLineEdit* edit = static_cast<PropUiQLineEdit*>(control)->lineEdit();
+    edit->setText(kind == Double ? QStringLiteral("2.5") : QStringLiteral("Doors"));
+    emit edit->editingFinished();
+    break;
+  }
+  case PlainCombo:
+  case TextComboChosen: chooseEntry(static_cast<PropUiQComboBox*>(control)->comboBox(), 2); break;
+  case TextComboTyped:
+  {
+    QLineEdit* edit = static_cast<PropUiQComboBox*>(control)->comboBox()->lineEdit();
+    edit->setText(QStringLiteral("42"));
+    emit edit->editingFinished();
+    break;
+  }
+  case CheckBox:
+  case TextCheckBox: static_cast<PropUiQCheckBox*>(control)->checkBox()->click(); break;
+  case Switch:
+  case TextSwitch: static_cast<PropUiQSwitchBox*>(control)->checkBox()->click(); break;
+  case RadioRow:
+  case PushRow:
+  case ToolRow: static_cast<PropUiButtonGroupCtrl*>(control)->buttonGroup()->buttons().at(2)->click(); break;
+  case Grid3x3: static_cast<PropUiQButtons3x3Ctrl*>(control)->buttonGroup()->buttons().at(4)->click(); break;
+  }
+}
+
+/** Whether the widgets show the varies look, read from what is on screen rather than from isVaries. */
+bool looksVaries(PropUiQControl* control, Kind kind)
+{
+  switch (kind)
+  {
+  case LineEdit:
+  case Double:
+  {
+    QLineEdit* edit = static_cast<PropUiQLineEdit*>(control)->lineEdit();
+    return edit->text().isEmpty() && edit->placeholderText() == kVaries;
+  }
+  case PlainCombo:
+  case TextComboTyped:
+  case TextComboChosen:
+  {
+    QComboBox* combo = static_cast<PropUiQComboBox*>(control)->comboBox();
+    if (combo->currentIndex() != -1)
+      return false;
+    if (QLineEdit* edit = combo->lineEdit())
+      return edit->text().isEmpty() && edit->placeholderText() == kVaries;
+    return combo->placeholderText() == kVaries;
+  }
+  case CheckBox:
+  case TextCheckBox:
+  case Switch:
+  case TextSwitch:
+  {
+    QAbstractButton* box = kind == CheckBox || kind == TextCheckBox
+                             ? static_cast<QAbstractButton*>(static_cast<PropUiQCheckBox*>(control)->checkBox())
+                             : static_cast<QAbstractButton*>(static_cast<PropUiQSwitchBox*>(control)->checkBox());
+    auto* check = static_cast<QCheckBox*>(box);
+    const bool captionOk = (kind != TextCheckBox && kind != TextSwitch) || check->text() == kVaries;
+    return check->checkState() == Qt::PartiallyChecked && captionOk;
+  }
+  case RadioRow:
+  case PushRow:
+  case ToolRow: return !static_cast<PropUiButtonGroupCtrl*>(control)->buttonGroup()->checkedButton();
+  case Grid3x3: return !static_cast<PropUiQButtons3x3Ctrl*>(control)->buttonGroup()->checkedButton();
+  }
+  return false;
+}
+
+} // namespace
+
+Q_DECLARE_METATYPE(Kind)
+Q_DECLARE_METATYPE(Outcome)
+
+class TestVariesLook : public QObject
+{
+  Q_OBJECT
+
+private slots:
+  void refusedEditPutsTheVariesLookBack_data()
+  {
+    QTest::addColumn<Kind>("kind");
+    QTest::addColumn<Outcome>("outcome");
+    const struct
+    {
+      const char* name;
+      Kind kind;
+    } kinds[] = {
+      {"line edit", LineEdit},       {"double", Double},
+      {"plain combo", PlainCombo},   {"text combo, typed", TextComboTyped},
+      {"text combo, chosen", TextComboChosen}, {"check box", CheckBox},
+      {"text check box", TextCheckBox}, {"switch", Switch},
+      {"text switch", TextSwitch},   {"radio row", RadioRow},
+      {"push row", PushRow},         {"tool row", ToolRow},
+      {"3x3 grid", Grid3x3},
+    };
+    for (const auto& k : kinds)
+    {
+      QTest::addRow("%s: validate refuses", k.name) << k.kind << RefusedByValidate;
+      QTest::addRow("%s: the write fails", k.name) << k.kind << WriteFails;
+      QTest::addRow("%s: accepted", k.name) << k.kind << Accepted;
+    }
+  }
+
+  void refusedEditPutsTheVariesLookBack()
+  {
+    QFETCH(Kind, kind);
+    QFETCH(Outcome, outcome);
+    MessageCatcher messages;
+    RecordingBag bag;
+    const int item = addVaryingItem(bag, kind);
+    QScopedPointer<PropUiQControl> control(makeControl(kind));
+    control->setPropBagItem(&bag, item);
+    QVERIFY(control->setupUi());
+    control->updateUi();
+    control->updateData();
+
+    // GIVEN a selection whose values differ
+    QVERIFY(looksVaries(control.data(), kind));
+
+    // WHEN the user edits and the bag answers
+    RecordingBag::Item& it = bag.item(item);
+    it.acceptValidate = outcome != RefusedByValidate;
+    it.validateMessage = QStringLiteral("Not for these objects.");
+    it.acceptWrite = outcome != WriteFails;
+    editAsAUser(control.data(), kind);
+    QCOMPARE(bag.count(QStringLiteral("validate")), 1);
+
+    // THEN a refusal shows the varies look again, and only an accepted edit leaves it
+    QCOMPARE(looksVaries(control.data(), kind), outcome != Accepted);
+    const bool buttons = kind == RadioRow || kind == PushRow || kind == ToolRow || kind == Grid3x3;
+    if (!buttons) // button rows keep no varies state of their own: their look is all there is
+      QCOMPARE(control->isVaries(), outcome != Accepted);
+    QCOMPARE(bag.written.size(), outcome == Accepted ? 1 : 0);
+    if (outcome == RefusedByValidate)
+      QTRY_COMPARE(messages.shown.size(), 1);
+  }
+};
+
+QTEST_MAIN(TestVariesLook)
+#include "tst_VariesLook.moc"
