@@ -41,9 +41,9 @@ int addRichItem(RecordingBag& bag, bool varies = false)
   return item;
 }
 
-PropUiQWidget* makeBound(const OdGUID& guid, RecordingBag& bag, int item)
+PropUiQWidget* makeBound(const OdGUID& guid, RecordingBag& bag, int item, int options = 0)
 {
-  PropUiQWidget* control = propUiCreateWidget(guid, PropUiOption::kToolTipFilter);
+  PropUiQWidget* control = propUiCreateWidget(guid, PropUiOption::kToolTipFilter | options);
   if (!control)
     return nullptr;
   control->setPropBagItem(&bag, item);
@@ -95,15 +95,22 @@ private slots:
   void initTestCase() { odrxCreateModuleObject()->initApp(); }
   void cleanupTestCase() { odrxCreateModuleObject()->uninitApp(); }
 
-  void everyFocusableWidgetCarriesTheItem_data() { addEveryKindRows(); }
+  void everyFocusableWidgetCarriesTheItem_data()
+  {
+    addEveryKindRows();
+    // The multi-line forms: one edit per element, each to be told apart.
+    QTest::newRow("multi-line double") << PropUiGuidDouble;
+    QTest::newRow("multi-line integer") << PropUiGuidInteger;
+  }
 
   void everyFocusableWidgetCarriesTheItem()
   {
     QFETCH(OdGUID, guid);
     // GIVEN a control of the kind over an item with a caption and a description
+    const bool multiLine = QByteArray(QTest::currentDataTag()).startsWith("multi-line");
     RecordingBag bag;
     const int item = addRichItem(bag);
-    PropUiQWidget* control = makeBound(guid, bag, item);
+    PropUiQWidget* control = makeBound(guid, bag, item, multiLine ? PropUiOption::kMultiLine : 0);
     if (!control)
       QSKIP("kind not registered");
     ControlWindow window(control);
@@ -113,6 +120,7 @@ private slots:
     // THEN every widget the user can reach names the item and describes it
     QStringList values;
     QStringList buttonNames;
+    QStringList editNames;
     for (QWidget* widget : focusable(control))
     {
       QAccessibleInterface* iface = QAccessible::queryAccessibleInterface(widget);
@@ -126,14 +134,19 @@ private slots:
         QCOMPARE(iface->text(QAccessible::Value), combo->isEditable() ? combo->lineEdit()->text() : combo->currentText());
       if (qobject_cast<QAbstractButton*>(widget) && !qobject_cast<QCheckBox*>(widget))
         buttonNames << name;
+      if (widget->objectName() == QLatin1String("edit") || widget->objectName() == QLatin1String("spinBox"))
+        editNames << name;
     }
     // AND what the control shows reaches the user as a value
     if (!showsNoValue(QTest::currentDataTag()))
       QVERIFY2(!values.isEmpty(), "no widget announces the value");
-    // AND the buttons of a row are told apart
-    const int buttons = buttonNames.size();
-    buttonNames.removeDuplicates();
-    QCOMPARE(buttonNames.size(), buttons);
+    // AND the buttons of a row, and the editors of a composite's elements, are told apart
+    for (QStringList names : {buttonNames, editNames})
+    {
+      const int all = names.size();
+      names.removeDuplicates();
+      QVERIFY2(names.size() == all, qPrintable(names.join(QStringLiteral(", "))));
+    }
   }
 
   void variesAndReadOnlyAreAnnounced_data() { addEveryKindRows(); }
