@@ -1,7 +1,7 @@
 // The demo host: loads libPropWidgets as a run-time module, as a CAD host
 // does, and shows a property panel over a sample bag.
 //
-//   propwidgets-demo [--theme dark|light] [--mixed] [--screenshot FILE.png]
+//   propwidgets-demo [--theme dark|light] [--mixed] [--lang de] [--screenshot FILE.png]
 //
 // Without a display it renders offscreen, writes pictures of both themes,
 // plain and with a mixed selection, and prints where they are.
@@ -12,9 +12,12 @@
 #include "HostQtStyleManager.h"
 #include "OdRxDynamicLinker.h"
 #include "OdStringQt.h"
+#include "PropUiTranslations.h"
 #include "QHostMessageBoxOd.h"
 #include <QApplication>
 #include <QDir>
+#include <QLibraryInfo>
+#include <QTranslator>
 #include <QStyleFactory>
 #include <cstdio>
 #include <cstring>
@@ -27,6 +30,7 @@ struct Options
   int theme = 1;
   bool mixed = false;
   QString screenshot;
+  QString language;
   bool headless = false;
 };
 
@@ -47,12 +51,32 @@ bool parse(int argc, char** argv, Options& options)
     }
     else if (!std::strcmp(arg, "--screenshot") && i + 1 < argc)
       options.screenshot = QString::fromLocal8Bit(argv[++i]);
+    else if (!std::strcmp(arg, "--lang") && i + 1 < argc)
+      options.language = QString::fromLocal8Bit(argv[++i]);
     else if (!std::strcmp(arg, "--mixed"))
       options.mixed = true;
     else
       return false;
   }
   return true;
+}
+
+/**
+ * Speaks the language as a host does: Qt's own texts (dialog buttons, context
+ * menus) from the system's catalogue when it has one, the controls' texts
+ * from the library's.
+ */
+void installTranslators(QApplication& app, const QString& language)
+{
+  const QLocale locale(language);
+  auto* qtTranslator = new QTranslator(&app);
+  if (qtTranslator->load(locale, QStringLiteral("qtbase"), QStringLiteral("_"),
+                         QLibraryInfo::location(QLibraryInfo::TranslationsPath)))
+    QApplication::installTranslator(qtTranslator);
+  else
+    delete qtTranslator;
+  if (!propUiInstallTranslator(locale))
+    std::fprintf(stderr, "propwidgets-demo: the controls have no catalogue for \"%s\"\n", qPrintable(language));
 }
 
 /** The host's document: here it only counts redraw requests. */
@@ -77,7 +101,7 @@ int main(int argc, char** argv)
   Options options;
   if (!parse(argc, argv, options))
   {
-    std::fprintf(stderr, "usage: propwidgets-demo [--theme dark|light] [--mixed] [--screenshot FILE.png]\n");
+    std::fprintf(stderr, "usage: propwidgets-demo [--theme dark|light] [--mixed] [--lang de] [--screenshot FILE.png]\n");
     return 2;
   }
   const bool noDisplay = qEnvironmentVariableIsEmpty("DISPLAY") && qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
@@ -88,6 +112,8 @@ int main(int argc, char** argv)
   QApplication app(argc, argv);
   QApplication::setApplicationDisplayName(QStringLiteral("Properties"));
   QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+  if (!options.language.isEmpty())
+    installTranslators(app, options.language);
 
   OdRxModulePtr module = odrxDynamicLinker()->loadModule(OdString(L"PropWidgets"));
   if (!module)

@@ -1,6 +1,7 @@
 #include "PropUiQControl.h"
 
 #include "HostDocManager.h"
+#include "PropUiAccessibility.h"
 #include "PropBag.h"
 #include "PropUiOptions.h"
 #include "PropUiActionToolButtonsCtrl.h"
@@ -18,7 +19,8 @@
 #include <QTimer>
 
 PropUiQControl::PropUiQControl(QWidget* parent)
-  : PropUiQWidget(parent), m_formatter(new PropUiQDefaultFormatter(this))
+  : PropUiQWidget(parent), m_formatter(new PropUiQDefaultFormatter(this)),
+    m_accessibility(std::make_unique<PropUiAccessibility>(this))
 {
 }
 
@@ -96,6 +98,9 @@ bool PropUiQControl::setupUi()
   if (m_actionsToolbar)
     m_actionsToolbar->setupUi();
   useToolTipFilter(this);
+  // The derived control builds its children after this: name them once it has.
+  m_accessibility->forgetTexts();
+  m_accessibility->schedule();
   return true;
 }
 
@@ -105,6 +110,9 @@ void PropUiQControl::updateUi()
     m_actionsToolbar->updateUi();
   if (m_toolTipFilter)
     m_toolTipFilter->update();
+  // Caption, description or editability may have changed with the item.
+  m_accessibility->forgetTexts();
+  m_accessibility->schedule();
 }
 
 void PropUiQControl::setPropBagItem(PropBag* bag, int index)
@@ -120,6 +128,7 @@ void PropUiQControl::setPropBagItem(PropBag* bag, int index)
   m_bag = bag;
   m_index = index;
   m_isPropertyElement = false;
+  m_accessibility->forgetTexts();
 }
 
 void PropUiQControl::setPropBagItem(PropBag* bag, int index, unsigned long element)
@@ -136,6 +145,7 @@ void PropUiQControl::setPropBagItem(PropBag* bag, int index, unsigned long eleme
   m_index = index;
   m_element = element;
   m_isPropertyElement = true;
+  m_accessibility->forgetTexts();
 }
 
 void PropUiQControl::disableActionsToolbar(bool disable)
@@ -147,6 +157,8 @@ void PropUiQControl::updateData()
 {
   if (m_actionsToolbar)
     m_actionsToolbar->updateData();
+  // The derived control shows the varies state after this call returns.
+  m_accessibility->schedule();
 }
 
 int PropUiQControl::getOptions() const

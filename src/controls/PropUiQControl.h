@@ -4,7 +4,9 @@
 #include "PropUiOptions.h"
 #include "PropUiQWidget.h"
 #include <QPointer>
+#include <memory>
 
+class PropUiAccessibility;
 class PropUiActionToolButtonsCtrl;
 class PropUiQEventFilter;
 class PropUiQFormatter;
@@ -158,4 +160,6 @@ private:
 
   bool m_closing = false;
   bool m_setUp = false;
+  /** Names and describes the focusable children for assistive technology. */
+  std::unique_ptr<PropUiAccessibility> m_accessibility;
 };

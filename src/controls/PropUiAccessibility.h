@@ -1,0 +1,54 @@
+#pragma once
+
+// What a control's widgets tell assistive technology; not API.
+
+#include <QCoreApplication>
+#include <QString>
+
+class PropUiQControl;
+class QWidget;
+
+/**
+ * Names and describes the focusable widgets of one control after its item:
+ * the caption (with the element's caption for an element binding) as the
+ * accessible name, the item's description followed by the varies and
+ * read-only states as the accessible description. A name or description that
+ * someone else gave a widget (a composite naming its axis, a host) is kept.
+ *
+ * The control asks after each set-up and refresh; the work runs once, after
+ * the current event, when the derived control has finished building and
+ * showing its state.
+ */
+class PropUiAccessibility
+{
+  Q_DECLARE_TR_FUNCTIONS(PropUiAccessibility)
+
+public:
+  explicit PropUiAccessibility(PropUiQControl* control);
+  PropUiAccessibility(const PropUiAccessibility&) = delete;
+  PropUiAccessibility& operator=(const PropUiAccessibility&) = delete;
+
+  /** The next update re-reads caption and description from the bag. */
+  void forgetTexts();
+  /** Updates after the current event; asking again before then changes nothing. */
+  void schedule();
+  /** Updates now. */
+  void update();
+
+  /** What a widget's accessible description says: the description, then the states. */
+  static QString announcement(const QString& description, bool varies, bool readOnly);
+  /** Whether the user cannot change what the widget shows. */
+  static bool isReadOnly(const QWidget* widget);
+
+private:
+  void readTexts();
+  void describe(QWidget* widget, bool varies) const;
+  QString nameOf(const QWidget* widget) const;
+  void tieCaption() const;
+
+  PropUiQControl* m_control;
+  QString m_caption;
+  QString m_description;
+  bool m_textsKnown = false;
+  bool m_pending = false;
+};

@@ -1,0 +1,184 @@
+#include "OdRxModule.h"
+#include "PropUiQLineEdit.h"
+#include "PropUiTranslations.h"
+#include "PropWidgetsEntry.h"
+#include "RecordingBag.h"
+#include "TestValues.h"
+#include <QtTest>
+#include <QtWidgets>
+
+// Built with the paths of the library's sources and of Qt's lupdate, so
+// that the catalogue is checked against the sources as they are now.
+#ifndef PROP_SOURCE_DIR
+#error "PROP_SOURCE_DIR must name the library's source folder"
+#endif
+#ifndef PROP_LUPDATE
+#error "PROP_LUPDATE must name Qt's lupdate"
+#endif
+
+namespace
+{
+
+struct Message
+{
+  QString context;
+  QString source;
+  QString comment;
+  /** The translations; several for a message with plural forms. */
+  QStringList translations;
+  QString type;
+  QString key() const { return context + QLatin1Char('|') + source + QLatin1Char('|') + comment; }
+};
+
+QVector<Message> readCatalogue(const QString& path, QString* error)
+{
+  QVector<Message> messages;
+  QFile file(path);
+  if (!file.open(QIODevice::ReadOnly))
+  {
+    *error = file.errorString();
+    return messages;
+  }
+  QXmlStreamReader xml(&file);
+  QString context;
+  Message message;
+  while (!xml.atEnd())
+  {
+    xml.readNext();
+    if (xml.isStartElement())
+    {
+      const auto name = xml.name();
+      if (name == QLatin1String("context"))
+        context.clear();
+      else if (name == QLatin1String("name"))
+        context = xml.readElementText();
+      else if (name == QLatin1String("message"))
+        message = Message{context, {}, {}, {}, {}};
+      else if (name == QLatin1String("source"))
+        message.source = xml.readElementText();
+      else if (name == QLatin1String("comment"))
+        message.comment = xml.readElementText();
+      else if (name == QLatin1String("translation"))
+      {
+        message.type = xml.attributes().value(QLatin1String("type")).toString();
+        // Plural forms come as <numerusform> children; a plain message as text.
+        QString text;
+        while (xml.readNext() != QXmlStreamReader::Invalid && !(xml.isEndElement() && xml.name() == QLatin1String("translation")))
+          if (xml.isCharacters())
+            text += xml.text();
+          else if (xml.isStartElement() && xml.name() == QLatin1String("numerusform"))
+            message.translations << xml.readElementText();
+        if (message.translations.isEmpty())
+          message.translations << text;
+      }
+    }
+    else if (xml.isEndElement() && xml.name() == QLatin1String("message"))
+      messages << message;
+  }
+  if (xml.hasError())
+    *error = xml.errorString();
+  return messages;
+}
+
+/** The %1, %2 ... a text expects to be filled with, in order of number. */
+QStringList placeholders(const QString& text)
+{
+  QStringList found;
+  QRegularExpressionMatchIterator it = QRegularExpression(QStringLiteral("%(\\d+|n)")).globalMatch(text);
+  while (it.hasNext())
+    found << it.next().captured(0);
+  found.sort();
+  found.removeDuplicates();
+  return found;
+}
+
+} // namespace
+
+class TestTranslations : public QObject
+{
+  Q_OBJECT
+
+private slots:
+  void initTestCase() { odrxCreateModuleObject()->initApp(); }
+  void cleanupTestCase() { odrxCreateModuleObject()->uninitApp(); }
+
+  void catalogueTranslatesEveryTextOfTheSources_data()
+  {
+    QTest::addColumn<QString>("language");
+    QTest::newRow("German") << QStringLiteral("de");
+  }
+
+  // A text added to the sources without a translation fails here, on a
+  // clean checkout: the sources are read afresh, not the build's catalogue.
+  void catalogueTranslatesEveryTextOfTheSources()
+  {
+    QFETCH(QString, language);
+    const QString sources = QStringLiteral(PROP_SOURCE_DIR);
+    const QString shippedPath = sources + QStringLiteral("/res/translations/propwidgets_%1.ts").arg(language);
+    QTemporaryDir scratch;
+    QVERIFY(scratch.isValid());
+    const QString freshPath = scratch.filePath(QStringLiteral("fresh.ts"));
+    QStringList arguments{QStringLiteral("-silent"), QStringLiteral("-locations"), QStringLiteral("none")};
+    for (const char* dir : {"contract", "module", "controls", "actions", "cad", "mvc"})
+      arguments << sources + QLatin1Char('/') + QLatin1String(dir);
+    arguments << QStringLiteral("-ts") << freshPath;
+    QProcess lupdate;
+    lupdate.start(QStringLiteral(PROP_LUPDATE), arguments);
+    QVERIFY2(lupdate.waitForFinished(60000), qPrintable(lupdate.errorString()));
+    QVERIFY2(lupdate.exitStatus() == QProcess::NormalExit && lupdate.exitCode() == 0,
+             lupdate.readAllStandardError().constData());
+
+    QString error;
+    const QVector<Message> fresh = readCatalogue(freshPath, &error);
+    QVERIFY2(error.isEmpty(), qPrintable(error));
+    QVERIFY2(!fresh.isEmpty(), "lupdate found no texts in the sources");
+    const QVector<Message> shippedMessages = readCatalogue(shippedPath, &error);
+    QVERIFY2(error.isEmpty(), qPrintable(shippedPath + QStringLiteral(": ") + error));
+    QHash<QString, Message> shipped;
+    for (const Message& message : shippedMessages)
+      shipped.insert(message.key(), message);
+
+    QStringList faults;
+    for (const Message& message : fresh)
+    {
+      const QString where = message.context + QStringLiteral(": \"") + message.source + QLatin1Char('"');
+      const auto found = shipped.constFind(message.key());
+      if (found == shipped.constEnd())
+        faults << QStringLiteral("missing ") + where;
+      else if (!found->type.isEmpty())
+        faults << found->type + QLatin1Char(' ') + where;
+      else
+        for (const QString& translation : found->translations)
+          if (translation.trimmed().isEmpty())
+            faults << QStringLiteral("empty ") + where;
+          else if (placeholders(translation) != placeholders(message.source))
+            faults << QStringLiteral("placeholders differ in ") + where;
+    }
+    QVERIFY2(faults.isEmpty(), qPrintable(QStringLiteral("run the update_translations target and translate:\n  ") +
+                                          faults.join(QStringLiteral("\n  "))));
+  }
+
+  // The catalogue is in the library itself: a host installs it and the
+  // controls speak the language, with no file to deploy.
+  void installedCatalogueReachesTheControls()
+  {
+    QVERIFY(propUiTranslationsPath().startsWith(QLatin1Char(':')));
+    QVERIFY(QFile::exists(propUiTranslationsPath() + QStringLiteral("propwidgets_de.qm")));
+    QCOMPARE(propUiInstallTranslator(QLocale(QLocale::French, QLocale::France)), static_cast<QTranslator*>(nullptr));
+
+    QTranslator* translator = propUiInstallTranslator(QLocale(QLocale::German, QLocale::Switzerland));
+    QVERIFY(translator);
+    RecordingBag bag;
+    const int item = bag.addItem(QStringLiteral("Radius"), realValue(2, true));
+    QScopedPointer<PropUiQLineEdit> control(boundControl<PropUiQLineEdit>(bag, item));
+    const QString varies = control->lineEdit()->placeholderText();
+    QCoreApplication::removeTranslator(translator);
+    delete translator;
+
+    QVERIFY(!varies.isEmpty());
+    QVERIFY2(varies != QStringLiteral("*varies*"), qPrintable(varies));
+  }
+};
+
+QTEST_MAIN(TestTranslations)
+#include "tst_Translations.moc"
