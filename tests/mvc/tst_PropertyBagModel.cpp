@@ -224,6 +224,7 @@ private slots:
     RecordingBag bag;
     fill(bag, Mixed);
     PropertyBagModel model;
+    QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::Fatal);
     model.setPropBag(&bag);
     const QModelIndex point = model.index(1, 0);
     QCOMPARE(model.rowCount(point), 3);
