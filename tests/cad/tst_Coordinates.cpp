@@ -6,7 +6,6 @@
 #include "QHostSpinBox.h"
 #include "RecordingBag.h"
 #include "TestValues.h"
-#include "VtableSlot.h"
 #include <QtTest>
 
 namespace
@@ -45,18 +44,9 @@ Shown shownBy(const Control& control, int axes)
 /** Makes the control of the named form, bound to the item and showing it. */
 PropUiQControl* makeForm(const QString& form, RecordingBag& bag, int item)
 {
-  PropUiQControl* control = nullptr;
   if (form == QLatin1String("2d"))
-    control = new PropUiQCoords2d;
-  else
-    control = new PropUiQCoords3d;
-  if (form == QLatin1String("3d two axes"))
-    control->setOptions(PropUiOption::kTwoAxes);
-  control->setPropBagItem(&bag, item);
-  control->setupUi();
-  control->updateUi();
-  control->updateData();
-  return control;
+    return boundControl<PropUiQCoords2d>(bag, item);
+  return boundControl<PropUiQCoords3d>(bag, item, form == QLatin1String("3d two axes") ? PropUiOption::kTwoAxes : 0);
 }
 
 Shown shownByForm(const QString& form, PropUiQControl* control)
@@ -128,7 +118,7 @@ private slots:
     QCOMPARE(shownByForm(form, control.data()).elements.first(), 0ul);
   }
 
-  void noGroupsNoSelector_data()
+  void anElementEditWritesItsElementOnly_data()
   {
     QTest::addColumn<QString>("form");
     QTest::addColumn<int>("axes");
@@ -137,38 +127,23 @@ private slots:
     QTest::newRow("3d two axes") << "3d two axes" << 2;
   }
 
-  void noGroupsNoSelector()
-  {
-    QFETCH(QString, form);
-    QFETCH(int, axes);
-    RecordingBag bag;
-    const int item = addPoints(bag, 3, 0);
-    QScopedPointer<PropUiQControl> control(makeForm(form, bag, item));
-    QVERIFY(!spinBoxOf(control.data()));
-    QCOMPARE(control->findChildren<PropUiQDistanceCtrl*>().size(), axes);
-    // Captions name the item and the axis, and so do the editors for assistive tools.
-    const auto edits = control->findChildren<QLineEdit*>();
-    QCOMPARE(edits.first()->accessibleName(), QStringLiteral("Vertex X"));
-    QCOMPARE(edits.last()->accessibleName(), axes == 3 ? QStringLiteral("Vertex Z") : QStringLiteral("Vertex Y"));
-  }
-
-  void anElementEditWritesItsElementOnly_data()
-  {
-    QTest::addColumn<QString>("form");
-    QTest::newRow("2d") << "2d";
-    QTest::newRow("3d") << "3d";
-  }
-
   // Several objects agree on X and not on Y: X shows its number, Y varies,
   // and editing X must leave every object's Y as it was.
   void anElementEditWritesItsElementOnly()
   {
     QFETCH(QString, form);
+    QFETCH(int, axes);
     RecordingBag bag;
     const int item = addPoints(bag, 3, 0);
     bag.item(item).elementValues[1] = realValue(7, true);
     QScopedPointer<PropUiQControl> control(makeForm(form, bag, item));
+    // Without groups there is no point selector.
+    QVERIFY(!spinBoxOf(control.data()));
     const auto edits = control->findChildren<PropUiQDistanceCtrl*>();
+    QCOMPARE(edits.size(), axes);
+    // Captions name the item and the axis, and so do the editors for assistive tools.
+    QCOMPARE(edits.first()->lineEdit()->accessibleName(), QStringLiteral("Vertex X"));
+    QCOMPARE(edits.last()->lineEdit()->accessibleName(), axes == 3 ? QStringLiteral("Vertex Z") : QStringLiteral("Vertex Y"));
     QCOMPARE(edits[0]->lineEdit()->text(), QStringLiteral("0.5"));
     QVERIFY(edits[1]->isVaries());
     QCOMPARE(edits[1]->lineEdit()->placeholderText(), QStringLiteral("*varies*"));
@@ -195,12 +170,6 @@ private slots:
     control->updateData();
     QVERIFY(!bag.called(QStringLiteral("setElementValue")) && !bag.called(QStringLiteral("setValue")));
     QCOMPARE(shownByForm(QStringLiteral("3d"), control.data()).elements, (QList<unsigned long>{9, 10, 11}));
-
-    // And an unbound control builds nothing.
-    PropUiQCoords2d unbound;
-    QVERIFY(!unbound.setupUi());
-    unbound.updateData();
-    unbound.onGroupChanged();
   }
 
   void onlyThe3dCompositeShowsActions()
@@ -213,13 +182,6 @@ private slots:
     const auto toolbars = control->findChildren<PropUiActionToolButtonsCtrl*>();
     QCOMPARE(toolbars.size(), 1);
     QCOMPARE(toolbars.first()->parentWidget(), control.data());
-  }
-
-  void hostsFindTheGroupSlotAfterTheControlInterface()
-  {
-    const long last = vtableSlot(&PropUiQWidget::setVaries);
-    QCOMPARE(vtableSlot(&PropUiQCoords2d::onGroupChanged), last + 1);
-    QCOMPARE(vtableSlot(&PropUiQCoords3d::onGroupChanged), last + 1);
   }
 };
 

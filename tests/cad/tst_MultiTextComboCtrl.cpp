@@ -3,7 +3,6 @@
 #include "PropUiQMultiTextComboCtrl.h"
 #include "RecordingBag.h"
 #include "TestValues.h"
-#include "VtableSlot.h"
 #include <QtTest>
 
 Q_DECLARE_METATYPE(PropVariant)
@@ -25,16 +24,6 @@ int addSnaps(RecordingBag& bag, const PropVariant& value, bool asNames)
     it.listValues[unsigned(i)] = asNames ? textValue(kSnaps[i]) : intValue(1 << i);
   }
   return item;
-}
-
-PropVariant names(const QStringList& list)
-{
-  OdStringArray array;
-  for (const QString& s : list)
-    array.append(toOdString(s));
-  PropVariant v;
-  v.setStringArray(array);
-  return v;
 }
 
 QList<bool> chosenOf(const PropUiQMultiTextComboCtrl& combo)
@@ -60,9 +49,9 @@ private slots:
     QTest::addColumn<PropVariant>("afterTickingCenter");
     QTest::newRow("flags") << intValue(3) << false << "Endpoint, Midpoint" << intValue(7);
     QTest::newRow("flags, none") << intValue(0) << false << "" << intValue(4);
-    QTest::newRow("names") << names({"Midpoint"}) << true << "Midpoint" << names({"Midpoint", "Center"});
-    QTest::newRow("names, in list order") << names({"Midpoint", "Endpoint"}) << true << "Endpoint, Midpoint"
-                                          << names({"Endpoint", "Midpoint", "Center"});
+    QTest::newRow("names") << textsValue({"Midpoint"}) << true << "Midpoint" << textsValue({"Midpoint", "Center"});
+    QTest::newRow("names, in list order") << textsValue({"Midpoint", "Endpoint"}) << true << "Endpoint, Midpoint"
+                                          << textsValue({"Endpoint", "Midpoint", "Center"});
     QTest::newRow("varies") << intValue(3, true) << false << "*varies*" << intValue(4);
   }
 
@@ -134,13 +123,6 @@ private slots:
     combo->onPopupClosed(); // a double is neither a set of flags nor a list
     QVERIFY(!bag.called(QStringLiteral("setValue")));
     QVERIFY(!combo->isChosen(1));
-  }
-
-  void hostsFindTheSlotsAfterTheControlInterface()
-  {
-    const long last = vtableSlot(&PropUiQWidget::setVaries);
-    QCOMPARE(vtableSlot(&PropUiQMultiTextComboCtrl::applyData), last + 1);
-    QCOMPARE(vtableSlot(&PropUiQMultiTextComboCtrl::onPopupClosed), last + 2);
   }
 };
 

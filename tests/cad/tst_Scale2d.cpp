@@ -4,7 +4,6 @@
 #include "RecordingBag.h"
 #include "TestValues.h"
 #include <QToolButton>
-#include "VtableSlot.h"
 #include <QtTest>
 
 Q_DECLARE_METATYPE(PropVariant)
@@ -14,12 +13,7 @@ namespace
 
 PropVariant scaleValue(double x, double y)
 {
-  OdDoubleArray numbers;
-  numbers.append(x);
-  numbers.append(y);
-  PropVariant v;
-  v.setDoubleArray(numbers);
-  return v;
+  return PropVariant().setDoubleArray(OdDoubleArray{x, y});
 }
 
 /** A host whose elements are the numbers of the scale it holds, as a block reference's are. */
@@ -36,12 +30,6 @@ public:
     return true;
   }
 };
-
-PropVariant varied(PropVariant v)
-{
-  v.setVaries(true);
-  return v;
-}
 
 QPair<double, double> numbersOf(const PropVariant& v)
 {
@@ -67,7 +55,7 @@ private slots:
     QTest::newRow("within 1e-10: one scale") << scaleValue(2, 2.00000000001) << true << false << 0 << true;
     QTest::newRow("different: Y becomes X") << scaleValue(3, 2) << true << true << 1 << true;
     QTest::newRow("refused: stays unlocked") << scaleValue(3, 2) << false << true << 0 << false;
-    QTest::newRow("varies: no X to copy") << varied(scaleValue(3, 2)) << true << false << 0 << true;
+    QTest::newRow("varies: no X to copy") << withVaries(scaleValue(3, 2), true) << true << false << 0 << true;
     QTest::newRow("not two numbers") << textValue(QStringLiteral("3 2")) << true << false << 0 << true;
   }
 
@@ -153,15 +141,6 @@ private slots:
       QCOMPARE(bag.written.last().getDouble(), 5.0);
       QCOMPARE(numbersOf(bag.item(item).value), qMakePair(2.0, 2.0));
     }
-  }
-
-  void hostsFindTheLockSlotAfterTheControlInterface()
-  {
-    const long last = vtableSlot(&PropUiQWidget::setVaries);
-    QCOMPARE(vtableSlot(&PropUiQScale2d::onNonUniformChanged), last + 1);
-    // The element overrides the line edit's commit and adds nothing.
-    QCOMPARE(vtableSlot(&PropUiQScaleElementCtrl::applyData), vtableSlot(&PropUiQLineEdit::applyData));
-    QCOMPARE(vtableSlot(&PropUiQScaleElementCtrl::onEditingFinished), last + 2);
   }
 };
 

@@ -4,7 +4,6 @@
 #include "PropUiQTableCtrl.h"
 #include "RecordingBag.h"
 #include "TestValues.h"
-#include "VtableSlot.h"
 #include <QAbstractItemModelTester>
 #include <QtTest>
 
@@ -12,16 +11,6 @@ Q_DECLARE_METATYPE(PropVariant)
 
 namespace
 {
-
-PropVariant strings(const QStringList& list)
-{
-  OdStringArray array;
-  for (const QString& s : list)
-    array.append(toOdString(s));
-  PropVariant v;
-  v.setStringArray(array);
-  return v;
-}
 
 QStringList stringsOf(const PropVariant& v)
 {
@@ -35,12 +24,12 @@ QStringList stringsOf(const PropVariant& v)
 int addTitleBlock(RecordingBag& bag)
 {
   const int item = bag.addItem(QStringLiteral("Title block"),
-                               strings({QStringLiteral("Title"), QStringLiteral("Plan"), QStringLiteral("Scale"),
+                               textsValue({QStringLiteral("Title"), QStringLiteral("Plan"), QStringLiteral("Scale"),
                                         QStringLiteral("1:50")}));
   RecordingBag::Item& it = bag.item(item);
   it.elementValues[PropUiQTableCtrl::kRowsElement] = intValue(2);
   it.elementValues[PropUiQTableCtrl::kColumnsElement] = intValue(2);
-  it.elementValues[PropUiQTableCtrl::kColumnLabelsElement] = strings({QStringLiteral("Field"), QStringLiteral("Value")});
+  it.elementValues[PropUiQTableCtrl::kColumnLabelsElement] = textsValue({QStringLiteral("Field"), QStringLiteral("Value")});
   return item;
 }
 
@@ -181,13 +170,6 @@ private slots:
     table->updateData();
     table->updateUi();
     QCOMPARE(table->tableView()->editTriggers(), QAbstractItemView::NoEditTriggers);
-  }
-
-  void hostsFindTheCellSlotsAfterTheControlInterface()
-  {
-    const long last = vtableSlot(&PropUiQWidget::setVaries);
-    QCOMPARE(vtableSlot(&PropUiQTableCtrl::applyCell), last + 1);
-    QCOMPARE(vtableSlot(&PropUiQTableCtrl::onDataChanged), last + 2);
   }
 };
 

@@ -4,7 +4,7 @@
 #include "PropUiFocusReactorFilter.h"
 #include "PropUiQControl.h"
 #include "PropUiQDefaultFormatter.h"
-#include "QHostMessageBoxOd.h"
+#include "MessageCatcher.h"
 #include "RecordingBag.h"
 #include <QtTest>
 #include <QtWidgets>
@@ -13,13 +13,6 @@ using host_qt_ui::QHostMessageBoxOd;
 
 namespace
 {
-
-struct Shown
-{
-  QHostMessageBoxOd::Kind kind;
-  QString text;
-  int buttons;
-};
 
 /** A control that lets the tests flip the base's message switch. */
 class ProbeControl : public PropUiQControl
@@ -34,27 +27,13 @@ class TestControlBase : public QObject
 {
   Q_OBJECT
 
-  QVector<Shown> m_shown;
-
 private slots:
-  void init()
-  {
-    m_shown.clear();
-    QHostMessageBoxOd::setInterceptor([this](QHostMessageBoxOd::Kind kind, const QString& text, int buttons) {
-      m_shown.append({kind, text, buttons});
-      return int(QHostMessageBoxOd::Ok);
-    });
-  }
-  void cleanup() { QHostMessageBoxOd::setInterceptor(QHostMessageBoxOd::Interceptor()); }
-
   void bindingFormsAndPropagation()
   {
     RecordingBag bag;
     bag.addItem(QStringLiteral("Width"));
     bag.addItem(QStringLiteral("Vertices"));
     PropUiQControl control;
-    QCOMPARE(control.itemIndex(), -1);
-    QVERIFY(!control.propBag());
     QVERIFY(control.getFormatter());
     QCOMPARE(control.getFormatter()->parent(), &control);
 
@@ -141,6 +120,7 @@ private slots:
   {
     QFETCH(bool, error);
     QFETCH(int, kind);
+    MessageCatcher messages;
     ProbeControl control;
     auto show = [&](const char* text) {
       const OdString message(text);
@@ -152,13 +132,13 @@ private slots:
     QVERIFY(!show("Radius must be positive"));
     control.setMessagesSuppressed(false);
     QVERIFY(show("Radius must be positive"));
-    QVERIFY(m_shown.isEmpty()); // never inside the event that caused it
-    QTRY_COMPARE(m_shown.size(), 1);
-    QCOMPARE(int(m_shown[0].kind), kind);
-    QCOMPARE(m_shown[0].text, QStringLiteral("Radius must be positive"));
-    QCOMPARE(m_shown[0].buttons, 0x400);
+    QVERIFY(messages.shown.isEmpty()); // never inside the event that caused it
+    QTRY_COMPARE(messages.shown.size(), 1);
+    QCOMPARE(int(messages.shown[0].kind), kind);
+    QCOMPARE(messages.shown[0].text, QStringLiteral("Radius must be positive"));
+    QCOMPARE(messages.shown[0].buttons, 0x400);
     QCoreApplication::processEvents();
-    QCOMPARE(m_shown.size(), 1);
+    QCOMPARE(messages.shown.size(), 1);
   }
 
   void toolTipFilterNeedsTheOptionBit()

@@ -14,10 +14,8 @@
 #include "hostPropEditorReactor.h"
 #include <QPixmap>
 #include <QStringList>
-#include <cmath>
 #include <functional>
 #include <limits>
-#include <memory>
 #include <random>
 #include <vector>
 
@@ -181,13 +179,7 @@ public:
     keys.clear();
     if (!call("getValueList"))
       return false;
-    const int count = m_dice.below(12);
-    // Names and keys are meant to pair up; a careless host gets the lengths wrong.
-    const int keyCount = m_dice.chance(0.6) ? count : m_dice.below(12);
-    for (int i = 0; i < count; ++i)
-      names.append(toOdString(m_dice.text()));
-    for (int i = 0; i < keyCount; ++i)
-      keys.append(m_dice.chance(0.8) ? Key(i) : Key(m_dice.integer()));
+    pairedLists(12, [&](int) { names.append(toOdString(m_dice.text())); }, [&](int i) { keys.append(someKey(i)); });
     return m_dice.chance(0.8);
   }
   bool getListValue(int, unsigned long, PropVariant& listed) override { return someValue("getListValue", listed); }
@@ -205,12 +197,7 @@ public:
     captions.clear();
     if (!call("getElements"))
       return 0;
-    const int count = m_dice.below(10);
-    const int captionCount = m_dice.chance(0.6) ? count : m_dice.below(10);
-    for (int i = 0; i < count; ++i)
-      elements.append(m_dice.chance(0.8) ? Key(i) : Key(m_dice.integer()));
-    for (int i = 0; i < captionCount; ++i)
-      captions.append(toOdString(m_dice.text()));
+    pairedLists(10, [&](int i) { elements.append(someKey(i)); }, [&](int) { captions.append(toOdString(m_dice.text())); });
     return m_dice.chance(0.7) ? elements.size() : unsigned(m_dice.integer());
   }
   bool getElementValue(int, unsigned long, PropVariant& read) override { return someValue("getElementValue", read); }
@@ -399,6 +386,19 @@ private:
     sideEffect();
     m_inSideEffect = false;
   }
+  /** Two lists meant to pair up, which a careless host gives different lengths. */
+  template <class Fill, class FillOther>
+  void pairedLists(int most, Fill fill, FillOther fillOther)
+  {
+    const int count = m_dice.below(most);
+    const int otherCount = m_dice.chance(0.6) ? count : m_dice.below(most);
+    for (int i = 0; i < count; ++i)
+      fill(i);
+    for (int i = 0; i < otherCount; ++i)
+      fillOther(i);
+  }
+  /** Mostly the position, as keys and elements usually are. */
+  Key someKey(int i) { return m_dice.chance(0.8) ? Key(i) : Key(m_dice.integer()); }
   unsigned int flags()
   {
     const unsigned int known = PropItemFlag::kHasActions | PropItemFlag::kEditableList | PropItemFlag::kCaptionOnCheckBox;

@@ -1,12 +1,6 @@
 // Every registered control kind, driven by a host and a user that do anything
-// at any moment, over a bag whose every answer is random.
-//
-// PROP_FUZZ_OPS      operations to run (20000)
-// PROP_FUZZ_SEED     seed of the run (fixed by default, so that a failure in CI replays; printed at start)
-// PROP_FUZZ_SKIP     operations left out, by name: "popup,deleteLater"
-// PROP_FUZZ_SKIP_KINDS  control kinds left out, by GUID text: "59F8790E-59D5-42C5-92AD-F2134A65C9CE"
-// PROP_FUZZ_NO_DELETE_WITH_FOCUS=1   move the focus out of a control before it is deleted
-// PROP_FUZZ_TRACE=1  print every operation as it runs, to see the last one before a crash
+// at any moment, over a bag whose every answer is random. The PROP_FUZZ_*
+// variables that replay, lengthen, trace or narrow a run are listed in the README.
 
 #include "OdError.h"
 #include "OdRxDictionary.h"
@@ -16,7 +10,7 @@
 #include "PropWidgetsEntry.h"
 #include "PropWidgetsService.h"
 #include "ChooserCatcher.h"
-#include "QHostMessageBoxOd.h"
+#include "MessageCatcher.h"
 #include "RandomBag.h"
 #include <QAbstractButton>
 #include <QApplication>
@@ -27,6 +21,7 @@
 #include <QVBoxLayout>
 #include <QtTest>
 #include <functional>
+#include <memory>
 
 namespace
 {
@@ -150,12 +145,7 @@ public:
 
   void closePanel()
   {
-    if (m_panel)
-    {
-      spareFocus(m_panel);
-      retireWithin(m_panel);
-    }
-    delete m_panel;
+    destroyNow(m_panel);
     processEvents();
     forgetDestroyed();
   }
@@ -256,11 +246,7 @@ private:
   void deleteControl()
   {
     if (Bound* b = anyBound())
-    {
-      spareFocus(b->control);
-      retireWithin(b->control);
-      delete b->control;
-    }
+      destroyNow(b->control);
   }
 
   void deleteControlLater()
@@ -278,9 +264,7 @@ private:
       m_panel->deleteLater();
       return;
     }
-    spareFocus(m_panel);
-    retireWithin(m_panel);
-    delete m_panel;
+    destroyNow(m_panel);
   }
 
   // User operations. Whatever they cause must not throw.
@@ -516,6 +500,15 @@ private:
     return false;
   }
 
+  void destroyNow(QWidget* doomed)
+  {
+    if (!doomed)
+      return;
+    spareFocus(doomed);
+    retireWithin(doomed);
+    delete doomed;
+  }
+
   void retireWithin(QWidget* doomed)
   {
     for (Bound& b : m_bound)
@@ -576,17 +569,9 @@ private slots:
   {
     QLocale::setDefault(QLocale::c());
     odrxCreateModuleObject()->initApp();
-    host_qt_ui::QHostMessageBoxOd::setInterceptor([this](host_qt_ui::QHostMessageBoxOd::Kind, const QString&, int) {
-      ++m_messages;
-      return int(host_qt_ui::QHostMessageBoxOd::Ok);
-    });
   }
 
-  void cleanupTestCase()
-  {
-    host_qt_ui::QHostMessageBoxOd::setInterceptor(host_qt_ui::QHostMessageBoxOd::Interceptor());
-    odrxCreateModuleObject()->uninitApp();
-  }
+  void cleanupTestCase() { odrxCreateModuleObject()->uninitApp(); }
 
   void everyKindSurvivesRandomAnswersAndUsers()
   {
@@ -597,7 +582,8 @@ private slots:
     const int operations = int(environmentNumber("PROP_FUZZ_OPS", 20000));
     qInfo("PROP_FUZZ_SEED=%u PROP_FUZZ_OPS=%d over %d kinds", seed, operations, int(kinds.size()));
 
-    // A user who opens a chooser gets an answer instead of a modal window.
+    // A user who opens a chooser or meets a message gets an answer instead of a modal window.
+    MessageCatcher messages;
     ChooserCatcher choosers;
     choosers.pickColor = true;
     choosers.colorToPick.setColorIndex(30);
@@ -618,11 +604,8 @@ private slots:
     }
     session.closePanel();
     QVERIFY2(session.faults().isEmpty(), qPrintable(session.faults().join(QLatin1Char('\n'))));
-    qInfo("%d messages shown", m_messages);
+    qInfo("%d messages shown", int(messages.shown.size()));
   }
-
-private:
-  int m_messages = 0;
 };
 
 int main(int argc, char** argv)

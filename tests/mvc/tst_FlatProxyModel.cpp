@@ -93,12 +93,6 @@ private slots:
     }
   }
 
-  void keyPutsTheParentRowAboveTheRow()
-  {
-    QCOMPARE(PropUiFlatParentChildProxyModel::sourceKey(-1, 5), (quint64(0xFFFFFFFFu) << 32) + 5);
-    QCOMPARE(PropUiFlatParentChildProxyModel::sourceKey(3, 2), (quint64(3) << 32) + 2);
-  }
-
   void withoutSourceItIsEmpty()
   {
     PropUiFlatParentChildProxyModel proxy;

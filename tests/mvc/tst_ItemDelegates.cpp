@@ -1,3 +1,4 @@
+#include "BagModel.h"
 #include "MessageCatcher.h"
 #include "PropUiGuids.h"
 #include "PropUiQDefaultFormatter.h"
@@ -6,7 +7,6 @@
 #include "PropUiQStandardDelegate.h"
 #include "PropUiQStandardFormatter.h"
 #include "PropUiQtMVCFactories.h"
-#include "PropertyBagModel.h"
 #include "PropWidgetsEntry.h"
 #include "RecordingBag.h"
 #include "TestMvcGroup.h"
@@ -63,6 +63,22 @@ QStyleOptionViewItem cellOption(const QRect& rect)
   option.rect = rect;
   option.decorationSize = QSize(16, 16);
   return option;
+}
+
+/** Shows the view's window active and opens the cell's editor as a user would; the editor's line edit, or null. */
+QLineEdit* editInView(QTreeView& view, const QModelIndex& cell)
+{
+  QWidget* window = view.window();
+  window->resize(400, 300);
+  window->show();
+  window->activateWindow();
+  if (!QTest::qWaitForWindowActive(window))
+    return nullptr;
+  view.setCurrentIndex(cell);
+  view.edit(cell);
+  QLineEdit* edit = nullptr;
+  const bool focused = QTest::qWaitFor([&] { return (edit = view.viewport()->findChild<QLineEdit*>()) && edit->hasFocus(); });
+  return focused ? edit : nullptr;
 }
 
 /** A layer-delegate bag: item 0 has two actions with icons. */
@@ -217,16 +233,9 @@ private slots:
     QTreeView view;
     view.setModel(grid.model);
     view.setItemDelegate(grid.delegate);
-    view.resize(400, 300);
-    view.show();
-    view.activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(&view));
-
     const QModelIndex cell = grid.model->index(0, 1);
-    view.setCurrentIndex(cell);
-    view.edit(cell);
-    QLineEdit* edit = nullptr;
-    QTRY_VERIFY((edit = view.viewport()->findChild<QLineEdit*>()) && edit->hasFocus());
+    QLineEdit* edit = editInView(view, cell);
+    QVERIFY(edit);
     edit->selectAll();
     QTest::keyClicks(edit, QStringLiteral("8.5"));
     QTest::keyClick(edit, Qt::Key_Enter);
@@ -294,7 +303,7 @@ private slots:
   void actionIconPressRunsReleaseIsSwallowed()
   {
     ActionBag bag;
-    PropertyBagModelHolder holder(bag);
+    BagModel holder(bag);
     OpenLayerDelegate delegate;
     delegate.setPropBag(&bag);
     const QStyleOptionViewItem option = cellOption(QRect(0, 0, 200, 20));
@@ -368,7 +377,7 @@ private slots:
   void cacheKeptForItsOwnItemOnly()
   {
     ActionBag bag;
-    PropertyBagModelHolder holder(bag);
+    BagModel holder(bag);
     PropUiQLayerDelegate delegate;
     delegate.setPropBag(&bag);
     QCOMPARE(delegate.cachedItem(), -1);
@@ -392,7 +401,7 @@ private slots:
     bag.item(0).listValues = {{0, intValue(5)}};
     DisablingContext context;
     bag.context = &context;
-    PropertyBagModelHolder holder(bag);
+    BagModel holder(bag);
     PropUiQLayerDelegate delegate;
     delegate.setPropBag(&bag);
     QImage image(200, 20, QImage::Format_ARGB32);
@@ -403,20 +412,6 @@ private slots:
     delegate.paint(&painter, cellOption(image.rect()), holder.model.index(0, 1));
     QCOMPARE(context.asked, 1);
   }
-
-private:
-  /** The item model over a bag, with the default formatter. */
-  struct PropertyBagModelHolder
-  {
-    explicit PropertyBagModelHolder(RecordingBag& bag) : formatter(nullptr)
-    {
-      formatter.setPropBag(&bag);
-      model.setFormatter(&formatter);
-      model.setPropBag(&bag);
-    }
-    PropUiQDefaultFormatter formatter;
-    PropertyBagModel model;
-  };
 
   // The view goes while the user types in a cell (the host rebuilt its
   // palette): the half-typed edit is dropped and the bag hears nothing.
@@ -429,15 +424,8 @@ private:
     auto* view = new QTreeView(&window);
     view->setModel(grid.model);
     view->setItemDelegate(grid.delegate);
-    window.resize(400, 300);
-    window.show();
-    window.activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(&window));
-    const QModelIndex cell = grid.model->index(0, 1);
-    view->setCurrentIndex(cell);
-    view->edit(cell);
-    QLineEdit* edit = nullptr;
-    QTRY_VERIFY((edit = view->viewport()->findChild<QLineEdit*>()) && edit->hasFocus());
+    QLineEdit* edit = editInView(*view, grid.model->index(0, 1));
+    QVERIFY(edit);
     QTest::keyClicks(edit, QStringLiteral("9"));
     bag.clearCalls();
     delete view;

@@ -1,6 +1,5 @@
-#include "PropUiQDefaultFormatter.h"
+#include "BagModel.h"
 #include "PropUiQtMVCFactories.h"
-#include "PropertyBagModel.h"
 #include "RecordingBag.h"
 #include "TestMvcGroup.h"
 #include "TestValues.h"
@@ -96,11 +95,8 @@ private slots:
   {
     RecordingBag bag;
     fill(bag, Mixed);
-    PropertyBagModel model;
-    PropUiQDefaultFormatter formatter(nullptr);
-    formatter.setPropBag(&bag);
-    model.setFormatter(&formatter);
-    model.setPropBag(&bag);
+    BagModel bound(bag);
+    const PropertyBagModel& model = bound.model;
 
     QCOMPARE(rowsOf(model), (QStringList{QStringLiteral("Width=2.5"), QStringLiteral("Center=0"),
                                          QStringLiteral("  X=1"), QStringLiteral("  Y=2"), QStringLiteral("  Z=3"),
@@ -115,17 +111,17 @@ private slots:
     QVERIFY(!model.hasChildren(y));
     QVERIFY(!model.index(0, 0, y).isValid());
     QVERIFY(!model.headerData(0, Qt::Horizontal).isValid());
+    QVERIFY(!(model.flags(model.index(0, 0)) & Qt::ItemIsEditable));
+    QVERIFY(model.flags(model.index(0, 1)) & Qt::ItemIsEditable);
+    QVERIFY(model.flags(y.sibling(1, 1)) & Qt::ItemIsEditable);
   }
 
   void variesTextsDifferByLevel()
   {
     RecordingBag bag;
     fill(bag, Varying);
-    PropertyBagModel model;
-    PropUiQDefaultFormatter formatter(nullptr);
-    formatter.setPropBag(&bag);
-    model.setFormatter(&formatter);
-    model.setPropBag(&bag);
+    BagModel bound(bag);
+    const PropertyBagModel& model = bound.model;
 
     QCOMPARE(model.index(0, 1).data().toString(), QStringLiteral("*VARIES*"));
     const QVariant icon = model.index(0, 1).data(Qt::DecorationRole);
@@ -155,10 +151,8 @@ private slots:
     QFETCH(bool, isSubItem);
     RecordingBag bag;
     fill(bag, Mixed);
-    PropertyBagModel model;
-    PropUiQDefaultFormatter formatter(nullptr);
-    model.setFormatter(&formatter);
-    model.setPropBag(&bag);
+    BagModel bound(bag);
+    const PropertyBagModel& model = bound.model;
     const QModelIndex parent = parentRow < 0 ? QModelIndex() : model.index(parentRow, 0);
     const QModelIndex index = model.index(row, 1, parent);
 
@@ -176,23 +170,9 @@ private slots:
     RecordingBag bag;
     fill(bag, Mixed);
     bag.item(2).flags = 0x4; // an editable list, but not a choice: no entry is looked up
-    PropertyBagModel model;
-    PropUiQDefaultFormatter formatter(nullptr);
-    model.setFormatter(&formatter);
-    model.setPropBag(&bag);
-    QCOMPARE(model.index(2, 0).data(PropSubIndexRole).toULongLong(), 0ull);
+    BagModel bound(bag);
+    QCOMPARE(bound.model.index(2, 0).data(PropSubIndexRole).toULongLong(), 0ull);
     QVERIFY(!bag.called(QStringLiteral("getValueList")));
-  }
-
-  void columnOneAloneIsEditable()
-  {
-    RecordingBag bag;
-    fill(bag, Mixed);
-    PropertyBagModel model;
-    model.setPropBag(&bag);
-    QVERIFY(!(model.flags(model.index(0, 0)) & Qt::ItemIsEditable));
-    QVERIFY(model.flags(model.index(0, 1)) & Qt::ItemIsEditable);
-    QVERIFY(model.flags(model.index(0, 1, model.index(1, 0))) & Qt::ItemIsEditable);
   }
 
   void badInputGivesNothing()
@@ -244,6 +224,7 @@ private slots:
     RecordingBag bag;
     fill(bag, Mixed);
     PropertyBagModel model;
+    QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::Fatal);
     model.setPropBag(&bag);
     const QModelIndex point = model.index(1, 0);
     QCOMPARE(model.rowCount(point), 3);

@@ -31,17 +31,15 @@ private slots:
     QObject owner;
     PropUiQStandardFormatter* standard = propUiCreateStandardFormatter(&owner);
     QCOMPARE(standard->parent(), &owner);
-    QStringList made;
-    for (QObject* child : standard->children())
-      if (qobject_cast<PropUiQFormatter*>(child))
-        made << QLatin1String(child->metaObject()->className());
-    QCOMPARE(made, (QStringList{QStringLiteral("PropUiQDefaultFormatter"), QStringLiteral("PropUiQLayerFormatter"),
-                                QStringLiteral("PropUiQColorFormatter"), QStringLiteral("PropUiQLineTypeFormatter"),
-                                QStringLiteral("PropUiQLineWeightFormatter"), QStringLiteral("PropUiQArrowheadFormatter")}));
     const OdGUID keys[] = {OdGUID::kNull, PropUiGuidLayer, PropUiGuidColor, PropUiGuidLinetype, PropUiGuidLineweight,
                            PropUiGuidArrowhead};
+    const char* kinds[] = {"PropUiQDefaultFormatter", "PropUiQLayerFormatter", "PropUiQColorFormatter",
+                           "PropUiQLineTypeFormatter", "PropUiQLineWeightFormatter", "PropUiQArrowheadFormatter"};
     for (int i = 0; i < 6; ++i)
-      QCOMPARE(QLatin1String(standard->formatterFor(keys[i].toString())->metaObject()->className()), made[i]);
+    {
+      QCOMPARE(QLatin1String(standard->formatterFor(keys[i].toString())->metaObject()->className()), QLatin1String(kinds[i]));
+      QCOMPARE(standard->formatterFor(keys[i].toString())->parent(), static_cast<QObject*>(standard));
+    }
     // A kind without a formatter of its own gets the default one.
     QCOMPARE(standard->formatterFor(PropUiGuidDate.toString()), standard->formatterFor(OdGUID::kNull.toString()));
   }

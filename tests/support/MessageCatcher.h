@@ -12,13 +12,14 @@ public:
   {
     host_qt_ui::QHostMessageBoxOd::Kind kind;
     QString text;
+    int buttons;
   };
 
   MessageCatcher()
   {
     host_qt_ui::QHostMessageBoxOd::setInterceptor(
-      [this](host_qt_ui::QHostMessageBoxOd::Kind kind, const QString& text, int) {
-        shown.append({kind, text});
+      [this](host_qt_ui::QHostMessageBoxOd::Kind kind, const QString& text, int buttons) {
+        shown.append({kind, text, buttons});
         return int(host_qt_ui::QHostMessageBoxOd::Ok);
       });
   }

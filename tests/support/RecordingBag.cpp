@@ -5,21 +5,6 @@
 #include <QTest>
 #include <QTextStream>
 
-namespace
-{
-
-QString call(const char* name, int index)
-{
-  return QStringLiteral("%1(%2)").arg(QLatin1String(name)).arg(index);
-}
-
-QString call(const char* name, int index, unsigned long element)
-{
-  return QStringLiteral("%1(%2,%3)").arg(QLatin1String(name)).arg(index).arg(element);
-}
-
-} // namespace
-
 // With PROP_BAG_TRACE naming a file, every bag appends the calls it saw, so
 // that two runs of the suite can be compared call by call after a refactoring.
 RecordingBag::~RecordingBag()
@@ -45,10 +30,21 @@ int RecordingBag::addItem(const QString& name, const PropVariant& value)
   return m_items.size() - 1;
 }
 
-RecordingBag::Item* RecordingBag::call(const QString& what, int index)
+void RecordingBag::record(const QString& what)
 {
   calls.append(what);
   m_trace.append(what);
+}
+
+RecordingBag::Item* RecordingBag::call(const char* name, int index)
+{
+  record(QStringLiteral("%1(%2)").arg(QLatin1String(name)).arg(index));
+  return known(index) ? &m_items[index] : nullptr;
+}
+
+RecordingBag::Item* RecordingBag::call(const char* name, int index, unsigned long element)
+{
+  record(QStringLiteral("%1(%2,%3)").arg(QLatin1String(name)).arg(index).arg(element));
   return known(index) ? &m_items[index] : nullptr;
 }
 
@@ -79,26 +75,25 @@ QString RecordingBag::textOf(const PropVariant& value)
 
 int RecordingBag::getItemCount()
 {
-  calls.append(QStringLiteral("getItemCount()"));
-  m_trace.append(calls.last());
+  record(QStringLiteral("getItemCount()"));
   return m_items.size();
 }
 
 PropItemType* RecordingBag::getItemType(int index)
 {
-  const Item* item = call(::call("getItemType", index), index);
+  const Item* item = call("getItemType", index);
   return item ? item->type : nullptr;
 }
 
 bool RecordingBag::isEditable(int index, unsigned long element)
 {
-  const Item* item = call(::call("isEditable", index, element), index);
+  const Item* item = call("isEditable", index, element);
   return item && item->editable;
 }
 
 bool RecordingBag::getName(int index, OdString& name)
 {
-  const Item* item = call(::call("getName", index), index);
+  const Item* item = call("getName", index);
   if (item)
     name = toOdString(item->name);
   return item;
@@ -106,7 +101,7 @@ bool RecordingBag::getName(int index, OdString& name)
 
 bool RecordingBag::getDescription(int index, OdString& description)
 {
-  const Item* item = call(::call("getDescription", index), index);
+  const Item* item = call("getDescription", index);
   if (!item || !item->hasDescription)
     return false;
   description = toOdString(item->description);
@@ -115,19 +110,19 @@ bool RecordingBag::getDescription(int index, OdString& description)
 
 unsigned int RecordingBag::getFlags(int index)
 {
-  const Item* item = call(::call("getFlags", index), index);
+  const Item* item = call("getFlags", index);
   return item ? item->flags : 0;
 }
 
 OdGUID RecordingBag::getControlGuid(int index)
 {
-  const Item* item = call(::call("getControlGuid", index), index);
+  const Item* item = call("getControlGuid", index);
   return item ? item->guid : OdGUID();
 }
 
 bool RecordingBag::validate(int index, unsigned long element, const PropVariant&, OdString& message)
 {
-  const Item* item = call(::call("validate", index, element), index);
+  const Item* item = call("validate", index, element);
   if (!item)
     return false;
   if (duringValidate)
@@ -139,7 +134,7 @@ bool RecordingBag::validate(int index, unsigned long element, const PropVariant&
 
 bool RecordingBag::getRange(int index, unsigned long element, PropVariant& min, PropVariant& max)
 {
-  const Item* item = call(::call("getRange", index, element), index);
+  const Item* item = call("getRange", index, element);
   if (!item || !item->hasRange)
     return false;
   min = item->min;
@@ -149,7 +144,7 @@ bool RecordingBag::getRange(int index, unsigned long element, PropVariant& min, 
 
 bool RecordingBag::formatValue(int index, unsigned long element, const PropVariant& value, OdString& text)
 {
-  if (!call(::call("formatValue", index, element), index))
+  if (!call("formatValue", index, element))
     return false;
   if (format)
     return format(index, value, text);
@@ -162,7 +157,7 @@ bool RecordingBag::formatValue(int index, unsigned long element, const PropVaria
 
 bool RecordingBag::parseValue(int index, unsigned long element, const OdString& text, PropVariant& value)
 {
-  const Item* item = call(::call("parseValue", index, element), index);
+  const Item* item = call("parseValue", index, element);
   parsedTexts.append(text);
   if (!item)
     return false;
@@ -184,7 +179,7 @@ bool RecordingBag::parseValue(int index, unsigned long element, const OdString& 
 
 bool RecordingBag::getValue(int index, PropVariant& value)
 {
-  const Item* item = call(::call("getValue", index), index);
+  const Item* item = call("getValue", index);
   if (!item || !item->readable)
     return false;
   value = item->value;
@@ -193,7 +188,7 @@ bool RecordingBag::getValue(int index, PropVariant& value)
 
 bool RecordingBag::setValue(int index, const PropVariant& value)
 {
-  Item* item = call(::call("setValue", index), index);
+  Item* item = call("setValue", index);
   if (!item || !item->acceptWrite)
     return false;
   written.append(value);
@@ -203,7 +198,7 @@ bool RecordingBag::setValue(int index, const PropVariant& value)
 
 unsigned int RecordingBag::getActions(int index, unsigned long element, PropActionArray& actions)
 {
-  const Item* item = call(::call("getActions", index, element), index);
+  const Item* item = call("getActions", index, element);
   actions.clear();
   if (item)
     for (const auto& action : item->actions)
@@ -213,14 +208,14 @@ unsigned int RecordingBag::getActions(int index, unsigned long element, PropActi
 
 bool RecordingBag::executeAction(int index, PropAction* action)
 {
-  const Item* item = call(::call("executeAction", index), index);
+  const Item* item = call("executeAction", index);
   executed.append(action);
   return item && item->executeResult;
 }
 
 bool RecordingBag::getValueList(int index, OdStringArray& names, PropKeyArray& keys)
 {
-  const Item* item = call(::call("getValueList", index), index);
+  const Item* item = call("getValueList", index);
   if (!item || item->listNames.isEmpty())
     return false;
   for (int i = 0; i < item->listNames.size(); ++i)
@@ -233,7 +228,7 @@ bool RecordingBag::getValueList(int index, OdStringArray& names, PropKeyArray& k
 
 bool RecordingBag::getListValue(int index, unsigned long id, PropVariant& value)
 {
-  const Item* item = call(::call("getListValue", index, id), index);
+  const Item* item = call("getListValue", index, id);
   if (!item || !item->listValues.contains(id))
     return false;
   value = item->listValues.value(id);
@@ -242,7 +237,7 @@ bool RecordingBag::getListValue(int index, unsigned long id, PropVariant& value)
 
 bool RecordingBag::getIcon(int index, unsigned long value, OdSharedPtr<PropIcon>& icon)
 {
-  const Item* item = call(::call("getIcon", index, value), index);
+  const Item* item = call("getIcon", index, value);
   if (!item || !item->icons.contains(value))
     return false;
   icon = OdSharedPtr<PropIcon>(new PropUiQIcon(item->icons.value(value)));
@@ -251,7 +246,7 @@ bool RecordingBag::getIcon(int index, unsigned long value, OdSharedPtr<PropIcon>
 
 bool RecordingBag::getListText(int index, const PropVariant& value, OdString& text)
 {
-  const Item* item = call(::call("getListText", index), index);
+  const Item* item = call("getListText", index);
   if (!item || !item->hasListText)
     return false;
   for (auto it = item->listValues.begin(); it != item->listValues.end(); ++it)
@@ -269,7 +264,7 @@ bool RecordingBag::getListText(int index, const PropVariant& value, OdString& te
 
 unsigned int RecordingBag::getElements(int index, PropKeyArray& elements, OdStringArray& captions)
 {
-  const Item* item = call(::call("getElements", index), index);
+  const Item* item = call("getElements", index);
   if (!item)
     return 0;
   for (int i = 0; i < item->elements.size(); ++i)
@@ -282,7 +277,7 @@ unsigned int RecordingBag::getElements(int index, PropKeyArray& elements, OdStri
 
 bool RecordingBag::getElementValue(int index, unsigned long element, PropVariant& value)
 {
-  const Item* item = call(::call("getElementValue", index, element), index);
+  const Item* item = call("getElementValue", index, element);
   if (!item || !item->readable || !item->elementValues.contains(element))
     return false;
   value = item->elementValues.value(element);
@@ -291,7 +286,7 @@ bool RecordingBag::getElementValue(int index, unsigned long element, PropVariant
 
 bool RecordingBag::setElementValue(int index, unsigned long element, const PropVariant& value)
 {
-  Item* item = call(::call("setElementValue", index, element), index);
+  Item* item = call("setElementValue", index, element);
   if (!item || !item->acceptWrite)
     return false;
   written.append(value);
@@ -301,25 +296,24 @@ bool RecordingBag::setElementValue(int index, unsigned long element, const PropV
 
 int RecordingBag::getElementCount(int index)
 {
-  const Item* item = call(::call("getElementCount", index), index);
+  const Item* item = call("getElementCount", index);
   return item ? item->elementCount : -1;
 }
 
 int RecordingBag::getGroupCount(int index)
 {
-  const Item* item = call(::call("getGroupCount", index), index);
+  const Item* item = call("getGroupCount", index);
   return item ? item->groupCount : 0;
 }
 
 PropBagCtx* RecordingBag::getContext()
 {
-  calls.append(QStringLiteral("getContext()"));
-  m_trace.append(calls.last());
+  record(QStringLiteral("getContext()"));
   return context;
 }
 
 hostPropEditorReactor* RecordingBag::getReactor(int index)
 {
-  const Item* item = call(::call("getReactor", index), index);
+  const Item* item = call("getReactor", index);
   return item ? item->reactor : nullptr;
 }

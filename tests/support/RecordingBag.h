@@ -161,8 +161,10 @@ public:
 
 private:
   bool known(int index) const { return index >= 0 && index < m_items.size(); }
+  void record(const QString& what);
   /** Records the call and answers the item, or null for an index the bag does not know. */
-  Item* call(const QString& what, int index);
+  Item* call(const char* name, int index);
+  Item* call(const char* name, int index, unsigned long element);
 
   QVector<Item> m_items;
   /** Every call since construction, whatever clearCalls dropped; see the destructor. */
