@@ -42,9 +42,11 @@ protected:
   QDate m_lastDate;
   QPointer<PropQDateEdit> m_dateEdit;
 
-private:
+private Q_SLOTS:
   void onEditEnded();
   void onTypedDateRefused(const QString& text);
+
+private:
   bool isPopupOpen() const;
 
   QPointer<PropUiEditCommitFilter> m_keys;

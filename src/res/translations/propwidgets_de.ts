@@ -29,6 +29,31 @@
     </message>
 </context>
 <context>
+    <name>PropUiActionsContextMenu</name>
+    <message>
+        <source>Actions</source>
+        <translation>Aktionen</translation>
+    </message>
+    <message>
+        <source>Action %1</source>
+        <translation>Aktion %1</translation>
+    </message>
+</context>
+<context>
+    <name>PropUiQDateCtrl</name>
+    <message>
+        <source>&quot;%1&quot; is not a date. Type a date as %2 or as yyyy-MM-dd.</source>
+        <translation>„%1“ ist kein Datum. Geben Sie ein Datum als %2 oder als yyyy-MM-dd ein.</translation>
+    </message>
+</context>
+<context>
+    <name>PropUiQIntegerCtrl</name>
+    <message>
+        <source>Enter a whole number from %1 to %2.</source>
+        <translation>Geben Sie eine ganze Zahl von %1 bis %2 ein.</translation>
+    </message>
+</context>
+<context>
     <name>PropUiQScale2d</name>
     <message>
         <source>Edit scale non-uniformly</source>
