@@ -1,5 +1,6 @@
 #include "PropUiInputFlash.h"
 
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QPainter>
 #include <QTimer>
@@ -9,6 +10,38 @@ namespace
 
 // Long enough to be seen, short enough not to be in the way of the next key.
 constexpr int kFlashMs = 180;
+
+/** Whether the edit is taking a printable key just now. */
+class TypedKeyWatch : public QObject
+{
+public:
+  explicit TypedKeyWatch(QObject* parent) : QObject(parent) {}
+  bool isTyping() const { return m_typing; }
+
+  bool eventFilter(QObject*, QEvent* event) override
+  {
+    switch (event->type())
+    {
+    case QEvent::KeyPress:
+    {
+      const QString text = static_cast<QKeyEvent*>(event)->text();
+      m_typing = !text.isEmpty() && text.at(0).isPrint();
+      break;
+    }
+    case QEvent::KeyRelease:
+    case QEvent::FocusIn:
+    case QEvent::FocusOut:
+      m_typing = false;
+      break;
+    default:
+      break;
+    }
+    return false;
+  }
+
+private:
+  bool m_typing = false;
+};
 
 } // namespace
 
@@ -41,8 +74,19 @@ void PropUiInputFlash::flashOnRejectedInput(QWidget* editor, QLineEdit* edit)
 {
   if (!editor || !edit)
     return;
+  // QLineEdit also reports a rejection when a refresh sets a text its
+  // validator does not take (a value shown with its unit): only a printable
+  // key the user is typing into the edit may flash it.
+  // A spin box hands its keys to its edit directly, past the edit's filters.
+  auto* typing = new TypedKeyWatch(edit);
+  edit->installEventFilter(typing);
+  if (editor != edit)
+    editor->installEventFilter(typing);
   QPointer<QWidget> target(editor);
-  connect(edit, &QLineEdit::inputRejected, editor, [target]() { flash(target); });
+  connect(edit, &QLineEdit::inputRejected, editor, [target, typing]() {
+    if (typing->isTyping())
+      flash(target);
+  });
 }
 
 bool PropUiInputFlash::isFlashing(const QWidget* editor)

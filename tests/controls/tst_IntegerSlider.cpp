@@ -525,6 +525,17 @@ private slots:
     field->setFocus(Qt::TabFocusReason);
     QTRY_VERIFY(field->hasFocus());
     const QString before = edit->text();
+    if (!spinBox)
+    {
+      // A refresh that shows the value with its unit, while the field has the focus, is not a key: no flash
+      bag.format = [](int, const PropVariant& value, OdString& text) {
+        text = toOdString(QString::number(value.getDouble()) + QStringLiteral(" mm"));
+        return true;
+      };
+      made->updateData();
+      bag.format = nullptr;
+      made->updateData();
+    }
     QVERIFY(!field->findChild<QWidget*>(QStringLiteral("inputFlash")));
     // WHEN a letter is typed, THEN it is dropped and the field flashes, then stops
     QTest::keyClick(field, Qt::Key_End);
