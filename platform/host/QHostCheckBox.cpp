@@ -2,6 +2,7 @@
 
 #include <QPainter>
 #include <QStyleOptionButton>
+#include <QStylePainter>
 
 namespace host_qt_ui_core
 {
@@ -70,11 +71,28 @@ void QHostCheckBox::paintIndicatorFocusRing()
   p.drawRoundedRect(indicator.adjusted(-1.25, -1.25, 1.25, 1.25), 2.5, 2.5);
 }
 
+void QHostCheckBox::setCaptionDimmed(bool dimmed)
+{
+  if (m_captionDimmed == dimmed)
+    return;
+  m_captionDimmed = dimmed;
+  update();
+}
+
 void QHostCheckBox::paintEvent(QPaintEvent* event)
 {
   if (!m_switchMode)
   {
-    QCheckBox::paintEvent(event);
+    if (!m_captionDimmed)
+      QCheckBox::paintEvent(event);
+    else
+    {
+      QStylePainter painter(this);
+      QStyleOptionButton option;
+      initStyleOption(&option);
+      option.palette.setColor(QPalette::WindowText, option.palette.color(QPalette::PlaceholderText));
+      painter.drawControl(QStyle::CE_CheckBox, option);
+    }
     // Styles draw the focus frame around the caption; without one nothing shows where the focus is.
     if (hasFocus() && text().isEmpty())
       paintIndicatorFocusRing();
@@ -128,7 +146,8 @@ void QHostCheckBox::paintEvent(QPaintEvent* event)
   {
     const int gap = fontMetrics().horizontalAdvance(QLatin1Char(' ')) * 2;
     const QRect textRect(int(track.right()) + gap, 0, width() - int(track.right()) - gap, height());
-    p.setPen(pal.color(enabled ? QPalette::Active : QPalette::Disabled, QPalette::WindowText));
+    p.setPen(pal.color(enabled ? QPalette::Active : QPalette::Disabled,
+                       m_captionDimmed ? QPalette::PlaceholderText : QPalette::WindowText));
     p.drawText(textRect, Qt::AlignLeft | Qt::AlignVCenter,
                fontMetrics().elidedText(text(), Qt::ElideRight, textRect.width()));
   }

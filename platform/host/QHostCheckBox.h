@@ -19,6 +19,9 @@ public:
 
   void enableSwitchMode(bool on);
   bool isSwitchMode() const { return m_switchMode; }
+  /** Draws the caption in the placeholder colour: it says that values differ, it is not a value. */
+  void setCaptionDimmed(bool dimmed);
+  bool isCaptionDimmed() const { return m_captionDimmed; }
 
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override;
@@ -32,6 +35,7 @@ private:
   void paintIndicatorFocusRing();
 
   bool m_switchMode = false;
+  bool m_captionDimmed = false;
 };
 
 } // namespace host_qt_ui_core

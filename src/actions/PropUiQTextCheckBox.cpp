@@ -15,6 +15,9 @@ void PropUiQTextCheckBox::updateData()
 void PropUiQTextCheckBox::setVaries(bool varies)
 {
   PropUiQCheckBox::setVaries(varies);
-  if (varies && m_checkBox)
+  if (!m_checkBox)
+    return;
+  m_checkBox->setCaptionDimmed(varies);
+  if (varies)
     m_checkBox->setText(PropUiTexts::varies());
 }

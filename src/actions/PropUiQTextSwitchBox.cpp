@@ -15,6 +15,9 @@ void PropUiQTextSwitchBox::updateData()
 void PropUiQTextSwitchBox::setVaries(bool varies)
 {
   PropUiQSwitchBox::setVaries(varies);
-  if (varies && m_checkBox)
+  if (!m_checkBox)
+    return;
+  m_checkBox->setCaptionDimmed(varies);
+  if (varies)
     m_checkBox->setText(PropUiTexts::varies());
 }

@@ -171,7 +171,8 @@ bool looksVaries(PropUiQControl* control, Kind kind)
                              ? static_cast<QAbstractButton*>(static_cast<PropUiQCheckBox*>(control)->checkBox())
                              : static_cast<QAbstractButton*>(static_cast<PropUiQSwitchBox*>(control)->checkBox());
     auto* check = static_cast<QCheckBox*>(box);
-    const bool captionOk = (kind != TextCheckBox && kind != TextSwitch) || check->text() == kVaries;
+    const bool captionOk = (kind != TextCheckBox && kind != TextSwitch)
+                           || (check->text() == kVaries && static_cast<host_qt_ui_core::QHostCheckBox*>(check)->isCaptionDimmed());
     return check->checkState() == Qt::PartiallyChecked && captionOk;
   }
   case RadioRow:
