@@ -1,6 +1,7 @@
 #include "PropQDateEdit.h"
 
 #include "PropUiTexts.h"
+#include "PropUiThemeColors.h"
 
 #include <QCoreApplication>
 #include <QEvent>
@@ -66,18 +67,7 @@ void PropQDateEdit::setVariesFlag(bool varies)
 
 void PropQDateEdit::applyVariesLook()
 {
-  QLineEdit* edit = lineEdit();
-  if (!edit)
-    return;
-  // Only the text colour is set, so every other role still follows the theme.
-  QPalette look;
-  if (m_varies)
-  {
-    const QColor placeholder = palette().color(QPalette::PlaceholderText);
-    for (auto group : {QPalette::Active, QPalette::Inactive})
-      look.setColor(group, QPalette::Text, placeholder);
-  }
-  edit->setPalette(look);
+  propui::dimTextAsPlaceholder(lineEdit(), m_varies);
 }
 
 void PropQDateEdit::changeEvent(QEvent* event)

@@ -2,6 +2,7 @@
 
 #include "PropUiInputFlash.h"
 #include "PropUiTexts.h"
+#include "PropUiThemeColors.h"
 
 #include <QEvent>
 #include <QFocusEvent>
@@ -24,18 +25,7 @@ void PropQSpinBox::setVariesFlag(bool varies)
 
 void PropQSpinBox::applyVariesLook()
 {
-  QLineEdit* edit = lineEdit();
-  if (!edit)
-    return;
-  // Only the text colour is set, so every other role still follows the theme.
-  QPalette look;
-  if (m_varies)
-  {
-    const QColor placeholder = palette().color(QPalette::PlaceholderText);
-    for (auto group : {QPalette::Active, QPalette::Inactive})
-      look.setColor(group, QPalette::Text, placeholder);
-  }
-  edit->setPalette(look);
+  propui::dimTextAsPlaceholder(lineEdit(), m_varies);
 }
 
 void PropQSpinBox::stepBy(int steps)
