@@ -84,15 +84,12 @@ QWidget* PropUiCollectorFocusPolicyFilter::focusTarget() const
   return first;
 }
 
-// Until one of its buttons has had the focus, every button of an exclusive group
-// is a Tab stop, so Tab from outside lands on the first rather than the current.
-void PropUiCollectorFocusPolicyFilter::passTabToCheckedButton(QAbstractButton* button, Qt::FocusReason reason) const
+void PropUiCollectorFocusPolicyFilter::passTabToCheckedButton(QAbstractButton* button, Qt::FocusReason reason, QWidget* box)
 {
-  if (!button || (reason != Qt::TabFocusReason && reason != Qt::BacktabFocusReason) || button->isChecked())
+  if (!button || !box || (reason != Qt::TabFocusReason && reason != Qt::BacktabFocusReason) || button->isChecked())
     return;
   QButtonGroup* group = button->group();
   QAbstractButton* current = group && group->exclusive() ? group->checkedButton() : nullptr;
-  QWidget* box = container();
   if (current && current != button && current->parentWidget() == box && current->isEnabled() && current->isVisibleTo(box))
     current->setFocus(reason);
 }
@@ -140,7 +137,7 @@ bool PropUiCollectorFocusPolicyFilter::eventFilter(QObject* watched, QEvent* eve
   }
   else if (event->type() == QEvent::FocusIn && watched->parent() == box)
   {
-    passTabToCheckedButton(qobject_cast<QAbstractButton*>(watched), static_cast<QFocusEvent*>(event)->reason());
+    passTabToCheckedButton(qobject_cast<QAbstractButton*>(watched), static_cast<QFocusEvent*>(event)->reason(), box);
   }
   return false;
 }

@@ -27,13 +27,19 @@ public:
   /** The child that focus given to the container goes to: the checked button, else the first that can take focus. */
   QWidget* focusTarget() const;
 
+  /**
+   * Moves focus that Tab gave to an unchecked button of an exclusive group in
+   * the box on to the group's checked button: until one of its buttons has
+   * had the focus, Qt makes every one a Tab stop.
+   */
+  static void passTabToCheckedButton(QAbstractButton* button, Qt::FocusReason reason, QWidget* box);
+
 protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
   QWidget* container() const;
   void paintFocusFrame(QWidget* box) const;
-  void passTabToCheckedButton(QAbstractButton* button, Qt::FocusReason reason) const;
 
   bool m_collected = false;
   Qt::FocusPolicy m_savedPolicy = Qt::NoFocus;

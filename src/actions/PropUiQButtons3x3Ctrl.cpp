@@ -1,10 +1,13 @@
 #include "PropUiQButtons3x3Ctrl.h"
 
+#include "PropUiCollectorFocusPolicyFilter.h"
+
 #include "OdError.h"
 #include "OdStringQt.h"
 #include "PropBag.h"
 #include "PropUiQIcon.h"
 #include <QGridLayout>
+#include <QFocusEvent>
 #include <QToolButton>
 
 PropUiQButtons3x3Ctrl::PropUiQButtons3x3Ctrl(QWidget* parent) : PropUiQControl(parent) {}
@@ -27,10 +30,19 @@ bool PropUiQButtons3x3Ctrl::setupUi()
       cell->setCheckable(true);
       grid->addWidget(cell, row, column);
       m_buttonGroup->addButton(cell, -1);
+      cell->installEventFilter(this);
     }
   // The cells stay together at the left; the rest of a wide row is empty.
   grid->setColumnStretch(3, 1);
   return true;
+}
+
+bool PropUiQButtons3x3Ctrl::eventFilter(QObject* watched, QEvent* event)
+{
+  if (event->type() == QEvent::FocusIn && watched->parent() == this)
+    PropUiCollectorFocusPolicyFilter::passTabToCheckedButton(qobject_cast<QAbstractButton*>(watched),
+                                                             static_cast<QFocusEvent*>(event)->reason(), this);
+  return PropUiQControl::eventFilter(watched, event);
 }
 
 void PropUiQButtons3x3Ctrl::updateUi()

@@ -27,6 +27,10 @@ public Q_SLOTS:
 public:
   QButtonGroup* buttonGroup() const { return m_buttonGroup; }
 
+protected:
+  /** Tab into the grid lands on the current cell. */
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
   void refreshCells(const OdStringArray& texts, const PropKeyArray& keys);
   /** After a refused click: while the item's values still differ, no cell is checked. */

@@ -42,6 +42,8 @@ bool PropUiQLineEdit::setupWithEdit(const std::function<QLineEdit*(QWidget*)>& m
   rules.moveOn = [this]() {
     if (!m_refused)
       focusNextPrevChild(true);
+    else if (m_edit)
+      m_edit->selectAll(); // the focus stays on the refused field: the next key retypes it
   };
   using Rule = PropUiEditCommitFilter::Rule;
   new PropUiEditCommitFilter(this, edit,

@@ -220,6 +220,40 @@ private slots:
     QCOMPARE(bag.written.last().getInt32(), 17);
   }
 
+  void tabIntoTheGridLandsOnTheCurrentCell_data()
+  {
+    QTest::addColumn<bool>("backwards");
+    QTest::newRow("Tab") << false;
+    QTest::newRow("Backtab") << true;
+  }
+
+  void tabIntoTheGridLandsOnTheCurrentCell()
+  {
+    QFETCH(bool, backwards);
+    // GIVEN a grid whose current cell is neither the first nor the last, beside another field
+    RecordingBag bag;
+    QStringList cells;
+    for (int i = 0; i < 9; ++i)
+      cells << QStringLiteral("cell %1").arg(i);
+    const int item = addChoice(bag, cells, 4);
+    auto* grid = new PropUiQButtons3x3Ctrl;
+    grid->setPropBagItem(&bag, item);
+    grid->setupUi();
+    grid->updateData();
+    ControlWindow window(grid);
+    QVERIFY(window.showActive());
+    window.other->setFocus();
+    QTRY_VERIFY(window.other->hasFocus());
+    // WHEN Tab or Backtab moves into the grid, THEN the current cell has the focus
+    if (backwards)
+      QTest::keyClick(window.other, Qt::Key_Backtab, Qt::ShiftModifier);
+    else
+      QTest::keyClick(window.other, Qt::Key_Tab);
+    QAbstractButton* current = grid->buttonGroup()->checkedButton();
+    QVERIFY(current && current->objectName() != QStringLiteral("cell0") && current->objectName() != QStringLiteral("cell8"));
+    QTRY_COMPARE(QApplication::focusWidget(), static_cast<QWidget*>(current));
+  }
+
   void gridNeedsNineEntries()
   {
     RecordingBag bag;

@@ -103,6 +103,8 @@ private slots:
     QTest::keyClick(control->lineEdit(), Qt::Key_3);
     QTRY_VERIFY(!balloon);
     QVERIFY(control->lineEdit()->hasFocus());
+    // The key retyped the value rather than adding to the restored one
+    QCOMPARE(control->lineEdit()->text(), QStringLiteral("3"));
   }
 
   void returnCommitsAndMovesOn()
