@@ -27,41 +27,6 @@
 namespace
 {
 
-QIcon letterIcon(const QString& letter, const QColor& color)
-{
-  QPixmap pixmap(16, 16);
-  pixmap.fill(Qt::transparent);
-  QPainter p(&pixmap);
-  p.setRenderHint(QPainter::Antialiasing);
-  p.setPen(Qt::NoPen);
-  p.setBrush(color);
-  p.drawRoundedRect(QRectF(0.5, 0.5, 15, 15), 3, 3);
-  p.setPen(Qt::white);
-  QFont font = p.font();
-  font.setPixelSize(11);
-  font.setBold(true);
-  p.setFont(font);
-  p.drawText(pixmap.rect(), Qt::AlignCenter, letter);
-  return QIcon(pixmap);
-}
-
-// An arrow pointing from the centre to one of the nine cells of a 3x3 grid.
-QIcon cellIcon(int cell)
-{
-  QPixmap pixmap(16, 16);
-  pixmap.fill(Qt::transparent);
-  QPainter p(&pixmap);
-  p.setRenderHint(QPainter::Antialiasing);
-  p.setPen(QPen(QColor(0x80, 0x86, 0x8f), 1));
-  p.setBrush(Qt::NoBrush);
-  p.drawRect(QRectF(2.5, 2.5, 11, 11));
-  p.setPen(Qt::NoPen);
-  p.setBrush(QColor(0x35, 0x74, 0xf0));
-  const QPointF dot(3.0 + (cell % 3) * 5.0, 3.0 + (cell / 3) * 5.0);
-  p.drawEllipse(dot + QPointF(0.5, 0.5), 2.2, 2.2);
-  return QIcon(pixmap);
-}
-
 PropVariant number(double d)
 {
   PropVariant v;
@@ -445,7 +410,7 @@ void DemoBag::buildItems()
   {
     style.choiceNames.append(styles[i]);
     style.choiceValues.append(text(styles[i]));
-    style.choiceIcons.append(letterIcon(styles[i].left(1), styleColors[i]));
+    style.choiceIcons.append(DemoIcons::letter(styles[i].left(1), styleColors[i]));
   }
   style.value = text(styles[0]);
 
@@ -460,7 +425,7 @@ void DemoBag::buildItems()
   {
     justify.choiceNames.append(cells[i]);
     justify.choiceValues.append(integer(i + 1));
-    justify.choiceIcons.append(cellIcon(i));
+    justify.choiceIcons.append(DemoIcons::cell(i));
   }
   justify.value = integer(5);
 
@@ -489,7 +454,7 @@ void DemoBag::buildItems()
   {
     frame.choiceNames.append(frames[i]);
     frame.choiceValues.append(integer(i));
-    frame.choiceIcons.append(letterIcon(frames[i].left(1), QColor(0x6b, 0x72, 0x7d)));
+    frame.choiceIcons.append(DemoIcons::letter(frames[i].left(1), QColor(0x6b, 0x72, 0x7d)));
   }
   frame.value = integer(1);
 

@@ -132,4 +132,33 @@ QIcon resetToOne()
   });
 }
 
+QIcon letter(const QString& text, const QColor& color)
+{
+  return drawn([&](QPainter& p) {
+    p.setPen(Qt::NoPen);
+    p.setBrush(color);
+    p.drawRoundedRect(QRectF(0.5, 0.5, 15, 15), 3, 3);
+    p.setPen(Qt::white);
+    QFont font = p.font();
+    font.setPixelSize(11);
+    font.setBold(true);
+    p.setFont(font);
+    p.drawText(QRectF(0, 0, 16, 16), Qt::AlignCenter, text);
+  });
+}
+
+QIcon cell(int index)
+{
+  return drawn([index](QPainter& p) {
+    p.setPen(QPen(kInk, 1));
+    p.setBrush(Qt::NoBrush);
+    p.drawRect(QRectF(2.5, 2.5, 11, 11));
+    // A light rim keeps the dot visible on a checked button's accent fill.
+    p.setPen(QPen(Qt::white, 0.9));
+    p.setBrush(kAccent);
+    const QPointF dot(3.0 + (index % 3) * 5.0, 3.0 + (index / 3) * 5.0);
+    p.drawEllipse(dot + QPointF(0.5, 0.5), 2.4, 2.4);
+  });
+}
+
 } // namespace DemoIcons
