@@ -17,16 +17,23 @@ QFormLayout* PropUiCompositeForm::makeForm()
   return form;
 }
 
-host_qt_ui_core::QHostSpinBox* PropUiCompositeForm::makeGroupSpinBox(QWidget* parent, int groups,
-                                                                     const QString& itemName)
+host_qt_ui_core::QHostSpinBox* PropUiCompositeForm::addGroupRow(QFormLayout* form, QWidget* owner, PropBag* bag,
+                                                                 int index, const QString& itemName)
 {
-  auto* spinBox = new host_qt_ui_core::QHostSpinBox(parent);
+  const int groups = bag->getGroupCount(index);
+  if (groups < 1)
+    return nullptr;
+  auto* caption = new PropUiQLabel(owner);
+  caption->setPropBagItem(bag, index);
+  caption->setupUi();
+  auto* spinBox = new host_qt_ui_core::QHostSpinBox(owner);
   spinBox->setObjectName(QStringLiteral("groupSpinBox"));
   spinBox->disableMouseWheel(true);
   spinBox->setWrapping(true);
   spinBox->setRange(1, groups);
   spinBox->setValue(1);
   spinBox->setAccessibleName(itemName);
+  form->addRow(caption, spinBox);
   return spinBox;
 }
 

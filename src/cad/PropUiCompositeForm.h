@@ -21,8 +21,13 @@ public:
   /** A form with captions right-aligned, no margins, 4 pixels between caption and field and 2 between rows. */
   static QFormLayout* makeForm();
 
-  /** The group selector: 1 to groups, wrapping; the wheel is left to the panel that scrolls. */
-  static host_qt_ui_core::QHostSpinBox* makeGroupSpinBox(QWidget* parent, int groups, const QString& itemName);
+  /**
+   * When the item has groups, adds the row that selects one: the item's
+   * caption, then a spin box from 1 to the group count, wrapping, that leaves
+   * the wheel to the panel that scrolls. Null when the item has no groups.
+   */
+  static host_qt_ui_core::QHostSpinBox* addGroupRow(QFormLayout* form, QWidget* owner, PropBag* bag, int index,
+                                                    const QString& itemName);
 
   /**
    * Adds one row: a caption bound to the element and reading caption, then

@@ -3,7 +3,6 @@
 #include "PropBag.h"
 #include "PropUiCompositeForm.h"
 #include "PropUiQDistanceCtrl.h"
-#include "PropUiQLabel.h"
 #include "PropUiRefresh.h"
 #include "QHostSpinBox.h"
 #include <QFormLayout>
@@ -23,16 +22,9 @@ bool PropUiQCoords2d::setupUi()
   QFormLayout* form = PropUiCompositeForm::makeForm();
   setLayout(form);
   QString name = PropUiCompositeForm::itemName(m_bag, m_index);
-  const int groups = m_bag->getGroupCount(m_index);
-  if (groups >= 1)
-  {
-    auto* caption = new PropUiQLabel(this);
-    caption->setPropBagItem(m_bag, m_index);
-    caption->setupUi();
-    m_groupSpinBox = PropUiCompositeForm::makeGroupSpinBox(this, groups, name);
+  m_groupSpinBox = PropUiCompositeForm::addGroupRow(form, this, m_bag, m_index, name);
+  if (m_groupSpinBox)
     connect(m_groupSpinBox.data(), QOverload<int>::of(&QSpinBox::valueChanged), this, &PropUiQCoords2d::onGroupChanged);
-    form->addRow(caption, m_groupSpinBox);
-  }
   name += QLatin1Char(' ');
   const QString letters[] = {QStringLiteral("X"), QStringLiteral("Y")};
   for (unsigned long a = 0; a < kAxes; ++a)

@@ -4,7 +4,6 @@
 #include "PropUiActionToolButtonsCtrl.h"
 #include "PropUiCompositeForm.h"
 #include "PropUiQDistanceCtrl.h"
-#include "PropUiQLabel.h"
 #include "PropUiRefresh.h"
 #include "QHostSpinBox.h"
 #include <QFormLayout>
@@ -29,16 +28,9 @@ bool PropUiQCoords3d::setupUi()
   QFormLayout* form = PropUiCompositeForm::makeForm();
   outer->addLayout(form);
   QString name = PropUiCompositeForm::itemName(m_bag, m_index);
-  const int groups = m_bag->getGroupCount(m_index);
-  if (groups >= 1)
-  {
-    auto* caption = new PropUiQLabel(this);
-    caption->setPropBagItem(m_bag, m_index);
-    caption->setupUi();
-    m_groupSpinBox = PropUiCompositeForm::makeGroupSpinBox(this, groups, name);
+  m_groupSpinBox = PropUiCompositeForm::addGroupRow(form, this, m_bag, m_index, name);
+  if (m_groupSpinBox)
     connect(m_groupSpinBox.data(), QOverload<int>::of(&QSpinBox::valueChanged), this, &PropUiQCoords3d::onGroupChanged);
-    form->addRow(caption, m_groupSpinBox);
-  }
   name += QLatin1Char(' ');
   const QString letters[] = {QStringLiteral("X"), QStringLiteral("Y"), QStringLiteral("Z")};
   const unsigned long axes = (m_options & PropUiOption::kTwoAxes) ? 2 : 3;

@@ -1,8 +1,9 @@
 #include "PropUiQArrowheadFormatter.h"
 
-#include "PropBag.h"
-#include "PropVariantConversions.h"
 #include "hostDbPropBagCtx.h"
+#include "PropBag.h"
+#include "PropUiObjectIdIcons.h"
+#include "PropVariantConversions.h"
 
 PropUiQArrowheadFormatter::PropUiQArrowheadFormatter(QObject* parent)
   : PropUiQDefaultFormatter(parent), m_list(new host_qt_ui::QHostArrowHeadListModel(this))
@@ -38,9 +39,5 @@ QVariant PropUiQArrowheadFormatter::getChoiceIcon(int item, const PropVariant& v
 QVariantList PropUiQArrowheadFormatter::getValueListIcons(int item, const PropVariant&, const OdStringArray&,
                                                           const OdUInt64Array& values)
 {
-  QVariantList icons;
-  icons.reserve(int(values.size()));
-  for (OdUInt64 key : values)
-    icons.append(getIcon(item, propVariantFromObjectId(OdDbObjectId(key))));
-  return icons;
+  return propui::iconsOfObjectIds(values, [&](const PropVariant& value) { return getIcon(item, value); });
 }

@@ -1,11 +1,12 @@
 #include "PropUiQLayerFormatter.h"
 
+#include "hostColors.h"
+#include "hostDbPropBagCtx.h"
 #include "OdDbDatabase.h"
 #include "OdDbLayerTableRecord.h"
 #include "PropBag.h"
+#include "PropUiObjectIdIcons.h"
 #include "PropVariantConversions.h"
-#include "hostColors.h"
-#include "hostDbPropBagCtx.h"
 
 PropUiQLayerFormatter::PropUiQLayerFormatter(QObject* parent) : PropUiQDefaultFormatter(parent) {}
 
@@ -30,9 +31,5 @@ QVariant PropUiQLayerFormatter::getChoiceIcon(int item, const PropVariant& value
 QVariantList PropUiQLayerFormatter::getValueListIcons(int item, const PropVariant&, const OdStringArray&,
                                                       const OdUInt64Array& values)
 {
-  QVariantList icons;
-  icons.reserve(int(values.size()));
-  for (OdUInt64 key : values)
-    icons.append(getIcon(item, propVariantFromObjectId(OdDbObjectId(key))));
-  return icons;
+  return propui::iconsOfObjectIds(values, [&](const PropVariant& value) { return getIcon(item, value); });
 }

@@ -1,8 +1,9 @@
 #include "PropUiQLineTypeFormatter.h"
 
-#include "PropBag.h"
-#include "PropVariantConversions.h"
 #include "hostDbPropBagCtx.h"
+#include "PropBag.h"
+#include "PropUiObjectIdIcons.h"
+#include "PropVariantConversions.h"
 
 PropUiQLineTypeFormatter::PropUiQLineTypeFormatter(QObject* parent)
   : PropUiQDefaultFormatter(parent), m_list(new host_qt_ui::QHostLineTypeListModel(this))
@@ -35,9 +36,5 @@ QVariant PropUiQLineTypeFormatter::getChoiceIcon(int item, const PropVariant& va
 QVariantList PropUiQLineTypeFormatter::getValueListIcons(int item, const PropVariant&, const OdStringArray&,
                                                          const OdUInt64Array& values)
 {
-  QVariantList icons;
-  icons.reserve(int(values.size()));
-  for (OdUInt64 key : values)
-    icons.append(getIcon(item, propVariantFromObjectId(OdDbObjectId(key))));
-  return icons;
+  return propui::iconsOfObjectIds(values, [&](const PropVariant& value) { return getIcon(item, value); });
 }
