@@ -167,12 +167,11 @@ bool looksVaries(PropUiQControl* control, Kind kind)
   case Switch:
   case TextSwitch:
   {
-    QAbstractButton* box = kind == CheckBox || kind == TextCheckBox
-                             ? static_cast<QAbstractButton*>(static_cast<PropUiQCheckBox*>(control)->checkBox())
-                             : static_cast<QAbstractButton*>(static_cast<PropUiQSwitchBox*>(control)->checkBox());
-    auto* check = static_cast<QCheckBox*>(box);
+    host_qt_ui_core::QHostCheckBox* check = kind == CheckBox || kind == TextCheckBox
+                                              ? static_cast<PropUiQCheckBox*>(control)->checkBox()
+                                              : static_cast<PropUiQSwitchBox*>(control)->checkBox();
     const bool captionOk = (kind != TextCheckBox && kind != TextSwitch)
-                           || (check->text() == kVaries && static_cast<host_qt_ui_core::QHostCheckBox*>(check)->isCaptionDimmed());
+                           || (check->text() == kVaries && check->isCaptionDimmed());
     return check->checkState() == Qt::PartiallyChecked && captionOk;
   }
   case RadioRow:
@@ -197,24 +196,15 @@ private slots:
   {
     QTest::addColumn<Kind>("kind");
     QTest::addColumn<Outcome>("outcome");
-    const struct
+    // in the order of Kind
+    const char* const names[] = {"line edit", "double", "plain combo", "text combo, typed", "text combo, chosen",
+                                 "check box", "text check box", "switch", "text switch", "radio row",
+                                 "push row", "tool row", "3x3 grid"};
+    for (int k = LineEdit; k <= Grid3x3; ++k)
     {
-      const char* name;
-      Kind kind;
-    } kinds[] = {
-      {"line edit", LineEdit},       {"double", Double},
-      {"plain combo", PlainCombo},   {"text combo, typed", TextComboTyped},
-      {"text combo, chosen", TextComboChosen}, {"check box", CheckBox},
-      {"text check box", TextCheckBox}, {"switch", Switch},
-      {"text switch", TextSwitch},   {"radio row", RadioRow},
-      {"push row", PushRow},         {"tool row", ToolRow},
-      {"3x3 grid", Grid3x3},
-    };
-    for (const auto& k : kinds)
-    {
-      QTest::addRow("%s: validate refuses", k.name) << k.kind << RefusedByValidate;
-      QTest::addRow("%s: the write fails", k.name) << k.kind << WriteFails;
-      QTest::addRow("%s: accepted", k.name) << k.kind << Accepted;
+      QTest::addRow("%s: validate refuses", names[k]) << Kind(k) << RefusedByValidate;
+      QTest::addRow("%s: the write fails", names[k]) << Kind(k) << WriteFails;
+      QTest::addRow("%s: accepted", names[k]) << Kind(k) << Accepted;
     }
   }
 
