@@ -61,6 +61,15 @@ QImage imageOf(const QIcon& icon)
   return icon.pixmap(QSize(16, 16)).toImage();
 }
 
+enum Kind
+{
+  Colour,
+  Lineweight,
+  Linetype,
+  Arrowhead,
+  Layer
+};
+
 /** A drawing with more than every drawing holds, and a bag over it. */
 struct Fixture
 {
@@ -99,6 +108,31 @@ struct Fixture
     return control;
   }
 
+  PropUiQComboBox* bound(Kind kind, const PropVariant& value, int options = -1)
+  {
+    switch (kind)
+    {
+    case Colour: return bound<PropUiQColorCtrl>(value, options);
+    case Lineweight: return bound<PropUiQLineweightCtrl>(value, options);
+    case Linetype: return bound<PropUiQLinetypeCtrl>(value, options);
+    case Arrowhead: return bound<PropUiQArrowheadCtrl>(value, options);
+    default: return bound<PropUiQLayerCtrl>(value, options);
+    }
+  }
+
+  /** A value the kind lists, so that the control shows it as an entry. */
+  PropVariant listedValue(Kind kind)
+  {
+    switch (kind)
+    {
+    case Colour: return propVariantFromColor(aci(1));
+    case Lineweight: return propVariantFromLineweight(OdDb::kLnWt050);
+    case Linetype: return propVariantFromObjectId(dashed);
+    case Arrowhead: return propVariantFromObjectId(db.getBlockId(OdString(L"_Dot")));
+    default: return propVariantFromObjectId(walls);
+    }
+  }
+
   OdDbDatabase db;
   OdDbObjectId walls, frozen, dashed, dots;
   DrawingContext context{&db};
@@ -106,6 +140,8 @@ struct Fixture
 };
 
 } // namespace
+
+Q_DECLARE_METATYPE(Kind)
 
 class TestDrawingControls : public QObject
 {
@@ -144,34 +180,28 @@ private slots:
 
   void byLayerAndDefaultAreResolvedOnlyWhenAsked_data()
   {
-    QTest::addColumn<int>("kind");
+    QTest::addColumn<Kind>("kind");
     QTest::addColumn<int>("options");
     QTest::addColumn<QVector<int> >("asked"); // what translate was asked, by number
-    QTest::newRow("colour, ByLayer") << 0 << 0xB << QVector<int>{int(0xC0000000u)};
-    QTest::newRow("colour, not") << 0 << 0xA << QVector<int>{};
-    QTest::newRow("lineweight, both") << 1 << 0x7 << QVector<int>{-3, -1};
-    QTest::newRow("lineweight, ByLayer only") << 1 << 0x3 << QVector<int>{-1};
-    QTest::newRow("lineweight, Default only") << 1 << 0x6 << QVector<int>{-3};
-    QTest::newRow("linetype, ByLayer") << 2 << 0x7 << QVector<int>{-100};
-    QTest::newRow("linetype, not") << 2 << 0x6 << QVector<int>{};
+    QTest::newRow("colour, ByLayer") << Colour << 0xB << QVector<int>{int(0xC0000000u)};
+    QTest::newRow("colour, not") << Colour << 0xA << QVector<int>{};
+    QTest::newRow("lineweight, both") << Lineweight << 0x7 << QVector<int>{-3, -1};
+    QTest::newRow("lineweight, ByLayer only") << Lineweight << 0x3 << QVector<int>{-1};
+    QTest::newRow("lineweight, Default only") << Lineweight << 0x6 << QVector<int>{-3};
+    QTest::newRow("linetype, ByLayer") << Linetype << 0x7 << QVector<int>{-100};
+    QTest::newRow("linetype, not") << Linetype << 0x6 << QVector<int>{};
   }
 
   void byLayerAndDefaultAreResolvedOnlyWhenAsked()
   {
-    QFETCH(int, kind);
+    QFETCH(Kind, kind);
     QFETCH(int, options);
     QFETCH(QVector<int>, asked);
     Fixture f;
-    QScopedPointer<PropUiQComboBox> control;
-    if (kind == 0)
-      control.reset(f.bound<PropUiQColorCtrl>(propVariantFromColor(aci(1)), options));
-    else if (kind == 1)
-      control.reset(f.bound<PropUiQLineweightCtrl>(propVariantFromLineweight(OdDb::kLnWt050), options));
-    else
-      control.reset(f.bound<PropUiQLinetypeCtrl>(propVariantFromObjectId(f.dashed), options));
+    QScopedPointer<PropUiQComboBox> control(f.bound(kind, f.listedValue(kind), options));
     QVector<int> seen;
     for (const PropVariant& v : f.context.asked)
-      seen << (kind == 2 ? (OdDbObjectId(v.getUInt64()) == f.db.getLinetypeByLayerId() ? -100 : 0) : int(v.getInt64()));
+      seen << (kind == Linetype ? (OdDbObjectId(v.getUInt64()) == f.db.getLinetypeByLayerId() ? -100 : 0) : int(v.getInt64()));
     QCOMPARE(seen, asked);
   }
 
@@ -235,58 +265,44 @@ private slots:
 
   void aVaryingValueIsNeverATemporaryEntry_data()
   {
-    QTest::addColumn<int>("kind");
-    QTest::newRow("colour") << 0;
-    QTest::newRow("linetype") << 1;
-    QTest::newRow("arrowhead") << 2;
-    QTest::newRow("layer") << 3;
+    QTest::addColumn<Kind>("kind");
+    QTest::newRow("colour") << Colour;
+    QTest::newRow("linetype") << Linetype;
+    QTest::newRow("arrowhead") << Arrowhead;
+    QTest::newRow("layer") << Layer;
   }
 
   void aVaryingValueIsNeverATemporaryEntry()
   {
-    QFETCH(int, kind);
+    QFETCH(Kind, kind);
     Fixture f;
-    PropVariant v = kind == 0 ? propVariantFromColor(aci(200)) : propVariantFromObjectId(kind == 1 ? f.dots : f.walls);
+    PropVariant v = kind == Colour ? propVariantFromColor(aci(200)) : propVariantFromObjectId(kind == Linetype ? f.dots : f.walls);
     v.setVaries();
-    QScopedPointer<PropUiQComboBox> control;
-    switch (kind)
-    {
-    case 0: control.reset(f.bound<PropUiQColorCtrl>(v)); break;
-    case 1: control.reset(f.bound<PropUiQLinetypeCtrl>(v)); break;
-    case 2: control.reset(f.bound<PropUiQArrowheadCtrl>(v)); break;
-    default: control.reset(f.bound<PropUiQLayerCtrl>(v)); break;
-    }
+    QScopedPointer<PropUiQComboBox> control(f.bound(kind, v));
     const int entries = control->comboBox()->count();
     QVERIFY(control->isVaries());
     QCOMPARE(control->comboBox()->currentIndex(), -1);
-    if (kind != 2) // the arrowhead control reads through its picker, never through a temporary entry
+    if (kind != Arrowhead) // the arrowhead control reads through its picker, never through a temporary entry
       QCOMPARE(control->addTempItem(v), -1);
     QCOMPARE(control->comboBox()->count(), entries);
   }
 
   void aPickLeavesVariesBeforeTheBagIsAsked_data()
   {
-    QTest::addColumn<int>("kind");
-    QTest::newRow("lineweight") << 0;
-    QTest::newRow("linetype") << 1;
-    QTest::newRow("arrowhead") << 2;
-    QTest::newRow("layer") << 3;
+    QTest::addColumn<Kind>("kind");
+    QTest::newRow("lineweight") << Lineweight;
+    QTest::newRow("linetype") << Linetype;
+    QTest::newRow("arrowhead") << Arrowhead;
+    QTest::newRow("layer") << Layer;
   }
 
   void aPickLeavesVariesBeforeTheBagIsAsked()
   {
-    QFETCH(int, kind);
+    QFETCH(Kind, kind);
     Fixture f;
-    PropVariant v = kind == 0 ? propVariantFromLineweight(OdDb::kLnWt050) : propVariantFromObjectId(kind == 1 ? f.dots : f.walls);
+    PropVariant v = kind == Lineweight ? propVariantFromLineweight(OdDb::kLnWt050) : propVariantFromObjectId(kind == Linetype ? f.dots : f.walls);
     v.setVaries();
-    QScopedPointer<PropUiQComboBox> control;
-    switch (kind)
-    {
-    case 0: control.reset(f.bound<PropUiQLineweightCtrl>(v)); break;
-    case 1: control.reset(f.bound<PropUiQLinetypeCtrl>(v)); break;
-    case 2: control.reset(f.bound<PropUiQArrowheadCtrl>(v)); break;
-    default: control.reset(f.bound<PropUiQLayerCtrl>(v)); break;
-    }
+    QScopedPointer<PropUiQComboBox> control(f.bound(kind, v));
     QVERIFY(control->isVaries());
     bool variesWhenAsked = true;
     f.bag.duringValidate = [&]() { variesWhenAsked = control->isVaries(); };
@@ -299,41 +315,25 @@ private slots:
 
   void aRefusedPickPutsThePreviousEntryBack_data()
   {
-    QTest::addColumn<int>("kind");
+    QTest::addColumn<Kind>("kind");
     QTest::addColumn<bool>("varies");
-    const char* kinds[] = {"colour", "lineweight", "linetype", "arrowhead", "layer"};
-    for (int kind = 0; kind < 5; ++kind)
+    const char* names[] = {"colour", "lineweight", "linetype", "arrowhead", "layer"};
+    for (Kind kind : {Colour, Lineweight, Linetype, Arrowhead, Layer})
     {
-      QTest::addRow("%s", kinds[kind]) << kind << false;
-      QTest::addRow("%s, varies", kinds[kind]) << kind << true;
+      QTest::addRow("%s", names[kind]) << kind << false;
+      QTest::addRow("%s, varies", names[kind]) << kind << true;
     }
   }
 
   void aRefusedPickPutsThePreviousEntryBack()
   {
-    QFETCH(int, kind);
+    QFETCH(Kind, kind);
     QFETCH(bool, varies);
     MessageCatcher messages;
     Fixture f;
-    PropVariant value;
-    switch (kind)
-    {
-    case 0: value = propVariantFromColor(aci(1)); break;
-    case 1: value = propVariantFromLineweight(OdDb::kLnWt050); break;
-    case 2: value = propVariantFromObjectId(f.dashed); break;
-    case 3: value = propVariantFromObjectId(f.db.getBlockId(OdString(L"_Dot"))); break;
-    default: value = propVariantFromObjectId(f.walls); break;
-    }
+    PropVariant value = f.listedValue(kind);
     value.setVaries(varies);
-    QScopedPointer<PropUiQComboBox> control;
-    switch (kind)
-    {
-    case 0: control.reset(f.bound<PropUiQColorCtrl>(value)); break;
-    case 1: control.reset(f.bound<PropUiQLineweightCtrl>(value)); break;
-    case 2: control.reset(f.bound<PropUiQLinetypeCtrl>(value)); break;
-    case 3: control.reset(f.bound<PropUiQArrowheadCtrl>(value)); break;
-    default: control.reset(f.bound<PropUiQLayerCtrl>(value)); break;
-    }
+    QScopedPointer<PropUiQComboBox> control(f.bound(kind, value));
     QComboBox* combo = control->comboBox();
     const int shown = combo->currentIndex();
     QCOMPARE(shown >= 0, !varies);
