@@ -1,13 +1,10 @@
 #include "ControlWindow.h"
 #include "EveryKind.h"
 #include "OdRxModule.h"
-#include "PropUiOptions.h"
 #include "PropUiQControl.h"
 #include "PropUiQLabel.h"
-#include "PropUiRegistry.h"
 #include "PropWidgetsEntry.h"
-#include "RecordingBag.h"
-#include "TestValues.h"
+#include "RichItem.h"
 #include <QAccessible>
 #include <QtTest>
 #include <QtWidgets>
@@ -18,41 +15,6 @@ namespace
 const QString kCaption = QStringLiteral("Hub radius");
 const QString kDescription = QStringLiteral("How far the rim stands from the axle");
 
-/** An item every kind can show: a number with a list of nine, three elements, two actions. */
-int addRichItem(RecordingBag& bag, bool varies = false)
-{
-  const int item = bag.addItem(kCaption, intValue(5, varies));
-  RecordingBag::Item& it = bag.item(item);
-  it.description = kDescription;
-  it.flags = PropItemFlag::kHasActions | PropItemFlag::kEditableList;
-  for (int i = 0; i < 9; ++i)
-  {
-    it.listNames << QStringLiteral("Entry %1").arg(i);
-    it.listKeys << unsigned(i);
-    it.listValues[unsigned(i)] = intValue(i);
-  }
-  it.elements = {0, 1, 2};
-  it.elementCaptions = QStringList{QStringLiteral("Front"), QStringLiteral("Middle"), QStringLiteral("Back")};
-  for (unsigned long e = 0; e < 3; ++e)
-    it.elementValues[e] = intValue(int(e) + 1, varies);
-  it.groupCount = 2;
-  it.actions = {OdSharedPtr<PropAction>(new TestAction(QStringLiteral("Reset"))),
-                OdSharedPtr<PropAction>(new TestAction(QStringLiteral("Pick")))};
-  return item;
-}
-
-PropUiQWidget* makeBound(const OdGUID& guid, RecordingBag& bag, int item, int options = 0)
-{
-  PropUiQWidget* control = propUiCreateWidget(guid, PropUiOption::kToolTipFilter | options);
-  if (!control)
-    return nullptr;
-  control->setPropBagItem(&bag, item);
-  control->setupUi();
-  control->updateUi();
-  control->updateData();
-  return control;
-}
-
 /** The widgets a user can tab or click into. */
 QList<QWidget*> focusable(QWidget* control)
 {
@@ -61,6 +23,11 @@ QList<QWidget*> focusable(QWidget* control)
     if (child->focusPolicy() != Qt::NoFocus)
       widgets << child;
   return widgets;
+}
+
+QString descriptionOf(QWidget* widget)
+{
+  return QAccessible::queryAccessibleInterface(widget)->text(QAccessible::Description);
 }
 
 QString where(QWidget* widget)
@@ -109,8 +76,8 @@ private slots:
     // GIVEN a control of the kind over an item with a caption and a description
     const bool multiLine = QByteArray(QTest::currentDataTag()).startsWith("multi-line");
     RecordingBag bag;
-    const int item = addRichItem(bag);
-    PropUiQWidget* control = makeBound(guid, bag, item, multiLine ? PropUiOption::kMultiLine : 0);
+    const int item = addRichItem(bag, kCaption, kDescription);
+    PropUiQWidget* control = boundKind(guid, bag, item, multiLine ? PropUiOption::kMultiLine : 0);
     if (!control)
       QSKIP("kind not registered");
     ControlWindow window(control);
@@ -158,9 +125,9 @@ private slots:
     const QString readOnly = QStringLiteral("read-only");
     // GIVEN an item the selection holds different values of, which cannot be edited
     RecordingBag bag;
-    const int item = addRichItem(bag, true);
+    const int item = addRichItem(bag, kCaption, kDescription, true);
     bag.item(item).editable = false;
-    PropUiQWidget* control = makeBound(guid, bag, item);
+    PropUiQWidget* control = boundKind(guid, bag, item);
     if (!control)
       QSKIP("kind not registered");
     ControlWindow window(control);
@@ -170,7 +137,7 @@ private slots:
     int announcingReadOnly = 0;
     for (QWidget* widget : focusable(control))
     {
-      const QString description = QAccessible::queryAccessibleInterface(widget)->text(QAccessible::Description);
+      const QString description = descriptionOf(widget);
       QVERIFY2(description.startsWith(kDescription), qPrintable(where(widget) + QStringLiteral(": ") + description));
       if (control->isVaries())
         QVERIFY2(description.contains(varies), qPrintable(where(widget) + QStringLiteral(": ") + description));
@@ -192,10 +159,7 @@ private slots:
     // THEN varies is announced only by a control that still shows it
     // (a control that cannot read the new value keeps what it showed)
     for (QWidget* widget : focusable(control))
-    {
-      const QString description = QAccessible::queryAccessibleInterface(widget)->text(QAccessible::Description);
-      QCOMPARE(description.contains(varies), control->isVaries());
-    }
+      QCOMPARE(descriptionOf(widget).contains(varies), control->isVaries());
 
     // WHEN the item becomes editable
     bag.item(item).editable = true;
@@ -205,10 +169,8 @@ private slots:
     // THEN read-only is no longer announced by what the user can use
     for (QWidget* widget : focusable(control))
       if (widget->isEnabled())
-      {
-        const QString description = QAccessible::queryAccessibleInterface(widget)->text(QAccessible::Description);
-        QVERIFY2(!description.contains(readOnly), qPrintable(where(widget) + QStringLiteral(": ") + description));
-      }
+        QVERIFY2(!descriptionOf(widget).contains(readOnly),
+                 qPrintable(where(widget) + QStringLiteral(": ") + descriptionOf(widget)));
   }
 
   void captionIsTheBuddyOfItsControl_data()
@@ -229,7 +191,7 @@ private slots:
     QFETCH(bool, sameItem);
     // GIVEN a row of a panel: a caption beside a control, as a host lays them out
     RecordingBag bag;
-    const int item = addRichItem(bag);
+    const int item = addRichItem(bag, kCaption, kDescription);
     const int other = bag.addItem(QStringLiteral("Rim width"), intValue(1));
     QWidget panel;
     auto* layout = new QHBoxLayout(&panel);
@@ -241,7 +203,7 @@ private slots:
       caption->setParent(&panel);
       caption->setupUi();
     }
-    control = makeBound(guid, bag, item);
+    control = boundKind(guid, bag, item);
     QVERIFY(control);
     control->setParent(&panel);
     if (!captionFirst)
@@ -277,10 +239,10 @@ private slots:
   {
     // GIVEN a point's control, and a text control whose edit the host has named
     RecordingBag bag;
-    const int point = addRichItem(bag);
+    const int point = addRichItem(bag, kCaption, kDescription);
     const int text = bag.addItem(QStringLiteral("Label"), textValue(QStringLiteral("Hub")));
-    QScopedPointer<PropUiQWidget> coords(makeBound(PropUiGuidCoords3d, bag, point));
-    QScopedPointer<PropUiQWidget> edit(makeBound(PropUiGuidDouble, bag, text));
+    QScopedPointer<PropUiQWidget> coords(boundKind(PropUiGuidCoords3d, bag, point));
+    QScopedPointer<PropUiQWidget> edit(boundKind(PropUiGuidDouble, bag, text));
     QVERIFY(coords && edit);
     auto* hostNamed = edit->findChild<QLineEdit*>(QStringLiteral("edit"));
     hostNamed->setAccessibleName(QStringLiteral("Title of the hub"));
@@ -329,7 +291,7 @@ private slots:
     RecordingBag bag;
     const int item = bag.addItem(QStringLiteral("Visible"), boolValue(false));
     bag.item(item).editable = editable;
-    PropUiQWidget* control = makeBound(guid, bag, item);
+    PropUiQWidget* control = boundKind(guid, bag, item);
     QVERIFY(control);
     ControlWindow window(control);
     QVERIFY(window.showActive());

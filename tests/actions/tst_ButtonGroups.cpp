@@ -32,6 +32,15 @@ int addChoice(RecordingBag& bag, const QStringList& names, int current)
   return item;
 }
 
+/** Nine cells named "cell 0" ... "cell 8", for the 3x3 grid. */
+int addGrid(RecordingBag& bag, int current)
+{
+  QStringList cells;
+  for (int i = 0; i < 9; ++i)
+    cells << QStringLiteral("cell %1").arg(i);
+  return addChoice(bag, cells, current);
+}
+
 PropUiButtonGroupCtrl* makeRow(int kind)
 {
   if (kind == 0)
@@ -39,6 +48,18 @@ PropUiButtonGroupCtrl* makeRow(int kind)
   if (kind == 1)
     return new PropUiQPushButtonsCtrl;
   return new PropUiQToolButtonsCtrl;
+}
+
+/** The row with the options, bound to the item, set up and showing the bag's value. */
+template <class Row>
+Row* bound(Row* row, RecordingBag& bag, int item, int options = 0)
+{
+  if (options)
+    row->setOptions(options);
+  row->setPropBagItem(&bag, item);
+  row->setupUi();
+  row->updateData();
+  return row;
 }
 
 QList<QAbstractButton*> buttonsOf(PropUiButtonGroupCtrl* row)
@@ -124,7 +145,7 @@ private slots:
     if (kind < 3)
     {
       item = addChoice(bag, {QStringLiteral("mm"), QStringLiteral("cm"), QStringLiteral("m")}, 2);
-      control = makeRow(kind);
+      control = bound(makeRow(kind), bag, item);
     }
     else
     {
@@ -132,10 +153,10 @@ private slots:
       for (const char* caption : {"Zoom", "Isolate", "Hide"})
         bag.item(item).actions.append(OdSharedPtr<PropAction>(new TestAction(QLatin1String(caption))));
       control = kind == 3 ? static_cast<PropUiQControl*>(new PropUiActionToolButtonsCtrl) : new PropUiActionPushButtonsCtrl;
+      control->setPropBagItem(&bag, item);
+      control->setupUi();
+      control->updateData();
     }
-    control->setPropBagItem(&bag, item);
-    control->setupUi();
-    control->updateData();
     ControlWindow window(control);
     QVERIFY(window.showActive());
     QButtonGroup* group = control->findChild<QButtonGroup*>();
@@ -170,11 +191,8 @@ private slots:
     const int item = addChoice(bag, {QStringLiteral("mm"), QStringLiteral("cm")}, 1);
     bag.item(item).acceptValidate = false;
     bag.item(item).validateMessage = QStringLiteral("Locked units.");
-    PropUiQRadioButtonsCtrl row;
-    row.setPropBagItem(&bag, item);
-    row.setupUi();
-    row.updateData();
-    buttonsOf(&row)[1]->click();
+    QScopedPointer<PropUiButtonGroupCtrl> row(bound(makeRow(0), bag, item));
+    buttonsOf(row.data())[1]->click();
     QVERIFY(bag.written.isEmpty());
     QTRY_COMPARE(messages.shown.size(), 1);
     QCOMPARE(messages.shown[0].text, QStringLiteral("Locked units."));
@@ -185,24 +203,17 @@ private slots:
     RecordingBag bag;
     const int item = addChoice(bag, {QStringLiteral("None"), QStringLiteral("Box")}, 2);
     bag.item(item).icons.insert(101, QIcon(QPixmap(8, 8)));
-    PropUiQToolButtonsCtrl row;
-    row.setOptions(0x40000);
-    row.setPropBagItem(&bag, item);
-    row.setupUi();
-    row.updateData();
-    QVERIFY(buttonsOf(&row)[1]->text().isEmpty());
-    QCOMPARE(buttonsOf(&row)[1]->toolTip(), QStringLiteral("Box"));
-    QVERIFY(!buttonsOf(&row)[1]->icon().isNull());
-    QVERIFY(!checkedOf(&row)); // matched by text, and there is none
+    QScopedPointer<PropUiButtonGroupCtrl> row(bound(makeRow(2), bag, item, 0x40000));
+    QVERIFY(buttonsOf(row.data())[1]->text().isEmpty());
+    QCOMPARE(buttonsOf(row.data())[1]->toolTip(), QStringLiteral("Box"));
+    QVERIFY(!buttonsOf(row.data())[1]->icon().isNull());
+    QVERIFY(!checkedOf(row.data())); // matched by text, and there is none
   }
 
   void gridTakesItsIdsFromTheValues()
   {
     RecordingBag bag;
-    QStringList cells;
-    for (int i = 0; i < 9; ++i)
-      cells << QStringLiteral("cell %1").arg(i);
-    const int item = addChoice(bag, cells, 17);
+    const int item = addGrid(bag, 17);
     bag.item(item).listValues.insert(104, intValue(17)); // the centre cell
     PropUiQButtons3x3Ctrl grid;
     grid.setPropBagItem(&bag, item);
@@ -232,14 +243,8 @@ private slots:
     QFETCH(bool, backwards);
     // GIVEN a grid whose current cell is neither the first nor the last, beside another field
     RecordingBag bag;
-    QStringList cells;
-    for (int i = 0; i < 9; ++i)
-      cells << QStringLiteral("cell %1").arg(i);
-    const int item = addChoice(bag, cells, 4);
-    auto* grid = new PropUiQButtons3x3Ctrl;
-    grid->setPropBagItem(&bag, item);
-    grid->setupUi();
-    grid->updateData();
+    const int item = addGrid(bag, 4);
+    auto* grid = bound(new PropUiQButtons3x3Ctrl, bag, item);
     ControlWindow window(grid);
     QVERIFY(window.showActive());
     window.other->setFocus();
@@ -272,22 +277,6 @@ private slots:
     }
     QVERIFY(!grid.buttonGroup()->checkedButton());
     QVERIFY(bag.written.isEmpty());
-  }
-
-  void unboundRowsDoNothing()
-  {
-    for (int kind = 0; kind < 3; ++kind)
-    {
-      QScopedPointer<PropUiButtonGroupCtrl> row(makeRow(kind));
-      row->updateData();
-      row->setupUi();
-      row->updateData();
-      QVERIFY(buttonsOf(row.data()).isEmpty());
-    }
-    PropUiQButtons3x3Ctrl grid;
-    grid.setupUi();
-    grid.updateData();
-    grid.onIdClicked(3);
   }
 };
 

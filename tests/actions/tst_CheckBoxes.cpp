@@ -8,11 +8,6 @@
 #include "TestValues.h"
 #include <QtTest>
 
-namespace
-{
-
-} // namespace
-
 class TestCheckBoxes : public QObject
 {
   Q_OBJECT
@@ -134,14 +129,6 @@ private slots:
     bag.item(item).editable = false;
     control->updateUi();
     QVERIFY(!control->checkBox()->isEnabled());
-
-    PropUiQCheckBox unbound;
-    QVERIFY(!unbound.setupUi());
-    unbound.onClicked(true);
-    PropUiQSwitchBox unboundSwitch;
-    QVERIFY(!unboundSwitch.setupUi());
-    unboundSwitch.onClicked(true);
-    QVERIFY(unbound.findChildren<QWidget*>().isEmpty());
   }
 
   void elementBoundBoxesUseElements()

@@ -4,52 +4,13 @@
 #include "MessageCatcher.h"
 #include "OdRxModule.h"
 #include "PropWidgetsEntry.h"
-#include "PropUiOptions.h"
 #include "PropUiQControl.h"
-#include "PropUiRegistry.h"
-#include "RecordingBag.h"
-#include "TestValues.h"
+#include "RichItem.h"
 #include <QtTest>
 #include <QtWidgets>
 
-
 namespace
 {
-
-/** An item every kind can show: a number with a list of nine, three elements, two actions. */
-int addRichItem(RecordingBag& bag)
-{
-  const int item = bag.addItem(QStringLiteral("Rich"), intValue(5));
-  RecordingBag::Item& it = bag.item(item);
-  it.flags = PropItemFlag::kHasActions | PropItemFlag::kEditableList;
-  for (int i = 0; i < 9; ++i)
-  {
-    it.listNames << QStringLiteral("Entry %1").arg(i);
-    it.listKeys << unsigned(i);
-    it.listValues[unsigned(i)] = intValue(i);
-  }
-  it.elements = {0, 1, 2};
-  it.elementCaptions = QStringList{QStringLiteral("X"), QStringLiteral("Y"), QStringLiteral("Z")};
-  it.elementValues[0] = intValue(1);
-  it.elementValues[1] = intValue(2);
-  it.elementValues[2] = intValue(3);
-  it.groupCount = 2;
-  it.actions = {OdSharedPtr<PropAction>(new TestAction(QStringLiteral("Reset"))),
-                OdSharedPtr<PropAction>(new TestAction(QStringLiteral("Pick")))};
-  return item;
-}
-
-PropUiQWidget* makeBound(const OdGUID& guid, RecordingBag& bag, int item, int options = 0)
-{
-  PropUiQWidget* control = propUiCreateWidget(guid, PropUiOption::kToolTipFilter | options);
-  if (!control)
-    return nullptr;
-  control->setPropBagItem(&bag, item);
-  control->setupUi();
-  control->updateUi();
-  control->updateData();
-  return control;
-}
 
 /** The focusable child a user would click into first. */
 QWidget* firstEditor(QWidget* control)
@@ -86,10 +47,7 @@ private slots:
   void initTestCase() { odrxCreateModuleObject()->initApp(); }
   void cleanupTestCase() { odrxCreateModuleObject()->uninitApp(); }
 
-  void deletionMidEditTouchesNoBag_data()
-  {
-    addEveryKindRows();
-  }
+  void deletionMidEditTouchesNoBag_data() { addEveryKindRows(); }
 
   // A host rebuilds its panel while the user types: whatever way the control
   // goes, the half-typed edit is dropped and the bag hears nothing more.
@@ -101,8 +59,8 @@ private slots:
     for (const char* way : {"delete", "deleteLater", "parent", "window"})
     {
       RecordingBag bag;
-      const int item = addRichItem(bag);
-      PropUiQWidget* control = makeBound(guid, bag, item);
+      const int item = addRichItem(bag, QStringLiteral("Rich"));
+      PropUiQWidget* control = boundKind(guid, bag, item);
       if (!control)
         QSKIP("kind not registered");
       auto* window = new ControlWindow(control);
@@ -122,10 +80,9 @@ private slots:
       else if (how == QLatin1String("parent"))
         delete window;
       else
-        window->setAttribute(Qt::WA_DeleteOnClose);
-      if (how == QLatin1String("window"))
       {
         // Closing is the user leaving the field: that may commit. Destruction may not.
+        window->setAttribute(Qt::WA_DeleteOnClose);
         window->close();
         QCoreApplication::processEvents();
         bag.clearCalls();
@@ -148,12 +105,10 @@ private slots:
   void secondSetupRebuildsOnce()
   {
     QFETCH(OdGUID, guid);
-    const int options = QTest::currentDataTag() && QByteArray(QTest::currentDataTag()).startsWith("multi-line")
-                          ? PropUiOption::kMultiLine
-                          : 0;
+    const int options = QByteArray(QTest::currentDataTag()).startsWith("multi-line") ? PropUiOption::kMultiLine : 0;
     RecordingBag bag;
-    const int item = addRichItem(bag);
-    PropUiQWidget* control = makeBound(guid, bag, item, options);
+    const int item = addRichItem(bag, QStringLiteral("Rich"));
+    PropUiQWidget* control = boundKind(guid, bag, item, options);
     if (!control)
       QSKIP("kind not registered");
     ControlWindow window(control);
@@ -187,7 +142,7 @@ private slots:
   {
     RecordingBag bag;
     const int item = bag.addItem(QStringLiteral("Radius"), realValue(2));
-    ControlWindow window(makeBound(PropUiGuidDouble, bag, item));
+    ControlWindow window(boundKind(PropUiGuidDouble, bag, item));
     QVERIFY(window.showActive());
     auto* edit = window.findChild<QLineEdit*>(QStringLiteral("edit"));
     edit->setFocus(Qt::MouseFocusReason);
@@ -212,7 +167,7 @@ private slots:
     const int item = bag.addItem(QStringLiteral("Radius"), realValue(2));
     bag.item(item).acceptValidate = false;
     bag.item(item).validateMessage = QStringLiteral("Must be positive.");
-    PropUiQWidget* control = makeBound(PropUiGuidDouble, bag, item);
+    PropUiQWidget* control = boundKind(PropUiGuidDouble, bag, item);
     ControlWindow window(control);
     QVERIFY(window.showActive());
     auto* edit = control->findChild<QLineEdit*>(QStringLiteral("edit"));
