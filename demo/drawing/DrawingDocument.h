@@ -1,0 +1,67 @@
+#pragma once
+
+#include "DrawingEntity.h"
+#include "OdDbDatabase.h"
+#include <QObject>
+#include <QString>
+#include <QVector>
+#include <map>
+#include <memory>
+#include <vector>
+
+/** A block's definition as inserts draw it: its base point and its entities. */
+struct DrawingBlock
+{
+  DrawingPoint basePoint;
+  std::vector<DrawingEntity> entities;
+};
+
+/**
+ * An open drawing: its tables in the drawing database, its model-space
+ * entities and the contents of its blocks. Every change of an entity goes
+ * through replaceEntities(), so that views and the palette hear of it.
+ */
+class DrawingDocument : public QObject
+{
+  Q_OBJECT
+
+public:
+  explicit DrawingDocument(QObject* parent = nullptr);
+  ~DrawingDocument() override;
+
+  OdDbDatabase& database() { return *m_database; }
+  const OdDbDatabase& database() const { return *m_database; }
+
+  const std::vector<DrawingEntity>& entities() const { return m_entities; }
+  /** Null when no entity has the handle. */
+  const DrawingEntity* entity(quint64 handle) const;
+  /** Adds at the end; a zero or taken handle is replaced by a new one. Returns the handle. */
+  quint64 addEntity(DrawingEntity entity);
+
+  /** Block definitions by name, as the file spells it. */
+  const std::map<QString, DrawingBlock>& blocks() const { return m_blocks; }
+  DrawingBlock& block(const QString& name) { return m_blocks[name]; }
+
+  /** Puts the given entities in place of those with the same handles; unknown handles are skipped. */
+  void replaceEntities(const std::vector<DrawingEntity>& changed);
+
+  /** Drops everything and starts from a new database. */
+  void clear();
+
+  QString fileName() const { return m_fileName; }
+  void setFileName(const QString& fileName) { m_fileName = fileName; }
+
+Q_SIGNALS:
+  /** Some entities changed their properties. */
+  void entitiesChanged(const QVector<quint64>& handles);
+  /** The whole drawing was replaced (opened, cleared). */
+  void documentReset();
+
+private:
+  std::unique_ptr<OdDbDatabase> m_database;
+  std::vector<DrawingEntity> m_entities;
+  std::map<quint64, std::size_t> m_indexOfHandle;
+  std::map<QString, DrawingBlock> m_blocks;
+  quint64 m_lastHandle = 0;
+  QString m_fileName;
+};
