@@ -9,6 +9,7 @@
 #include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
+#include <algorithm>
 #include <cmath>
 #include <dl_creationadapter.h>
 #include <dl_dxf.h>
@@ -44,6 +45,10 @@ struct CommonGroups
 
   void take(unsigned int code, const std::string& value)
   {
+    // most groups are geometry that dxflib reads itself; only these are worth a copy
+    static const unsigned int wanted[] = {5, 6, 8, 48, 60, 62, 67, 70, 370, 420};
+    if (std::find(std::begin(wanted), std::end(wanted), code) == std::end(wanted))
+      return;
     const QByteArray raw = QByteArray::fromStdString(value).trimmed();
     bool ok = false;
     switch (code)
@@ -464,7 +469,7 @@ bool readDxf(const QString& path, DrawingDocument& document, QString* error, int
   QFile file(path);
   if (!file.open(QIODevice::ReadOnly))
     return fail(error, tr("Cannot open %1: %2").arg(shown, file.errorString()));
-  if (file.peek(22) == "AutoCAD Binary DXF\r\n\x1a")
+  if (file.peek(18) == "AutoCAD Binary DXF")
     return fail(error, tr("%1 is a binary DXF file; only text DXF files can be opened.").arg(shown));
   file.close();
 

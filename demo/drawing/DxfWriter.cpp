@@ -44,6 +44,12 @@ public:
     m_entityHandle = entity.handle;
     m_entityInvisible = !entity.visible;
   }
+  /** dxflib leaves out what it cannot write (an insert of no block); its handle must not pass to the next. */
+  void forget() const
+  {
+    m_entityHandle = 0;
+    m_entityInvisible = false;
+  }
 
   void dxfHex(int gc, int value) const override
   {
@@ -266,6 +272,7 @@ private:
       writeDimension(e, attributes);
       break;
     }
+    m_dw.forget();
   }
 
   void writeDimension(const DrawingEntity& e, const DL_Attributes& attributes)

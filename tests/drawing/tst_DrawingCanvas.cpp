@@ -4,6 +4,7 @@
 #include "OdDbLayerTableRecord.h"
 #include <QSignalSpy>
 #include <QtTest>
+#include <limits>
 
 namespace
 {
@@ -250,6 +251,54 @@ private Q_SLOTS:
     QVERIFY2(qAbs(drawn.red() - expected.red()) + qAbs(drawn.green() - expected.green())
                      + qAbs(drawn.blue() - expected.blue()) < 24,
              qPrintable(drawn.name()));
+  }
+
+  void degenerateEntitiesDoNotBreakTheCanvas()
+  {
+    // GIVEN entities a broken file or a careless host could leave: no points, no size,
+    // numbers that are not numbers, a block that inserts itself, a block that does not exist
+    DrawingDocument document;
+    fillDocument(document);
+    OdDbDatabase& db = document.database();
+    const double nan = std::numeric_limits<double>::quiet_NaN();
+    std::vector<DrawingEntity> odd;
+    for (EntityKind kind : {EntityKind::Line, EntityKind::Circle, EntityKind::Arc, EntityKind::Polyline,
+                            EntityKind::Text, EntityKind::MText, EntityKind::Insert, EntityKind::Dimension})
+    {
+      DrawingEntity e;
+      e.kind = kind;
+      odd.push_back(e);
+      e.points = {{nan, 1, 0}, {2, nan, 0}, {1e300, -1e300, 0}};
+      e.bulges = {1e12};
+      e.radius = -5;
+      e.height = nan;
+      e.text = QStringLiteral("{\\fArial;\\S1^2;}\\P%%c");
+      e.dimensionType = 2;
+      odd.push_back(e);
+    }
+    db.addBlock(OdString(L"LOOP"));
+    DrawingEntity loop;
+    loop.kind = EntityKind::Insert;
+    loop.blockName = QStringLiteral("LOOP");
+    loop.points = {{0, 0, 0}};
+    document.block(QStringLiteral("LOOP")).entities.push_back(loop);
+    odd.push_back(loop);
+    loop.blockName = QStringLiteral("MISSING");
+    odd.push_back(loop);
+    for (DrawingEntity& e : odd)
+      document.addEntity(e);
+
+    // WHEN the canvas shows them, zooms, picks and selects THEN it stays usable
+    DrawingCanvas canvas(&document);
+    canvas.resize(300, 300);
+    canvas.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&canvas));
+    canvas.zoomExtents();
+    canvas.viewport()->grab();
+    QTest::mouseClick(canvas.viewport(), Qt::LeftButton, Qt::NoModifier, QPoint(150, 150));
+    drag(canvas, QPoint(5, 5), QPoint(295, 295));
+    canvas.selectAll();
+    QVERIFY(canvas.selection().contains(A));
   }
 
   void hiddenEntitiesAreNeitherDrawnNorPicked_data()
