@@ -500,8 +500,12 @@ private:
   PropBagCtx* m_context = nullptr;
 };
 
-/** What a drawing-attribute combo offers: a swatch and a name per entry. */
-typedef std::vector<std::pair<QIcon, QString> > ComboEntries;
+/** What a drawing-attribute combo offers: a swatch and a name per entry, at the size shown. */
+struct ComboEntries
+{
+  std::vector<std::pair<QIcon, QString> > entries;
+  QSize iconSize;
+};
 
 // ---------------------------------------------------------------------------
 // The widgets a user touches, found once, so that both stacks are driven alike.
@@ -716,7 +720,10 @@ public:
       }
       if (stack == Stack::Combo)
       {
-        for (const auto& entry : comboEntries)
+        // Pictures wider than the style's icons need the size said, as any panel showing them would.
+        if (comboEntries.iconSize.isValid() && comboEntries.iconSize != m_combo->iconSize())
+          m_combo->setIconSize(comboEntries.iconSize);
+        for (const auto& entry : comboEntries.entries)
           m_combo->addItem(entry.first, entry.second);
         connect(m_combo, QOverload<int>::of(&QComboBox::activated), this,
                 [this](int index) { commitText(m_combo->itemText(index)); });
@@ -1220,7 +1227,7 @@ std::vector<qint64> cycle(const Kind& kind, bool ours, int reps, QWidget& panel,
 ComboEntries comboEntriesOf(const Kind& kind)
 {
   if (kind.recipe.stack != Stack::Combo)
-    return {};
+    return ComboEntries();
   LeanBag bag(kind.recipe.data);
   std::unique_ptr<PropUiQWidget> control(propUiCreateWidget(*kind.guid, PropUiOption::kToolTipFilter));
   control->setPropBagItem(&bag, 0);
@@ -1228,8 +1235,11 @@ ComboEntries comboEntriesOf(const Kind& kind)
   control->updateData();
   ComboEntries entries;
   if (auto* combo = control->findChild<QComboBox*>())
+  {
+    entries.iconSize = combo->iconSize();
     for (int i = 0; i < combo->count(); ++i)
-      entries.push_back({combo->itemIcon(i), combo->itemText(i)});
+      entries.entries.push_back({combo->itemIcon(i), combo->itemText(i)});
+  }
   return entries;
 }
 
@@ -1310,6 +1320,7 @@ std::map<QByteArray, double> runUnderCallgrind(const QStringList& passOn)
                    QStringLiteral("--callgrind-out-file=%1/cg.out").arg(dir.path()),
                    QCoreApplication::applicationFilePath(), QStringLiteral("--callgrind-child")};
   args << passOn;
+  args.prepend(QStringLiteral("--quiet"));
   child.start(QStringLiteral("valgrind"), args);
   if (!child.waitForStarted() || !child.waitForFinished(-1) || child.exitCode() != 0)
   {
