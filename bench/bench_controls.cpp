@@ -40,6 +40,7 @@
 #include <QDateEdit>
 #include <QDir>
 #include <QElapsedTimer>
+#include <QFormLayout>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -683,13 +684,17 @@ public:
     case Stack::Coords3:
     case Stack::Scale:
     {
+      // A captioned row per axis, as a hand-written form lays out a point.
       const int axes = stack == Stack::Coords3 ? 3 : 2;
+      auto* form = new QFormLayout;
+      layout->addLayout(form);
       for (int e = 0; e < axes; ++e)
       {
         auto* edit = new QLineEdit(this);
-        edit->setAccessibleName(QStringLiteral("%1 %2").arg(name, QChar(u'X' + e)));
+        const QString axis = QString(QChar(u'X' + e));
+        edit->setAccessibleName(axis);
         connect(edit, &QLineEdit::editingFinished, this, [this, edit, e] { commitElement(e, edit->text()); });
-        layout->addWidget(edit);
+        form->addRow(new QLabel(axis, this), edit);
         m_edits << edit;
       }
       if (stack == Stack::Scale)
