@@ -5,10 +5,21 @@
 #include "PropUiIcons.h"
 #include "PropUiQIcon.h"
 #include <QPushButton>
+#include <QFont>
 #include <QStyle>
+#include <QVariant>
 
 namespace
 {
+
+/** Tells fonts apart for remembering what a caption was measured with; far cheaper than QFont::key(). */
+QString fontTag(const QFont& font)
+{
+  // The hash leaves out the point size, which the seed brings in.
+  const uint hash = qHash(font, uint(font.pointSizeF() * 64));
+  const QChar tag[] = {QChar(u'\n'), QChar(ushort(hash >> 16)), QChar(ushort(hash & 0xFFFF))};
+  return QString(tag, 3);
+}
 
 const int kButtonSize = 15;
 
@@ -34,7 +45,9 @@ void PropUiActionPushButtonsCtrl::updateBtn(QAbstractButton* button, PropAction*
   pushButton->setChecked(action->checked());
   pushButton->setEnabled(action->enabled());
   const QString caption = toQString(action->name());
-  pushButton->setToolTip(caption);
+  // Every refresh lands here: only what changed is handed on, as a button repaints and relays out for each.
+  if (pushButton->toolTip() != caption)
+    pushButton->setToolTip(caption);
   OdSharedPtr<PropIcon> icon = action->icon();
   auto* qicon = dynamic_cast<PropUiQIcon*>(icon.get());
   const bool ownPicture = qicon && !qicon->getIcon().isNull();
@@ -42,10 +55,17 @@ void PropUiActionPushButtonsCtrl::updateBtn(QAbstractButton* button, PropAction*
   // The stock picture beside a caption says nothing; it stands in only where no caption shows.
   const bool showCaption = !iconsOnly && !caption.isEmpty();
   pushButton->setText(showCaption ? caption : QString());
-  if (qicon) // a present but empty picture (a placeholder's) stays blank
-    pushButton->setIcon(qicon->getIcon());
-  else
-    pushButton->setIcon(showCaption ? QIcon() : propUiGetIcon(QStringLiteral("default_button")));
+  // A present but empty picture (a placeholder's) stays blank.
+  const QIcon picture =
+    qicon ? qicon->getIcon() : showCaption ? QIcon() : propUiGetIcon(QStringLiteral("default_button"));
+  if (picture.cacheKey() != pushButton->icon().cacheKey())
+    pushButton->setIcon(picture);
+  const QString measured =
+    showCaption ? caption + fontTag(pushButton->font()) + QChar(ownPicture ? pushButton->iconSize().width() : 0) : QString();
+  const char* const kMeasuredFor = "propUiMeasuredFor";
+  if (!measured.isNull() && pushButton->property(kMeasuredFor).toString() == measured)
+    return;
+  pushButton->setProperty(kMeasuredFor, measured);
   int width = kButtonSize;
   if (showCaption)
   {

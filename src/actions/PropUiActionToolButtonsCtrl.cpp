@@ -3,11 +3,21 @@
 #include "PropAction.h"
 #include "PropUiQAction.h"
 #include "PropUiQIcon.h"
+#include <QFont>
 #include <QStyle>
 #include <QToolButton>
 
 namespace
 {
+
+/** Tells fonts apart for remembering what a caption was measured with; far cheaper than QFont::key(). */
+QString fontTag(const QFont& font)
+{
+  // The hash leaves out the point size, which the seed brings in.
+  const uint hash = qHash(font, uint(font.pointSizeF() * 64));
+  const QChar tag[] = {QChar(u'\n'), QChar(ushort(hash >> 16)), QChar(ushort(hash & 0xFFFF))};
+  return QString(tag, 3);
+}
 
 const int kButtonSize = 15;
 
@@ -51,6 +61,12 @@ void PropUiActionToolButtonsCtrl::updateBtn(QAbstractButton* button, PropAction*
     toolButton->setToolButtonStyle(style);
   if (mirror->toolTip() != caption)
     mirror->setToolTip(caption);
+  // Measuring the caption was most of a refresh: measure again only when the caption or the font changed.
+  const QString measured = showCaption ? caption + fontTag(toolButton->font()) : QString();
+  const char* const kMeasuredFor = "propUiMeasuredFor";
+  if (!measured.isNull() && toolButton->property(kMeasuredFor).toString() == measured)
+    return;
+  toolButton->setProperty(kMeasuredFor, measured);
   const int margin = toolButton->style()->pixelMetric(QStyle::PM_ButtonMargin, nullptr, toolButton);
   const int width =
     showCaption ? qMax(kButtonSize, toolButton->fontMetrics().horizontalAdvance(caption) + 2 * margin) : kButtonSize;

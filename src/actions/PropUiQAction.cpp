@@ -22,7 +22,10 @@ void PropUiQAction::setPropAction(PropAction* action)
   setIconText(toQString(action->name()));
   OdSharedPtr<PropIcon> icon = action->icon();
   auto* qicon = dynamic_cast<PropUiQIcon*>(icon.get());
-  setIcon(qicon ? qicon->getIcon() : propUiGetIcon(QStringLiteral("default_button")));
+  // Every refresh lands here; QAction announces a new icon to its buttons even when it is the same one.
+  const QIcon picture = qicon ? qicon->getIcon() : propUiGetIcon(QStringLiteral("default_button"));
+  if (picture.cacheKey() != QAction::icon().cacheKey())
+    setIcon(picture);
   setCheckable(action->checkable());
   setChecked(action->checked());
   setEnabled(action->enabled());

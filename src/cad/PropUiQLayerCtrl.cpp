@@ -11,6 +11,8 @@
 #include "hostDbPropBagCtx.h"
 #include "hostQtPicture.h"
 #include <QHBoxLayout>
+#include <QHash>
+#include <QPair>
 #include <QStandardItemModel>
 #include <QtMath>
 
@@ -81,13 +83,27 @@ QIcon layerPicture(const OdDbLayerTableRecord& layer, const OdDbObjectId& viewpo
   const QColor fill = hostQtColor(layer.color(viewport));
   const bool off = layer.isOff(), frozen = layer.isFrozen(), locked = layer.isLocked();
   const QColor ink = hostQtPictureInk();
-  return hostQtPicture(PropUiQLayerCtrl::pictureSize(), [=](QPainter& p, const QRectF& area) {
+  // A panel rebuilt for every selection lists every layer in every layer control, and painting
+  // the pictures was nearly all of a set-up: a picture depends only on what the key holds.
+  // Bounded, as a drawing can hold any number of true colours.
+  static QHash<QPair<quint64, QRgb>, QIcon> painted;
+  const QPair<quint64, QRgb> key(quint64(fill.isValid() ? fill.rgba() : 0) << 3 | quint64(off) << 2 |
+                                   quint64(frozen) << 1 | quint64(locked) | quint64(fill.isValid()) << 35,
+                                 ink.rgba());
+  const auto known = painted.constFind(key);
+  if (known != painted.constEnd())
+    return known.value();
+  if (painted.size() >= 1024)
+    painted.clear();
+  const QIcon picture = hostQtPicture(PropUiQLayerCtrl::pictureSize(), [=](QPainter& p, const QRectF& area) {
     const double cell = area.height();
     drawSwatch(p, QRectF(0, 0, cell, cell), fill, ink);
     drawBulb(p, QRectF(cell + 1, 0, cell, cell), !off, ink);
     drawFrozen(p, QRectF(2 * cell + 1, 0, cell, cell), frozen, ink);
     drawLock(p, QRectF(3 * cell + 1, 0, cell, cell), locked, ink);
   });
+  painted.insert(key, picture);
+  return picture;
 }
 
 } // namespace

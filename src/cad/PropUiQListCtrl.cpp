@@ -133,8 +133,11 @@ void PropUiQListCtrl::updateData()
     rows->appendRow(row);
   restoreSelection(current, selected);
   readCheckStates();
-  // The view lays the new rows out later; only then can it show the current one.
+  // The view lays the new rows out later; only then can it show the current one. Without one,
+  // a refresh posts nothing.
   QPointer<QListView> view = m_view;
+  if (!view || !view->currentIndex().isValid())
+    return;
   QTimer::singleShot(0, this, [view]() {
     if (view && view->currentIndex().isValid())
       view->scrollTo(view->currentIndex());

@@ -25,9 +25,10 @@ class CheckListCombo : public host_qt_ui_core::QHostComboBox
 public:
   explicit CheckListCombo(QWidget* parent) : QHostComboBox(parent)
   {
-    // The model goes in before the popup's view exists, which would keep a selection model for the old one.
-    setModel(new QStandardItemModel(this));
-    view()->viewport()->installEventFilter(this);
+    // A combo comes with a model of this kind; a new one would go in before the popup's view exists,
+    // which would keep a selection model for the old one.
+    if (!qobject_cast<QStandardItemModel*>(model()))
+      setModel(new QStandardItemModel(this));
   }
   // A popup torn down with the combo is not the user closing it.
   ~CheckListCombo() override { popupClosed = nullptr; }
@@ -39,6 +40,14 @@ public:
     m_summary = text;
     m_placeholder = placeholder;
     update();
+  }
+
+  void showPopup() override
+  {
+    // Asking for the view builds the whole popup: a panel of these controls pays that only for
+    // the one the user opens. Installing again keeps one filter.
+    view()->viewport()->installEventFilter(this);
+    QHostComboBox::showPopup();
   }
 
   void hidePopup() override

@@ -137,8 +137,13 @@ void PropUiQTableCtrl::showCells(const QStringList& cells, int rows, int columns
   const ApplyingScope showing(this);
   if (model->cells() != m_shown || model->rowCount() != rows || model->columnCount() != columns)
     model->setCells(m_shown, rows, columns);
-  model->setHeaders(readLabels(kColumnLabelsElement), Qt::Horizontal);
-  model->setHeaders(readLabels(kRowLabelsElement), Qt::Vertical);
+  // Every header change lays the header views out again; a refresh mostly brings the same labels.
+  const QStringList columnLabels = readLabels(kColumnLabelsElement);
+  if (columnLabels != model->headers(Qt::Horizontal))
+    model->setHeaders(columnLabels, Qt::Horizontal);
+  const QStringList rowLabels = readLabels(kRowLabelsElement);
+  if (rowLabels != model->headers(Qt::Vertical))
+    model->setHeaders(rowLabels, Qt::Vertical);
 }
 
 bool PropUiQTableCtrl::isVaries() const

@@ -330,6 +330,44 @@ private slots:
       QVERIFY(button->width() >= button->fontMetrics().horizontalAdvance(caption));
   }
 
+  void aRefreshShowsWhatChangedInTheAction_data()
+  {
+    QTest::addColumn<bool>("push");
+    QTest::newRow("tool buttons") << false;
+    QTest::newRow("push buttons") << true;
+  }
+
+  // A refresh hands on only what changed: a new caption, picture or font must still get through.
+  void aRefreshShowsWhatChangedInTheAction()
+  {
+    QFETCH(bool, push);
+    RecordingBag bag;
+    const int item = bag.addItem(QStringLiteral("Tools"));
+    auto* action = new TestAction(QStringLiteral("Zoom"));
+    bag.item(item).actions.append(OdSharedPtr<PropAction>(action));
+    QScopedPointer<PropUiActionButtonGroupCtrl> row(actionRow(push, bag, item));
+    QAbstractButton* button = buttonsOf(*row).value(0);
+    QVERIFY(button);
+    const int narrow = button->width();
+
+    bag.item(item).actions[0] = OdSharedPtr<PropAction>(action = new TestAction(QStringLiteral("Zoom to the whole drawing")));
+    row->updateData();
+    QCOMPARE(button->toolTip(), QStringLiteral("Zoom to the whole drawing"));
+    QVERIFY(button->width() > narrow);
+    QVERIFY(button->width() >= button->fontMetrics().horizontalAdvance(QStringLiteral("Zoom to the whole drawing")));
+
+    QFont bigger = button->font();
+    bigger.setPointSize(bigger.pointSize() * 2);
+    button->setFont(bigger);
+    row->updateData();
+    QVERIFY(button->width() >= button->fontMetrics().horizontalAdvance(QStringLiteral("Zoom to the whole drawing")));
+
+    action->iconToGive = QIcon(QPixmap::fromImage(drawnIcon()));
+    row->updateData();
+    auto* tool = qobject_cast<QToolButton*>(button);
+    QCOMPARE(pictureOf(tool ? tool->defaultAction()->icon() : button->icon()), drawnIcon());
+  }
+
   void libraryIconsAreDrawnForDoubleDensity_data()
   {
     QTest::addColumn<QString>("path");

@@ -1,8 +1,11 @@
+#include "ControlWindow.h"
 #include "MessageCatcher.h"
 #include "OdStringQt.h"
 #include "PropUiQMultiTextComboCtrl.h"
 #include "RecordingBag.h"
 #include "TestValues.h"
+#include <QAbstractItemView>
+#include <QComboBox>
 #include <QtTest>
 
 Q_DECLARE_METATYPE(PropVariant)
@@ -123,6 +126,27 @@ private slots:
     combo->onPopupClosed(); // a double is neither a set of flags nor a list
     QVERIFY(!bag.called(QStringLiteral("setValue")));
     QVERIFY(!combo->isChosen(1));
+  }
+
+  // Entries are ticked in the open popup, which stays for the next; closing it writes once.
+  void clicksInTheOpenPopupTickEntries()
+  {
+    RecordingBag snaps;
+    const int item = addSnaps(snaps, intValue(1), false);
+    auto* combo = boundControl<PropUiQMultiTextComboCtrl>(snaps, item);
+    ControlWindow window(combo);
+    QVERIFY(window.showActive());
+    combo->comboBox()->showPopup();
+    QAbstractItemView* view = combo->comboBox()->view();
+    QTRY_VERIFY(view->isVisible());
+    const QRect centre = view->visualRect(view->model()->index(2, 0));
+    QTest::mouseClick(view->viewport(), Qt::LeftButton, Qt::NoModifier, centre.center());
+    QVERIFY(view->isVisible());
+    QCOMPARE(chosenOf(*combo), (QList<bool>{true, false, true}));
+    QVERIFY(!snaps.called(QStringLiteral("setValue")));
+    combo->comboBox()->hidePopup();
+    QCOMPARE(snaps.count(QStringLiteral("setValue")), 1);
+    QCOMPARE(snaps.written.last(), intValue(5));
   }
 };
 

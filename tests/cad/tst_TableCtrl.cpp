@@ -64,6 +64,27 @@ private slots:
     QCOMPARE(table->tableView()->accessibleName(), QStringLiteral("Title block"));
   }
 
+  // A refresh hands the view new labels only: labels that changed, or came or went, must show.
+  void aRefreshShowsChangedLabels()
+  {
+    RecordingBag bag;
+    const int item = addTitleBlock(bag);
+    QScopedPointer<PropUiQTableCtrl> table(boundControl<PropUiQTableCtrl>(bag, item));
+    QSignalSpy announced(table->tableModel(), &QAbstractItemModel::headerDataChanged);
+
+    bag.item(item).elementValues[PropUiQTableCtrl::kColumnLabelsElement] = textsValue({QStringLiteral("Key"), QStringLiteral("Text")});
+    bag.item(item).elementValues[PropUiQTableCtrl::kRowLabelsElement] = textsValue({QStringLiteral("1"), QStringLiteral("2")});
+    table->updateData();
+    QCOMPARE(table->tableModel()->headerData(1, Qt::Horizontal).toString(), QStringLiteral("Text"));
+    QCOMPARE(table->tableModel()->headerData(1, Qt::Vertical).toString(), QStringLiteral("2"));
+    QVERIFY(!announced.isEmpty());
+
+    bag.item(item).elementValues.remove(PropUiQTableCtrl::kRowLabelsElement);
+    table->updateData();
+    QVERIFY(!table->tableModel()->headerData(0, Qt::Vertical).isValid());
+    QCOMPARE(table->tableModel()->headerData(0, Qt::Horizontal).toString(), QStringLiteral("Key"));
+  }
+
   void shapes_data()
   {
     QTest::addColumn<PropVariant>("rows");

@@ -2,22 +2,25 @@
 
 #include "PropUiGuids.h"
 #include <QTest>
+#include <vector>
 
 Q_DECLARE_METATYPE(OdGUID)
 
-/**
- * One data row per editor kind the library names, for tests that must hold
- * for every control: a kind without a registered factory makes no control
- * and its row skips, so a control joins these tests by being registered.
- */
-inline void addEveryKindRows()
+/** An editor kind the library names, as tests and benchmarks list it. */
+struct NamedKind
 {
-  QTest::addColumn<OdGUID>("guid");
-  const struct
-  {
-    const char* name;
-    const OdGUID& guid;
-  } kinds[] = {
+  const char* name;
+  const OdGUID& guid;
+};
+
+/**
+ * Every editor kind the library names: a kind without a registered factory
+ * makes no control and is skipped by whoever walks the list, so a control
+ * joins the tests and benchmarks by being registered.
+ */
+inline const std::vector<NamedKind>& everyKind()
+{
+  static const std::vector<NamedKind> kinds = {
     {"empty", PropUiGuidEmpty},         {"action tool buttons", PropUiGuidActionToolButtons},
     {"action push buttons", PropUiGuidActionPushButtons}, {"label", PropUiGuidLabel},
     {"double", PropUiGuidDouble},       {"distance", PropUiGuidDistance},
@@ -37,6 +40,13 @@ inline void addEveryKindRows()
     {"slider", PropUiGuidSlider},       {"multi text combo", PropUiGuidMultiTextCombo},
     {"date", PropUiGuidDate},
   };
-  for (const auto& kind : kinds)
+  return kinds;
+}
+
+/** One data row per kind of everyKind(), for tests that must hold for every control. */
+inline void addEveryKindRows()
+{
+  QTest::addColumn<OdGUID>("guid");
+  for (const NamedKind& kind : everyKind())
     QTest::newRow(kind.name) << kind.guid;
 }
