@@ -13,19 +13,16 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMetaObject>
+#include <QSet>
 #include <QPlainTextEdit>
 #include <QTextDocument>
 #include <QTextEdit>
 #include <QVariant>
+#include <algorithm>
 #include <exception>
 
 namespace
 {
-
-// What this class gave a widget last, so a later update can tell its own
-// text from one that a composite or the host set.
-const char kOwnName[] = "_propui_accessibleName";
-const char kOwnDescription[] = "_propui_accessibleDescription";
 
 /** The innermost control a widget belongs to: composites leave their rows to the rows. */
 const PropUiQControl* ownerOf(const QWidget* widget)
@@ -36,19 +33,28 @@ const PropUiQControl* ownerOf(const QWidget* widget)
   return nullptr;
 }
 
-/** Sets the text unless someone else set one; true when the widget carries ours. */
-bool setOwn(QWidget* widget, const char* ownKey, const QString& current, const QString& wanted,
+/** Sets the text unless someone else set one; `own` is what this class gave last. */
+void setOwn(QWidget* widget, QString& own, const QString& current, const QString& wanted,
             void (QWidget::*setter)(const QString&))
 {
-  const QString own = widget->property(ownKey).toString();
   if (!current.isEmpty() && current != own)
-    return false;
+    return;
   if (current != wanted)
     (widget->*setter)(wanted);
-  if (own != wanted)
-    widget->setProperty(ownKey, wanted);
-  return true;
+  own = wanted;
 }
+
+// Controls waiting for their update. A panel builds thousands of controls in
+// one event: one posted call serves them all, and a control going away
+// before then only leaves this set, where a posted event of its own would
+// make Qt search the whole event queue for it.
+QSet<PropUiAccessibility*>& pending()
+{
+  static QSet<PropUiAccessibility*> waiting;
+  return waiting;
+}
+
+bool runPosted = false;
 
 } // namespace
 
@@ -56,6 +62,12 @@ PropUiAccessibility::PropUiAccessibility(PropUiQControl* control) : m_control(co
 {
   PropUiAccessibleCheckBox::install();
   PropUiAccessibleComboBox::install();
+}
+
+PropUiAccessibility::~PropUiAccessibility()
+{
+  if (m_pending)
+    pending().remove(this);
 }
 
 void PropUiAccessibility::forgetTexts()
@@ -68,14 +80,24 @@ void PropUiAccessibility::schedule()
   if (m_pending)
     return;
   m_pending = true;
-  // Queued on the control: a control deleted first takes the update with it.
-  QMetaObject::invokeMethod(
-    m_control,
-    [this]() {
-      m_pending = false;
-      update();
-    },
-    Qt::QueuedConnection);
+  pending().insert(this);
+  if (runPosted || !QCoreApplication::instance())
+    return;
+  runPosted = true;
+  QMetaObject::invokeMethod(QCoreApplication::instance(), &PropUiAccessibility::runPending, Qt::QueuedConnection);
+}
+
+void PropUiAccessibility::runPending()
+{
+  runPosted = false;
+  // An update may delete another control or schedule one anew: each is taken out of the set before it runs.
+  const QList<PropUiAccessibility*> waiting = pending().values();
+  for (PropUiAccessibility* accessibility : waiting)
+    if (pending().remove(accessibility))
+    {
+      accessibility->m_pending = false;
+      accessibility->update();
+    }
 }
 
 void PropUiAccessibility::update()
@@ -102,9 +124,19 @@ void PropUiAccessibility::update()
   }
   const bool varies = m_control->isVaries();
   const QList<QWidget*> widgets = m_control->findChildren<QWidget*>();
+  // Widgets gone since the last update (a row that lost buttons) drop out
+  // here; one that takes no focus just now keeps what it was given.
+  QVector<Given> given;
   for (QWidget* widget : widgets)
-    if (widget->focusPolicy() != Qt::NoFocus && ownerOf(widget) == m_control)
-      describe(widget, varies);
+  {
+    if (ownerOf(widget) != m_control)
+      continue;
+    if (widget->focusPolicy() != Qt::NoFocus)
+      given.append(describe(widget, varies));
+    else if (const Given* earlier = givenTo(widget))
+      given.append(*earlier);
+  }
+  m_given = given;
   tieCaption();
 }
 
@@ -133,13 +165,23 @@ void PropUiAccessibility::readTexts()
   m_textsKnown = true;
 }
 
-void PropUiAccessibility::describe(QWidget* widget, bool varies) const
+const PropUiAccessibility::Given* PropUiAccessibility::givenTo(const QWidget* widget) const
 {
+  const auto found =
+    std::find_if(m_given.cbegin(), m_given.cend(), [widget](const Given& g) { return g.widget == widget; });
+  return found != m_given.cend() ? &*found : nullptr;
+}
+
+PropUiAccessibility::Given PropUiAccessibility::describe(QWidget* widget, bool varies) const
+{
+  const Given* earlier = givenTo(widget);
+  Given given = earlier ? *earlier : Given{widget, QString(), QString()};
   const QString name = nameOf(widget);
   if (!name.isEmpty())
-    setOwn(widget, kOwnName, widget->accessibleName(), name, &QWidget::setAccessibleName);
-  setOwn(widget, kOwnDescription, widget->accessibleDescription(),
+    setOwn(widget, given.name, widget->accessibleName(), name, &QWidget::setAccessibleName);
+  setOwn(widget, given.description, widget->accessibleDescription(),
          announcement(m_description, varies, isReadOnly(widget)), &QWidget::setAccessibleDescription);
+  return given;
 }
 
 // A button of a row (a choice, an action) is told apart from its neighbours

@@ -94,7 +94,7 @@ bool PropUiQControl::setupUi()
   if (m_setUp)
     clearBuiltUi();
   m_setUp = true;
-  new PropUiActionsContextMenu(this);
+  PropUiActionsContextMenu::install();
   if (m_actionsToolbar)
     m_actionsToolbar->setupUi();
   useToolTipFilter(this);
