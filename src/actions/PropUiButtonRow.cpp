@@ -68,4 +68,16 @@ void fitButtonRow(PropUiQControl* control, QHBoxLayout* row, QButtonGroup* group
     collector->recompute();
 }
 
+void setToolTipIfChanged(QWidget* widget, const QString& toolTip)
+{
+  if (widget->toolTip() != toolTip)
+    widget->setToolTip(toolTip);
+}
+
+void setIconIfChanged(QAbstractButton* button, const QIcon& icon)
+{
+  if (button->icon().cacheKey() != icon.cacheKey())
+    button->setIcon(icon);
+}
+
 } // namespace propui
