@@ -13,6 +13,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMetaObject>
+#include <QHash>
 #include <QSet>
 #include <QPlainTextEdit>
 #include <QTextDocument>
@@ -56,6 +57,47 @@ QSet<PropUiAccessibility*>& pending()
 
 bool runPosted = false;
 
+/** What a control edits: a caption is tied to the control beside it that edits the same. */
+struct Edited
+{
+  const PropBag* bag;
+  int index;
+  bool isElement;
+  unsigned long element;
+
+  explicit Edited(const PropUiQControl* control)
+    : bag(control->propBag()), index(control->itemIndex()), isElement(control->isPropertyElement()),
+      element(control->isPropertyElement() ? control->element() : 0)
+  {
+  }
+  bool operator==(const Edited& other) const
+  {
+    return bag == other.bag && index == other.index && isElement == other.isElement && element == other.element;
+  }
+};
+
+uint qHash(const Edited& edited, uint seed = 0)
+{
+  return ::qHash(quintptr(edited.bag), seed) ^ ::qHash(edited.index) ^ ::qHash(quint64(edited.element));
+}
+
+using Editors = QHash<Edited, QVector<PropUiQControl*> >;
+
+/** The editing controls among a widget's direct children, in order, by what they edit. */
+Editors editorsIn(const QWidget* parent)
+{
+  Editors editors;
+  for (PropUiQControl* sibling : parent->findChildren<PropUiQControl*>(QString(), Qt::FindDirectChildrenOnly))
+    if (!qobject_cast<PropUiQLabel*>(sibling))
+      editors[Edited(sibling)].append(sibling);
+  return editors;
+}
+
+// While the pending updates run, the captions of one panel share one look
+// at the panel's children: looking anew for each caption would cost the
+// square of the rows. Forgotten as soon as any control goes away.
+QHash<const QWidget*, Editors>* editorsByPanel = nullptr;
+
 } // namespace
 
 PropUiAccessibility::PropUiAccessibility(PropUiQControl* control) : m_control(control)
@@ -68,6 +110,8 @@ PropUiAccessibility::~PropUiAccessibility()
 {
   if (m_pending)
     pending().remove(this);
+  if (editorsByPanel)
+    editorsByPanel->clear();
 }
 
 void PropUiAccessibility::forgetTexts()
@@ -92,12 +136,15 @@ void PropUiAccessibility::runPending()
   runPosted = false;
   // An update may delete another control or schedule one anew: each is taken out of the set before it runs.
   const QList<PropUiAccessibility*> waiting = pending().values();
+  QHash<const QWidget*, Editors> editors;
+  editorsByPanel = &editors;
   for (PropUiAccessibility* accessibility : waiting)
     if (pending().remove(accessibility))
     {
       accessibility->m_pending = false;
       accessibility->update();
     }
+  editorsByPanel = nullptr;
 }
 
 void PropUiAccessibility::update()
@@ -213,13 +260,20 @@ void PropUiAccessibility::tieCaption() const
   auto* label = caption->findChild<QLabel*>(QString(), Qt::FindDirectChildrenOnly);
   if (!label || label->buddy())
     return;
-  const QList<PropUiQControl*> siblings = parent->findChildren<PropUiQControl*>(QString(), Qt::FindDirectChildrenOnly);
+  QVector<PropUiQControl*> siblings;
+  if (editorsByPanel)
+  {
+    auto known = editorsByPanel->find(parent);
+    if (known == editorsByPanel->end())
+      known = editorsByPanel->insert(parent, editorsIn(parent));
+    siblings = known->value(Edited(caption));
+  }
+  else
+  {
+    siblings = editorsIn(parent).value(Edited(caption));
+  }
   for (PropUiQControl* sibling : siblings)
   {
-    if (sibling == caption || qobject_cast<PropUiQLabel*>(sibling) || sibling->propBag() != caption->propBag() ||
-        sibling->itemIndex() != caption->itemIndex() || sibling->isPropertyElement() != caption->isPropertyElement() ||
-        (caption->isPropertyElement() && sibling->element() != caption->element()))
-      continue;
     for (QWidget* widget : sibling->findChildren<QWidget*>())
       if (widget->focusPolicy() != Qt::NoFocus && ownerOf(widget) == sibling)
       {
