@@ -46,7 +46,7 @@ namespace propui
 
 host_qt_ui_core::QHostCheckBox* buildCheckBox(PropUiQControl* control, bool switchMode)
 {
-  auto* layout = new QHBoxLayout(control);
+  auto* layout = control->adoptLayout(new QHBoxLayout);
   layout->setContentsMargins(0, 0, 0, 0);
   layout->setSpacing(2);
   if (switchMode && (control->getOptions() & PropUiOption::kAlignRight))

@@ -19,7 +19,7 @@ bool PropUiQButtons3x3Ctrl::setupUi()
   m_buttonGroup = new QButtonGroup(this);
   m_buttonGroup->setExclusive(true);
   connect(m_buttonGroup.data(), &QButtonGroup::idClicked, this, &PropUiQButtons3x3Ctrl::onIdClicked);
-  auto* grid = new QGridLayout(this);
+  auto* grid = adoptLayout(new QGridLayout);
   grid->setContentsMargins(0, 0, 0, 0);
   grid->setHorizontalSpacing(4);
   grid->setVerticalSpacing(2);

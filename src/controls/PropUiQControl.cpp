@@ -194,6 +194,20 @@ void PropUiQControl::setFormatter(PropUiQFormatter* formatter)
   m_formatter = formatter;
 }
 
+// A layout made with the control as its parent posts the control a layout
+// request. The control has a polish request waiting since it was made, so
+// Qt searches the whole queue of posted events for a request to merge with:
+// over a panel that costs the square of its rows. Invalidated while it has
+// no parent, the layout posts nothing; showing the control activates it.
+void PropUiQControl::adopt(QLayout* layout)
+{
+  layout->invalidate();
+  setLayout(layout);
+  // Shown already (set up again in place): laid out as Qt would have.
+  if (isVisible())
+    QCoreApplication::postEvent(this, new QEvent(QEvent::LayoutRequest));
+}
+
 PropUiActionToolButtonsCtrl* PropUiQControl::createActionsToolBar()
 {
   if (m_actionsToolbar)

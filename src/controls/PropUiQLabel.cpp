@@ -18,7 +18,7 @@ Qt::Alignment PropUiQLabel::hostAlignment()
 bool PropUiQLabel::setupUi()
 {
   PropUiQControl::setupUi();
-  auto* layout = new QHBoxLayout(this);
+  auto* layout = adoptLayout(new QHBoxLayout);
   layout->setContentsMargins(4, 0, 0, 0);
   m_label = new QLabel(this);
   m_label->setObjectName(QStringLiteral("label"));
