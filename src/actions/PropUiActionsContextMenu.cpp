@@ -6,12 +6,13 @@
 #include "PropUiQControl.h"
 #include "PropUiRefresh.h"
 #include <QAbstractSpinBox>
-#include <QChildEvent>
+#include <QCoreApplication>
 #include <QContextMenuEvent>
 #include <QLineEdit>
 #include <QLoggingCategory>
 #include <QMenu>
 #include <QPlainTextEdit>
+#include <QPointer>
 #include <QTextEdit>
 #include <exception>
 
@@ -39,42 +40,37 @@ QPoint keyboardMenuPosition(const QWidget* widget)
 
 } // namespace
 
-PropUiActionsContextMenu::PropUiActionsContextMenu(PropUiQControl* control) : QObject(control)
+PropUiActionsContextMenu::PropUiActionsContextMenu(QObject* application) : QObject(application)
 {
   setObjectName(QStringLiteral("actionsContextMenu"));
-  watch(control);
+  application->installEventFilter(this);
 }
 
-PropUiQControl* PropUiActionsContextMenu::control() const
+void PropUiActionsContextMenu::install()
 {
-  return static_cast<PropUiQControl*>(parent());
+  // Goes with the application; a later application gets a filter of its own.
+  static QPointer<PropUiActionsContextMenu> installed;
+  if (!installed && QCoreApplication::instance())
+    installed = new PropUiActionsContextMenu(QCoreApplication::instance());
 }
 
-void PropUiActionsContextMenu::watch(QWidget* widget)
-{
-  // Editors made before they were put into the control (a spin box's line edit) are watched too.
-  widget->installEventFilter(this);
-  for (QWidget* inner : widget->findChildren<QWidget*>())
-    inner->installEventFilter(this);
-}
-
-bool PropUiActionsContextMenu::isOwnWidget(QWidget* widget) const
+PropUiQControl* PropUiActionsContextMenu::controlOf(QWidget* widget)
 {
   for (QWidget* w = widget; w; w = w->parentWidget())
   {
     if (auto* owner = qobject_cast<PropUiQControl*>(w))
-      return owner == control();
+      return owner;
     // A popup of an editor (a combo box's list) is a window of its own, not the control.
     if (w->isWindow())
-      return false;
+      return nullptr;
   }
-  return false;
+  return nullptr;
 }
 
-QMenu* PropUiActionsContextMenu::popup(QWidget* widget, const QPoint& globalPos, bool fromKeyboard)
+QMenu* PropUiActionsContextMenu::popup(PropUiQControl* owner, QWidget* widget, const QPoint& globalPos,
+                                       bool fromKeyboard)
 {
-  PropUiQControl* owner = control();
-  PropBag* bag = owner->propBag();
+  PropBag* bag = owner ? owner->propBag() : nullptr;
   if (!bag || !widget)
     return nullptr;
   PropActionArray actions;
@@ -129,31 +125,28 @@ QMenu* PropUiActionsContextMenu::popup(QWidget* widget, const QPoint& globalPos,
   return menu;
 }
 
+// Called for every event of the application: anything but the two requests leaves at the switch.
 bool PropUiActionsContextMenu::eventFilter(QObject* watched, QEvent* event)
 {
-  if (!watched->isWidgetType())
-    return false;
-  auto* widget = static_cast<QWidget*>(watched);
   switch (event->type())
   {
-  case QEvent::ChildAdded:
-    if (auto* child = qobject_cast<QWidget*>(static_cast<QChildEvent*>(event)->child()))
-      watch(child);
-    return false;
   case QEvent::ContextMenu:
-    if (!isOwnWidget(widget))
-      return false;
   {
+    if (!watched->isWidgetType())
+      return false;
+    auto* widget = static_cast<QWidget*>(watched);
     auto* request = static_cast<QContextMenuEvent*>(event);
-    return popup(widget, request->globalPos(), request->reason() == QContextMenuEvent::Keyboard) != nullptr;
+    return popup(controlOf(widget), widget, request->globalPos(), request->reason() == QContextMenuEvent::Keyboard) !=
+           nullptr;
   }
   case QEvent::KeyPress:
   {
     // Not every platform turns Shift+F10 into a context menu event.
     auto* key = static_cast<QKeyEvent*>(event);
-    if (key->key() != Qt::Key_F10 || key->modifiers() != Qt::ShiftModifier || !isOwnWidget(widget))
+    if (key->key() != Qt::Key_F10 || key->modifiers() != Qt::ShiftModifier || !watched->isWidgetType())
       return false;
-    return popup(widget, keyboardMenuPosition(widget), true) != nullptr;
+    auto* widget = static_cast<QWidget*>(watched);
+    return popup(controlOf(widget), widget, keyboardMenuPosition(widget), true) != nullptr;
   }
   default:
     return false;

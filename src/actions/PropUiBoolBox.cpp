@@ -6,15 +6,47 @@
 #include "PropUiActionToolButtonsCtrl.h"
 #include "PropUiQControl.h"
 #include "QHostCheckBox.h"
+#include <QApplication>
 #include <QHBoxLayout>
 #include <QLineEdit>
+#include <QPointer>
+#include <QStyle>
+
+namespace
+{
+
+/**
+ * The height of a text editor in this application, so that rows of a panel
+ * line up. Measured on a real editor once, then again only when the style,
+ * the font or the style sheet that decide it change: a panel sets up
+ * thousands of boxes.
+ */
+int textEditorHeight()
+{
+  static QPointer<QStyle> style;
+  static QFont font;
+  static QString styleSheet;
+  static int height = -1;
+  const QFont editorFont = QApplication::font("QLineEdit");
+  const QString sheet = qApp->styleSheet();
+  if (height < 0 || style != QApplication::style() || font != editorFont || styleSheet != sheet)
+  {
+    height = QLineEdit().sizeHint().height();
+    style = QApplication::style();
+    font = editorFont;
+    styleSheet = sheet;
+  }
+  return height;
+}
+
+} // namespace
 
 namespace propui
 {
 
 host_qt_ui_core::QHostCheckBox* buildCheckBox(PropUiQControl* control, bool switchMode)
 {
-  auto* layout = new QHBoxLayout(control);
+  auto* layout = control->adoptLayout(new QHBoxLayout);
   layout->setContentsMargins(0, 0, 0, 0);
   layout->setSpacing(2);
   if (switchMode && (control->getOptions() & PropUiOption::kAlignRight))
@@ -26,8 +58,7 @@ host_qt_ui_core::QHostCheckBox* buildCheckBox(PropUiQControl* control, bool swit
     box->enableSwitchMode(true);
     box->setTristate(false);
   }
-  // As tall as a text editor, so that rows of a panel line up.
-  box->setMinimumHeight(QLineEdit().sizeHint().height());
+  box->setMinimumHeight(textEditorHeight());
   control->useFocusReactor(box);
   control->useFocusRedirect(box, nullptr);
   layout->addWidget(box);

@@ -33,7 +33,7 @@ QHBoxLayout* PropUiButtonGroupCtrl::buttonsLayout() const
 
 void PropUiButtonGroupCtrl::uncheck(QAbstractButton* button)
 {
-  if (!button->isChecked())
+  if (!button->isChecked() || button == m_refreshKeeps)
     return;
   const bool exclusive = m_buttonGroup && m_buttonGroup->exclusive();
   if (exclusive)
@@ -60,38 +60,51 @@ void PropUiButtonGroupCtrl::updateData()
   m_bag->getValueList(m_index, texts, keys);
   const int count = int(texts.size() < keys.size() ? texts.size() : keys.size());
 
+  // The checked button stays checked through the refresh, rather than going
+  // off and on again, unless it turns out not to be the current one.
+  const QPointer<QAbstractButton> wasChecked = m_buttonGroup->checkedButton();
+  m_refreshKeeps = wasChecked;
   propui::fitButtonRow(this, inner, m_buttonGroup, count, [this]() { return createBtn(); },
                        [this](QAbstractButton* button) { removeBtn(button); });
   const QList<QAbstractButton*> buttons = m_buttonGroup->buttons();
   for (int i = 0; i < buttons.size() && i < count; ++i)
     updateBtn(buttons[i], texts[unsigned(i)], keys[unsigned(i)]);
+  m_refreshKeeps = nullptr;
 
+  QAbstractButton* current = currentButton(buttons);
+  if (wasChecked && wasChecked != current)
+    uncheck(wasChecked);
+  if (current)
+    setCurrentBtn(current);
+}
+
+QAbstractButton* PropUiButtonGroupCtrl::currentButton(const QList<QAbstractButton*>& buttons) const
+{
   PropVariant value;
   if (!m_bag->getValue(m_index, value) || value.isVaries())
-    return;
+    return nullptr;
   OdString text;
   if (!m_bag->getListText(m_index, value, text) && !m_bag->formatValue(m_index, m_element, value, text))
-    return;
+    return nullptr;
   // Matched by what the button reads, not by key: a button without text matches only an empty text.
   const QString wanted = toQString(text);
   for (QAbstractButton* button : buttons)
     if (button->text() == wanted)
-    {
-      setCurrentBtn(button);
-      break;
-    }
+      return button;
+  return nullptr;
 }
 
 void PropUiButtonGroupCtrl::showEntry(QAbstractButton* button, const OdString& text, unsigned long key)
 {
-  button->setToolTip(toQString(text));
+  const QString shown = toQString(text);
+  propui::setToolTipIfChanged(button, shown);
   if (!(m_options & PropUiOption::kIconsOnly))
-    button->setText(toQString(text));
+    button->setText(shown);
   uncheck(button);
   OdSharedPtr<PropIcon> icon;
   if (m_bag && m_bag->getIcon(m_index, key, icon))
     if (auto* qicon = dynamic_cast<PropUiQIcon*>(icon.get()))
-      button->setIcon(qicon->getIcon());
+      propui::setIconIfChanged(button, qicon->getIcon());
   m_buttonKeys[button] = key;
 }
 

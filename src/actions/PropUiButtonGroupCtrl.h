@@ -45,6 +45,8 @@ protected:
   void uncheck(QAbstractButton* button);
   /** Shows an entry on a tool or push button: caption (unless icons only), tool tip, picture, key. */
   void showEntry(QAbstractButton* button, const OdString& text, unsigned long key);
+  /** The button that reads as the item's value; null while the value varies or matches none. */
+  QAbstractButton* currentButton(const QList<QAbstractButton*>& buttons) const;
   /** Writes the value of the clicked button's entry. */
   void commitButton(QAbstractButton* button);
   /** After a refused click: while the item's values still differ, no button is checked. */
@@ -52,4 +54,6 @@ protected:
 
   QPointer<QButtonGroup> m_buttonGroup;
   std::map<QAbstractButton*, unsigned long> m_buttonKeys;
+  /** During a refresh, the checked button that uncheck leaves alone until the current one is known. */
+  QAbstractButton* m_refreshKeeps = nullptr;
 };

@@ -12,7 +12,7 @@ namespace propui
 QHBoxLayout* buildButtonRow(PropUiQControl* control)
 {
   const int options = control->getOptions();
-  auto* outer = new QHBoxLayout(control);
+  auto* outer = control->adoptLayout(new QHBoxLayout);
   outer->setContentsMargins(0, 0, 0, 0);
   outer->setSpacing(2);
   if (!(options & PropUiOption::kNoFocusButtons))
@@ -66,6 +66,18 @@ void fitButtonRow(PropUiQControl* control, QHBoxLayout* row, QButtonGroup* group
   // buttons must take the frame's Tab stop over at once.
   if (auto* collector = control->findChild<PropUiCollectorFocusPolicyFilter*>(QString(), Qt::FindDirectChildrenOnly))
     collector->recompute();
+}
+
+void setToolTipIfChanged(QWidget* widget, const QString& toolTip)
+{
+  if (widget->toolTip() != toolTip)
+    widget->setToolTip(toolTip);
+}
+
+void setIconIfChanged(QAbstractButton* button, const QIcon& icon)
+{
+  if (button->icon().cacheKey() != icon.cacheKey())
+    button->setIcon(icon);
 }
 
 } // namespace propui

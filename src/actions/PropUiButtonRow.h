@@ -8,6 +8,8 @@ class PropUiQControl;
 class QAbstractButton;
 class QButtonGroup;
 class QHBoxLayout;
+class QIcon;
+class QString;
 class QWidget;
 
 namespace propui
@@ -32,5 +34,14 @@ QHBoxLayout* buttonRowOf(const QWidget* control, int options);
 void fitButtonRow(PropUiQControl* control, QHBoxLayout* row, QButtonGroup* group, int count,
                   const std::function<QAbstractButton*()>& create,
                   const std::function<void(QAbstractButton*)>& forget);
+
+/**
+ * Sets the tool tip only when it differs: every refresh of a row would
+ * otherwise tell the button, and each filter on it, that its tip changed.
+ */
+void setToolTipIfChanged(QWidget* widget, const QString& toolTip);
+
+/** Sets the icon only when it is another one: a new icon makes the row lay itself out again. */
+void setIconIfChanged(QAbstractButton* button, const QIcon& icon);
 
 } // namespace propui

@@ -1,5 +1,6 @@
 #include "PropUiQButtons3x3Ctrl.h"
 
+#include "PropUiButtonRow.h"
 #include "PropUiCollectorFocusPolicyFilter.h"
 
 #include "OdError.h"
@@ -18,7 +19,7 @@ bool PropUiQButtons3x3Ctrl::setupUi()
   m_buttonGroup = new QButtonGroup(this);
   m_buttonGroup->setExclusive(true);
   connect(m_buttonGroup.data(), &QButtonGroup::idClicked, this, &PropUiQButtons3x3Ctrl::onIdClicked);
-  auto* grid = new QGridLayout(this);
+  auto* grid = adoptLayout(new QGridLayout);
   grid->setContentsMargins(0, 0, 0, 0);
   grid->setHorizontalSpacing(4);
   grid->setVerticalSpacing(2);
@@ -66,27 +67,30 @@ void PropUiQButtons3x3Ctrl::updateData()
 void PropUiQButtons3x3Ctrl::refreshCells(const OdStringArray& texts, const PropKeyArray& keys)
 {
   const QList<QAbstractButton*> cells = m_buttonGroup->buttons();
-  m_buttonGroup->setExclusive(false);
   for (int i = 0; i < 9 && i < cells.size(); ++i)
   {
     QAbstractButton* cell = cells[i];
-    cell->setChecked(false);
-    cell->setToolTip(toQString(texts[unsigned(i)]));
+    propui::setToolTipIfChanged(cell, toQString(texts[unsigned(i)]));
     OdSharedPtr<PropIcon> icon;
     if (m_bag->getIcon(m_index, keys[unsigned(i)], icon))
       if (auto* qicon = dynamic_cast<PropUiQIcon*>(icon.get()))
-        cell->setIcon(qicon->getIcon());
+        propui::setIconIfChanged(cell, qicon->getIcon());
     PropVariant value;
     if (m_bag->getListValue(m_index, keys[unsigned(i)], value) && (value.type() & PropVariant::kInt32))
       m_buttonGroup->setId(cell, value.getInt32());
   }
-  m_buttonGroup->setExclusive(true);
 
-  // A varying selection has no one cell to mark.
+  // A varying selection has no one cell to mark. Only cells whose state
+  // changes are touched: a refresh does not flip the current cell off and on.
   PropVariant current;
+  QAbstractButton* marked = nullptr;
   if (m_bag->getValue(m_index, current) && !current.isVaries())
-    if (QAbstractButton* cell = m_buttonGroup->button(current.getInt32()))
-      cell->setChecked(true);
+    marked = m_buttonGroup->button(current.getInt32());
+  m_buttonGroup->setExclusive(false);
+  for (QAbstractButton* cell : cells)
+    if (cell->isChecked() != (cell == marked))
+      cell->setChecked(cell == marked);
+  m_buttonGroup->setExclusive(true);
 }
 
 void PropUiQButtons3x3Ctrl::onIdClicked(int id)

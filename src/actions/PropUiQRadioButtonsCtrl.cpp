@@ -1,6 +1,7 @@
 #include "PropUiQRadioButtonsCtrl.h"
 
 #include "OdStringQt.h"
+#include "PropUiButtonRow.h"
 #include <QRadioButton>
 
 PropUiQRadioButtonsCtrl::PropUiQRadioButtonsCtrl(QWidget* parent) : PropUiButtonGroupCtrl(parent) {}
@@ -22,8 +23,9 @@ void PropUiQRadioButtonsCtrl::updateBtn(QAbstractButton* button, const OdString&
   auto* radio = qobject_cast<QRadioButton*>(button);
   if (!radio)
     return;
-  radio->setText(toQString(text));
-  radio->setToolTip(toQString(text));
+  const QString shown = toQString(text);
+  radio->setText(shown);
+  propui::setToolTipIfChanged(radio, shown);
   uncheck(radio);
   m_buttonKeys[radio] = key;
 }

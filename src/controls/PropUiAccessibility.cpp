@@ -13,19 +13,17 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMetaObject>
+#include <QHash>
+#include <QSet>
 #include <QPlainTextEdit>
 #include <QTextDocument>
 #include <QTextEdit>
 #include <QVariant>
+#include <algorithm>
 #include <exception>
 
 namespace
 {
-
-// What this class gave a widget last, so a later update can tell its own
-// text from one that a composite or the host set.
-const char kOwnName[] = "_propui_accessibleName";
-const char kOwnDescription[] = "_propui_accessibleDescription";
 
 /** The innermost control a widget belongs to: composites leave their rows to the rows. */
 const PropUiQControl* ownerOf(const QWidget* widget)
@@ -36,19 +34,69 @@ const PropUiQControl* ownerOf(const QWidget* widget)
   return nullptr;
 }
 
-/** Sets the text unless someone else set one; true when the widget carries ours. */
-bool setOwn(QWidget* widget, const char* ownKey, const QString& current, const QString& wanted,
+/** Sets the text unless someone else set one; `own` is what this class gave last. */
+void setOwn(QWidget* widget, QString& own, const QString& current, const QString& wanted,
             void (QWidget::*setter)(const QString&))
 {
-  const QString own = widget->property(ownKey).toString();
   if (!current.isEmpty() && current != own)
-    return false;
+    return;
   if (current != wanted)
     (widget->*setter)(wanted);
-  if (own != wanted)
-    widget->setProperty(ownKey, wanted);
-  return true;
+  own = wanted;
 }
+
+// Controls waiting for their update. A panel builds thousands of controls in
+// one event: one posted call serves them all, and a control going away
+// before then only leaves this set, where a posted event of its own would
+// make Qt search the whole event queue for it.
+QSet<PropUiAccessibility*>& pending()
+{
+  static QSet<PropUiAccessibility*> waiting;
+  return waiting;
+}
+
+bool runPosted = false;
+
+/** What a control edits: a caption is tied to the control beside it that edits the same. */
+struct Edited
+{
+  const PropBag* bag;
+  int index;
+  bool isElement;
+  unsigned long element;
+
+  explicit Edited(const PropUiQControl* control)
+    : bag(control->propBag()), index(control->itemIndex()), isElement(control->isPropertyElement()),
+      element(control->isPropertyElement() ? control->element() : 0)
+  {
+  }
+  bool operator==(const Edited& other) const
+  {
+    return bag == other.bag && index == other.index && isElement == other.isElement && element == other.element;
+  }
+};
+
+uint qHash(const Edited& edited, uint seed = 0)
+{
+  return ::qHash(quintptr(edited.bag), seed) ^ ::qHash(edited.index) ^ ::qHash(quint64(edited.element));
+}
+
+using Editors = QHash<Edited, QVector<PropUiQControl*> >;
+
+/** The editing controls among a widget's direct children, in order, by what they edit. */
+Editors editorsIn(const QWidget* parent)
+{
+  Editors editors;
+  for (PropUiQControl* sibling : parent->findChildren<PropUiQControl*>(QString(), Qt::FindDirectChildrenOnly))
+    if (!qobject_cast<PropUiQLabel*>(sibling))
+      editors[Edited(sibling)].append(sibling);
+  return editors;
+}
+
+// While the pending updates run, the captions of one panel share one look
+// at the panel's children: looking anew for each caption would cost the
+// square of the rows. Forgotten as soon as any control goes away.
+QHash<const QWidget*, Editors>* editorsByPanel = nullptr;
 
 } // namespace
 
@@ -56,6 +104,14 @@ PropUiAccessibility::PropUiAccessibility(PropUiQControl* control) : m_control(co
 {
   PropUiAccessibleCheckBox::install();
   PropUiAccessibleComboBox::install();
+}
+
+PropUiAccessibility::~PropUiAccessibility()
+{
+  if (m_pending)
+    pending().remove(this);
+  if (editorsByPanel)
+    editorsByPanel->clear();
 }
 
 void PropUiAccessibility::forgetTexts()
@@ -68,14 +124,27 @@ void PropUiAccessibility::schedule()
   if (m_pending)
     return;
   m_pending = true;
-  // Queued on the control: a control deleted first takes the update with it.
-  QMetaObject::invokeMethod(
-    m_control,
-    [this]() {
-      m_pending = false;
-      update();
-    },
-    Qt::QueuedConnection);
+  pending().insert(this);
+  if (runPosted || !QCoreApplication::instance())
+    return;
+  runPosted = true;
+  QMetaObject::invokeMethod(QCoreApplication::instance(), &PropUiAccessibility::runPending, Qt::QueuedConnection);
+}
+
+void PropUiAccessibility::runPending()
+{
+  runPosted = false;
+  // An update may delete another control or schedule one anew: each is taken out of the set before it runs.
+  const QList<PropUiAccessibility*> waiting = pending().values();
+  QHash<const QWidget*, Editors> editors;
+  editorsByPanel = &editors;
+  for (PropUiAccessibility* accessibility : waiting)
+    if (pending().remove(accessibility))
+    {
+      accessibility->m_pending = false;
+      accessibility->update();
+    }
+  editorsByPanel = nullptr;
 }
 
 void PropUiAccessibility::update()
@@ -102,9 +171,19 @@ void PropUiAccessibility::update()
   }
   const bool varies = m_control->isVaries();
   const QList<QWidget*> widgets = m_control->findChildren<QWidget*>();
+  // Widgets gone since the last update (a row that lost buttons) drop out
+  // here; one that takes no focus just now keeps what it was given.
+  QVector<Given> given;
   for (QWidget* widget : widgets)
-    if (widget->focusPolicy() != Qt::NoFocus && ownerOf(widget) == m_control)
-      describe(widget, varies);
+  {
+    if (ownerOf(widget) != m_control)
+      continue;
+    if (widget->focusPolicy() != Qt::NoFocus)
+      given.append(describe(widget, varies));
+    else if (const Given* earlier = givenTo(widget))
+      given.append(*earlier);
+  }
+  m_given = given;
   tieCaption();
 }
 
@@ -133,13 +212,23 @@ void PropUiAccessibility::readTexts()
   m_textsKnown = true;
 }
 
-void PropUiAccessibility::describe(QWidget* widget, bool varies) const
+const PropUiAccessibility::Given* PropUiAccessibility::givenTo(const QWidget* widget) const
 {
+  const auto found =
+    std::find_if(m_given.cbegin(), m_given.cend(), [widget](const Given& g) { return g.widget == widget; });
+  return found != m_given.cend() ? &*found : nullptr;
+}
+
+PropUiAccessibility::Given PropUiAccessibility::describe(QWidget* widget, bool varies) const
+{
+  const Given* earlier = givenTo(widget);
+  Given given = earlier ? *earlier : Given{widget, QString(), QString()};
   const QString name = nameOf(widget);
   if (!name.isEmpty())
-    setOwn(widget, kOwnName, widget->accessibleName(), name, &QWidget::setAccessibleName);
-  setOwn(widget, kOwnDescription, widget->accessibleDescription(),
+    setOwn(widget, given.name, widget->accessibleName(), name, &QWidget::setAccessibleName);
+  setOwn(widget, given.description, widget->accessibleDescription(),
          announcement(m_description, varies, isReadOnly(widget)), &QWidget::setAccessibleDescription);
+  return given;
 }
 
 // A button of a row (a choice, an action) is told apart from its neighbours
@@ -171,13 +260,20 @@ void PropUiAccessibility::tieCaption() const
   auto* label = caption->findChild<QLabel*>(QString(), Qt::FindDirectChildrenOnly);
   if (!label || label->buddy())
     return;
-  const QList<PropUiQControl*> siblings = parent->findChildren<PropUiQControl*>(QString(), Qt::FindDirectChildrenOnly);
+  QVector<PropUiQControl*> siblings;
+  if (editorsByPanel)
+  {
+    auto known = editorsByPanel->find(parent);
+    if (known == editorsByPanel->end())
+      known = editorsByPanel->insert(parent, editorsIn(parent));
+    siblings = known->value(Edited(caption));
+  }
+  else
+  {
+    siblings = editorsIn(parent).value(Edited(caption));
+  }
   for (PropUiQControl* sibling : siblings)
   {
-    if (sibling == caption || qobject_cast<PropUiQLabel*>(sibling) || sibling->propBag() != caption->propBag() ||
-        sibling->itemIndex() != caption->itemIndex() || sibling->isPropertyElement() != caption->isPropertyElement() ||
-        (caption->isPropertyElement() && sibling->element() != caption->element()))
-      continue;
     for (QWidget* widget : sibling->findChildren<QWidget*>())
       if (widget->focusPolicy() != Qt::NoFocus && ownerOf(widget) == sibling)
       {

@@ -4,6 +4,7 @@
 
 #include <QCoreApplication>
 #include <QString>
+#include <QVector>
 
 class PropUiQControl;
 class QWidget;
@@ -17,7 +18,8 @@ class QWidget;
  *
  * The control asks after each set-up and refresh; the work runs once, after
  * the current event, when the derived control has finished building and
- * showing its state.
+ * showing its state. The updates of all controls asking in one event share
+ * one posted call.
  */
 class PropUiAccessibility
 {
@@ -25,6 +27,7 @@ class PropUiAccessibility
 
 public:
   explicit PropUiAccessibility(PropUiQControl* control);
+  ~PropUiAccessibility();
   PropUiAccessibility(const PropUiAccessibility&) = delete;
   PropUiAccessibility& operator=(const PropUiAccessibility&) = delete;
 
@@ -41,14 +44,26 @@ public:
   static bool isReadOnly(const QWidget* widget);
 
 private:
+  /** What this class gave a widget last, so a later update can tell its own text from one that someone else set. */
+  struct Given
+  {
+    const QWidget* widget;
+    QString name;
+    QString description;
+  };
+
+  static void runPending();
   void readTexts();
-  void describe(QWidget* widget, bool varies) const;
+  const Given* givenTo(const QWidget* widget) const;
+  /** Names and describes the widget; answers what it now carries of ours. */
+  Given describe(QWidget* widget, bool varies) const;
   QString nameOf(const QWidget* widget) const;
   void tieCaption() const;
 
   PropUiQControl* m_control;
   QString m_caption;
   QString m_description;
+  QVector<Given> m_given;
   bool m_textsKnown = false;
   bool m_pending = false;
 };

@@ -1,5 +1,6 @@
 #include "PropUiInputFlash.h"
 
+#include <QCoreApplication>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QPainter>
@@ -11,27 +12,46 @@ namespace
 // Long enough to be seen, short enough not to be in the way of the next key.
 constexpr int kFlashMs = 180;
 
-/** Whether the edit is taking a printable key just now. */
+/**
+ * Which widget is taking a printable key just now, if any. Keys go to one
+ * widget at a time, so one watch on the application serves every field.
+ */
 class TypedKeyWatch : public QObject
 {
 public:
-  explicit TypedKeyWatch(QObject* parent) : QObject(parent) {}
-  bool isTyping() const { return m_typing; }
+  static TypedKeyWatch* instance()
+  {
+    // Goes with the application; a later application gets a watch of its own.
+    static QPointer<TypedKeyWatch> watch;
+    if (!watch && QCoreApplication::instance())
+    {
+      watch = new TypedKeyWatch(QCoreApplication::instance());
+      QCoreApplication::instance()->installEventFilter(watch);
+    }
+    return watch;
+  }
 
-  bool eventFilter(QObject*, QEvent* event) override
+  /** Whether a printable key is being typed into one of the two widgets. */
+  bool isTypingInto(const QObject* first, const QObject* second) const
+  {
+    return m_typingInto && (m_typingInto == first || m_typingInto == second);
+  }
+
+  // Called for every event of the application: only keys and focus changes do any work.
+  bool eventFilter(QObject* watched, QEvent* event) override
   {
     switch (event->type())
     {
     case QEvent::KeyPress:
     {
       const QString text = static_cast<QKeyEvent*>(event)->text();
-      m_typing = !text.isEmpty() && text.at(0).isPrint();
+      m_typingInto = !text.isEmpty() && text.at(0).isPrint() ? watched : nullptr;
       break;
     }
     case QEvent::KeyRelease:
     case QEvent::FocusIn:
     case QEvent::FocusOut:
-      m_typing = false;
+      m_typingInto = nullptr;
       break;
     default:
       break;
@@ -40,7 +60,10 @@ public:
   }
 
 private:
-  bool m_typing = false;
+  explicit TypedKeyWatch(QObject* parent) : QObject(parent) {}
+
+  /** Compared, never followed: the widget may be gone by the next key. */
+  const QObject* m_typingInto = nullptr;
 };
 
 } // namespace
@@ -77,14 +100,15 @@ void PropUiInputFlash::flashOnRejectedInput(QWidget* editor, QLineEdit* edit)
   // QLineEdit also reports a rejection when a refresh sets a text its
   // validator does not take (a value shown with its unit): only a printable
   // key the user is typing into the edit may flash it.
-  // A spin box hands its keys to its edit directly, past the edit's filters.
-  auto* typing = new TypedKeyWatch(edit);
-  edit->installEventFilter(typing);
-  if (editor != edit)
-    editor->installEventFilter(typing);
+  // A spin box hands its keys to its edit directly, past the application:
+  // the key is seen arriving at the spin box.
+  TypedKeyWatch* typing = TypedKeyWatch::instance();
+  if (!typing)
+    return;
   QPointer<QWidget> target(editor);
-  connect(edit, &QLineEdit::inputRejected, editor, [target, typing]() {
-    if (typing->isTyping())
+  connect(edit, &QLineEdit::inputRejected, editor, [target, edit]() {
+    TypedKeyWatch* watch = TypedKeyWatch::instance();
+    if (target && watch && watch->isTypingInto(edit, target))
       flash(target);
   });
 }

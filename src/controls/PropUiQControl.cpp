@@ -94,7 +94,7 @@ bool PropUiQControl::setupUi()
   if (m_setUp)
     clearBuiltUi();
   m_setUp = true;
-  new PropUiActionsContextMenu(this);
+  PropUiActionsContextMenu::install();
   if (m_actionsToolbar)
     m_actionsToolbar->setupUi();
   useToolTipFilter(this);
@@ -192,6 +192,20 @@ PropUiQFormatter* PropUiQControl::getFormatter() const
 void PropUiQControl::setFormatter(PropUiQFormatter* formatter)
 {
   m_formatter = formatter;
+}
+
+// A layout made with the control as its parent posts the control a layout
+// request. The control has a polish request waiting since it was made, so
+// Qt searches the whole queue of posted events for a request to merge with:
+// over a panel that costs the square of its rows. Invalidated while it has
+// no parent, the layout posts nothing; showing the control activates it.
+void PropUiQControl::adopt(QLayout* layout)
+{
+  layout->invalidate();
+  setLayout(layout);
+  // Shown already (set up again in place): laid out as Qt would have.
+  if (isVisible())
+    QCoreApplication::postEvent(this, new QEvent(QEvent::LayoutRequest));
 }
 
 PropUiActionToolButtonsCtrl* PropUiQControl::createActionsToolBar()

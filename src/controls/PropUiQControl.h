@@ -11,6 +11,7 @@ class PropUiActionToolButtonsCtrl;
 class PropUiQEventFilter;
 class PropUiQFormatter;
 class PropVariant;
+class QLayout;
 
 /**
  * The common implementation of the controls: which bag item it edits, its
@@ -96,6 +97,17 @@ public:
   /** Replaces the pointer only; the previous formatter stays a child of the control. */
   void setFormatter(PropUiQFormatter* formatter);
 
+  /**
+   * Gives the control its layout, made without a parent, and lays the control
+   * out when it is shown rather than on a posted request. Answers the layout.
+   */
+  template <class Layout>
+  Layout* adoptLayout(Layout* layout)
+  {
+    adopt(layout);
+    return layout;
+  }
+
   /** Rebuilds the item's actions toolbar; null when the item has no actions. */
   PropUiActionToolButtonsCtrl* createActionsToolBar();
 
@@ -155,6 +167,7 @@ private:
   CommitResult commit(unsigned long element, bool writeElement, const PropVariant& value, RefusalMessage refusal);
   /** Makes every child unable to reach this control or the bag, so it can go quietly. */
   void disarmChildren();
+  void adopt(QLayout* layout);
   /** Removes what an earlier setupUi built; the formatter and the binding stay. */
   void clearBuiltUi();
 

@@ -18,7 +18,7 @@ Qt::Alignment PropUiQLabel::hostAlignment()
 bool PropUiQLabel::setupUi()
 {
   PropUiQControl::setupUi();
-  auto* layout = new QHBoxLayout(this);
+  auto* layout = adoptLayout(new QHBoxLayout);
   layout->setContentsMargins(4, 0, 0, 0);
   m_label = new QLabel(this);
   m_label->setObjectName(QStringLiteral("label"));
@@ -62,30 +62,59 @@ void PropUiQLabel::setWidth(int width)
   setFixedWidth(width);
 }
 
+// A panel lays out thousands of captions, most of them scrolled out of
+// sight: those wait for their first paint to elide.
 bool PropUiQLabel::eventFilter(QObject* watched, QEvent* event)
 {
-  if (watched == m_label && event->type() == QEvent::Resize)
+  if (watched == m_label)
   {
-    auto* resize = static_cast<QResizeEvent*>(event);
-    const int newWidth = resize->size().width();
-    const int oldWidth = resize->oldSize().width();
-    if (newWidth != oldWidth)
+    if (event->type() == QEvent::Resize)
     {
-      const QFontMetrics metrics(m_label->font());
-      const int textWidth = metrics.horizontalAdvance(m_text);
-      if (textWidth > newWidth)
+      auto* resize = static_cast<QResizeEvent*>(event);
+      if (resize->size().width() != resize->oldSize().width())
       {
-        m_label->setText(metrics.elidedText(m_text, Qt::ElideRight, newWidth));
-        m_label->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+        if (isInSight(m_label))
+          fitText();
+        else
+          m_fitPending = true;
       }
-      else if (textWidth > oldWidth && m_label->text() != m_text)
-      {
-        // It had been elided: the whole text fits again.
-        m_label->setText(m_text);
-        if (hostApplication()->labelAlignment() != HostApplication::kLabelsLeft)
-          m_label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-      }
+    }
+    else if (event->type() == QEvent::Paint && m_fitPending)
+    {
+      fitText();
     }
   }
   return PropUiQControl::eventFilter(watched, event);
+}
+
+void PropUiQLabel::fitText()
+{
+  m_fitPending = false;
+  const int width = m_label->width();
+  const QFontMetrics metrics(m_label->font());
+  if (metrics.horizontalAdvance(m_text) > width)
+  {
+    m_label->setText(metrics.elidedText(m_text, Qt::ElideRight, width));
+    m_label->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+  }
+  else if (m_label->text() != m_text)
+  {
+    // It had been elided: the whole text fits again.
+    m_label->setText(m_text);
+    m_label->setAlignment(hostAlignment());
+  }
+}
+
+bool PropUiQLabel::isInSight(const QWidget* widget)
+{
+  if (!widget->isVisible())
+    return false;
+  QRect shown = widget->rect();
+  for (const QWidget* w = widget; !w->isWindow() && w->parentWidget(); w = w->parentWidget())
+  {
+    shown = shown.translated(w->pos()) & w->parentWidget()->rect();
+    if (shown.isEmpty())
+      return false;
+  }
+  return true;
 }

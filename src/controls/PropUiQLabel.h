@@ -30,7 +30,13 @@ protected:
 
 private:
   static Qt::Alignment hostAlignment();
+  /** Whether any of the widget is inside its window's visible part. */
+  static bool isInSight(const QWidget* widget);
+  /** Elides the text to the label's width, or shows it whole when it fits. */
+  void fitText();
 
   QString m_text;
   QPointer<QLabel> m_label;
+  /** The width changed while the label was out of sight: its text is fitted when it is painted. */
+  bool m_fitPending = false;
 };

@@ -8,6 +8,15 @@
 #include <QStyle>
 #include <limits>
 
+namespace
+{
+
+// Taller than any row a panel gives the slider, so that the groove fills it
+// (the part beyond the slider is clipped).
+constexpr int kGrooveHeight = 480;
+
+} // namespace
+
 PropUiQSliderCtrl::PropUiQSliderCtrl(QWidget* parent) : PropUiQControl(parent) {}
 
 bool PropUiQSliderCtrl::setupUi()
@@ -15,10 +24,12 @@ bool PropUiQSliderCtrl::setupUi()
   PropUiQControl::setupUi();
   if (!m_bag)
     return false;
-  auto* layout = new QHBoxLayout(this);
+  auto* layout = adoptLayout(new QHBoxLayout);
   layout->setContentsMargins(0, 0, 0, 0);
   layout->setSpacing(0);
-  m_slider = new PropQSliderBox;
+  // Made with its parent: a slider adopted later by the layout would have
+  // its style sheet parsed a second time.
+  m_slider = new PropQSliderBox(this);
   m_slider->setObjectName(QStringLiteral("slider"));
   m_slider->setOrientation(Qt::Horizontal);
   m_slider->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
@@ -29,12 +40,11 @@ bool PropUiQSliderCtrl::setupUi()
   // Asked before the sheet replaces the style: a handle narrower than the
   // style's own is too small to grab.
   const int handleWidth = m_slider->style()->pixelMetric(QStyle::PM_SliderLength, nullptr, m_slider);
-  // The groove is as tall as the new slider, taken before any layout sizes it, so it fills the slider.
   m_slider->setStyleSheet(
     QStringLiteral("QSlider::groove:horizontal{height: %1px;background: %2;border-radius: 0px;}"
                    "QSlider::handle:horizontal{background: %3;width: %4px;border-radius: 0px;border: 0px;border-color: %3;}"
                    "QSlider::sub-page:horizontal{background: %3;border-radius: 0px;}")
-      .arg(m_slider->height())
+      .arg(kGrooveHeight)
       .arg(accent.name(), handle.name())
       .arg(handleWidth));
   m_slider->setColors(accent, handle, propui::colorFromWord(theme->textColor(0)));

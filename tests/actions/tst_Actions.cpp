@@ -7,7 +7,10 @@
 #include "PropUiPlaceholder.h"
 #include "PropUiQAction.h"
 #include "PropUiQActionsToolBar.h"
+#include "PropUiQCheckBox.h"
+#include "PropUiQIntegerCtrl.h"
 #include "PropUiQLineEdit.h"
+#include "PropUiQRadioButtonsCtrl.h"
 #include "ControlWindow.h"
 #include "RecordingBag.h"
 #include "TestValues.h"
@@ -449,6 +452,60 @@ private slots:
     // As from the toolbar: a command the bag ran makes the control re-read its value.
     QCOMPARE(bag.called(QStringLiteral("getValue")), ran);
     QTRY_VERIFY(!openMenu());
+  }
+
+  // Every widget a control is made of offers the menu, from the first request on:
+  // a spin box's inner edit, a check box, each button of a row.
+  void contextMenuOpensOnEveryWidgetOfTheControl_data()
+  {
+    QTest::addColumn<int>("kind");
+    QTest::newRow("integer") << 0;
+    QTest::newRow("check box") << 1;
+    QTest::newRow("radio buttons") << 2;
+  }
+
+  void contextMenuOpensOnEveryWidgetOfTheControl()
+  {
+    QFETCH(int, kind);
+    RecordingBag bag;
+    const int item = addActions(bag, 1);
+    PropUiQControl* control = nullptr;
+    if (kind == 0)
+    {
+      bag.item(item).value = intValue(4);
+      control = new PropUiQIntegerCtrl;
+    }
+    else if (kind == 1)
+    {
+      bag.item(item).value = boolValue(true);
+      control = new PropUiQCheckBox;
+    }
+    else
+    {
+      bag.item(item).value = intValue(1);
+      bag.item(item).listNames = QStringList{QStringLiteral("Yes"), QStringLiteral("No")};
+      bag.item(item).listKeys = {1, 2};
+      control = new PropUiQRadioButtonsCtrl;
+    }
+    control->setPropBagItem(&bag, item);
+    control->setupUi();
+    control->updateData();
+    ControlWindow window(control);
+    QVERIFY(window.showActive());
+
+    QList<QWidget*> widgets{control};
+    widgets += control->findChildren<QWidget*>();
+    for (QWidget* widget : widgets)
+    {
+      if (!widget->isVisible())
+        continue;
+      QContextMenuEvent request(QContextMenuEvent::Mouse, QPoint(2, 2), widget->mapToGlobal(QPoint(2, 2)));
+      QApplication::sendEvent(widget, &request);
+      QTRY_VERIFY2(openMenu(), qPrintable(widget->metaObject()->className()));
+      QVERIFY(captionsOf(openMenu()).contains(QStringLiteral("Command 0")));
+      openMenu()->close();
+      QTRY_VERIFY(!openMenu());
+    }
   }
 
   void contextMenuOfAnItemWithoutActionsIsLeftAlone_data()

@@ -12,6 +12,7 @@
 #include "TestValues.h"
 #include <QAbstractButton>
 #include <QButtonGroup>
+#include <QSignalSpy>
 #include <QtTest>
 
 namespace
@@ -119,6 +120,47 @@ private slots:
     bag.item(item).value = mixed;
     row->updateData();
     QVERIFY(!checkedOf(row.data()));
+  }
+
+  // A refresh touches only what changed: renamed entries read anew, the check
+  // moves with the value, and a current button that stays is not flipped.
+  void refreshShowsWhatChanged_data()
+  {
+    QTest::addColumn<int>("kind");
+    QTest::newRow("radio") << 0;
+    QTest::newRow("push") << 1;
+    QTest::newRow("tool") << 2;
+  }
+
+  void refreshShowsWhatChanged()
+  {
+    QFETCH(int, kind);
+    RecordingBag bag;
+    const int item = addChoice(bag, {QStringLiteral("mm"), QStringLiteral("cm"), QStringLiteral("m")}, 2);
+    QScopedPointer<PropUiButtonGroupCtrl> row(bound(makeRow(kind), bag, item));
+    QAbstractButton* cm = checkedOf(row.data());
+    QVERIFY(cm);
+    QSignalSpy toggled(cm, &QAbstractButton::toggled);
+
+    row->updateData();
+    QCOMPARE(checkedOf(row.data()), cm);
+    QCOMPARE(toggled.count(), 0);
+
+    bag.item(item).listNames = QStringList{QStringLiteral("mm"), QStringLiteral("dm"), QStringLiteral("km")};
+    bag.item(item).value = intValue(3);
+    row->updateData();
+    const QList<QAbstractButton*> buttons = buttonsOf(row.data());
+    QCOMPARE(buttons[1]->text(), QStringLiteral("dm"));
+    QCOMPARE(buttons[2]->text(), QStringLiteral("km"));
+    QCOMPARE(buttons[2]->toolTip(), QStringLiteral("km"));
+    QCOMPARE(checkedOf(row.data()), buttons[2]);
+    QVERIFY(!cm->isChecked());
+
+    // The current entry renamed in place: its button stays the checked one.
+    bag.item(item).listNames[2] = QStringLiteral("mi");
+    row->updateData();
+    QCOMPARE(checkedOf(row.data()), buttons[2]);
+    QCOMPARE(buttons[2]->text(), QStringLiteral("mi"));
   }
 
   // A row is one Tab stop on its buttons, never on the frame that cannot show focus.
@@ -229,6 +271,30 @@ private slots:
     QCOMPARE(bag.written.last().getInt32(), 9);
     QTest::mouseClick(centre, Qt::LeftButton);
     QCOMPARE(bag.written.last().getInt32(), 17);
+  }
+
+  void gridRefreshShowsRenamedCellsAndMovesTheMark()
+  {
+    RecordingBag bag;
+    const int item = addGrid(bag, 5);
+    PropUiQButtons3x3Ctrl grid;
+    grid.setPropBagItem(&bag, item);
+    QVERIFY(grid.setupUi());
+    grid.updateData();
+    QAbstractButton* centre = grid.findChild<QAbstractButton*>(QStringLiteral("cell4"));
+    QAbstractButton* first = grid.findChild<QAbstractButton*>(QStringLiteral("cell0"));
+    QVERIFY(centre->isChecked());
+
+    bag.item(item).listNames[0] = QStringLiteral("top left");
+    bag.item(item).value = intValue(1);
+    grid.updateData();
+    QCOMPARE(first->toolTip(), QStringLiteral("top left"));
+    QVERIFY(first->isChecked());
+    QVERIFY(!centre->isChecked());
+
+    bag.item(item).value = intValue(1, true);
+    grid.updateData();
+    QVERIFY(!grid.buttonGroup()->checkedButton());
   }
 
   void tabIntoTheGridLandsOnTheCurrentCell_data()

@@ -61,6 +61,44 @@ private slots:
     QCOMPARE(int(inner->alignment()), alignment);
     hostApplication()->setLabelAlignment(HostApplication::kLabelsRight);
   }
+
+  // A caption narrowed while out of sight is fitted once it comes into view.
+  void captionNarrowedOutOfSightIsElidedWhenSeen_data()
+  {
+    QTest::addColumn<bool>("hidden");
+    QTest::newRow("hidden") << true;
+    QTest::newRow("scrolled away") << false;
+  }
+
+  void captionNarrowedOutOfSightIsElidedWhenSeen()
+  {
+    QFETCH(bool, hidden);
+    RecordingBag bag;
+    const int item = bag.addItem(QStringLiteral("Extrusion thickness of the outline"));
+    QWidget window;
+    window.resize(400, 100);
+    auto* label = new PropUiQLabel(&window);
+    label->setPropBagItem(&bag, item);
+    label->setupUi();
+    label->setGeometry(0, 0, 400, 30);
+    auto* inner = label->findChild<QLabel*>();
+    window.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    QCOMPARE(inner->text(), label->text());
+
+    if (hidden)
+      label->hide();
+    else
+      label->move(0, 500);
+    label->resize(80, 30);
+    QCoreApplication::processEvents();
+    if (hidden)
+      label->show();
+    else
+      label->move(0, 0);
+    QTRY_VERIFY(inner->text().endsWith(QChar(0x2026)));
+    QVERIFY(label->text().startsWith(inner->text().chopped(1)));
+  }
 };
 
 QTEST_MAIN(TestLabel)
