@@ -4,7 +4,8 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
-packages=(cmake ninja-build g++ qtbase5-dev qtbase5-dev-tools qttools5-dev qttools5-dev-tools libqt5test5 fonts-dejavu-core)
+packages=(cmake ninja-build g++ qtbase5-dev qtbase5-dev-tools qttools5-dev qttools5-dev-tools libqt5test5 fonts-dejavu-core
+  pkg-config libdxflib-dev librecad-data)
 missing=()
 for p in "${packages[@]}"; do
   dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q "install ok installed" || missing+=("$p")
