@@ -110,7 +110,7 @@ void makeSampleDrawing(DrawingDocument& document)
   const OdDbObjectId hidden = b.layer(L"Hidden", 8, dashed, OdDb::kLnWt025);
   const OdDbObjectId axes = b.layer(L"Center", 1, center, OdDb::kLnWt018);
   const OdDbObjectId dims = b.layer(L"Dimensions", 3, continuous, OdDb::kLnWt018);
-  const OdDbObjectId texts = b.layer(L"Text", 2, continuous, OdDb::kLnWt025);
+  const OdDbObjectId texts = b.layer(L"Text", 30, continuous, OdDb::kLnWt025);
   const OdDbObjectId frame = b.layer(L"Frame", 7, continuous, OdDb::kLnWt035);
   const OdDbObjectId construction = b.layer(L"Construction", 6, dashed, OdDb::kLnWt013);
   const OdDbObjectId notes = b.layer(L"Notes", 4, continuous, OdDb::kLnWt018);
@@ -166,7 +166,7 @@ void makeSampleDrawing(DrawingDocument& document)
     insert.scale = DrawingPoint{scales[i], scales[i], 1.0};
     insert.rotation = rotations[i];
     if (i == 3)
-      insert.color.setRGB(0xE0, 0x80, 0x20);
+      insert.color.setRGB(0x20, 0xB0, 0x90);
     b.add(insert);
   }
   DrawingEntity pitch = b.entity(EntityKind::Arc, axes, {{60, 75, 0}});
@@ -203,9 +203,10 @@ void makeSampleDrawing(DrawingDocument& document)
   height.rotation = 90.0;
   b.add(height);
   b.add(b.dimension(1, dims, {{125, 105, 0}, {137, 105, 0}, {137, 112, 0}, {131, 112, 0}}));
-  const double d = 15.0 / std::sqrt(2.0);
-  DrawingEntity diameter = b.dimension(3, dims, {{60 - d, 75 - d, 0}, {60 + d, 75 + d, 0}, {60 - d, 75 - d, 0},
-                                                 {60 + d + 8, 75 + d + 8, 0}});
+  const double c = std::cos(M_PI / 9.0);
+  const double s = std::sin(M_PI / 9.0);
+  DrawingEntity diameter = b.dimension(3, dims, {{60 - 15 * c, 75 - 15 * s, 0}, {60 + 15 * c, 75 + 15 * s, 0},
+                                                 {60 - 15 * c, 75 - 15 * s, 0}, {60 + 35 * c, 75 + 35 * s, 0}});
   diameter.text = QStringLiteral("<> H7");
   diameter.radius = 8.0;
   b.add(diameter);
