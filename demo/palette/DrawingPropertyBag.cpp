@@ -188,10 +188,13 @@ private:
 class DrawingPropertyBag::Context : public hostDbPropBagCtx
 {
 public:
-  Context(OdDbDatabase* database, std::function<OdDbObjectId()> commonLayer)
-    : hostDbPropBagCtx(database), m_commonLayer(std::move(commonLayer))
+  Context(DrawingDocument* document, std::function<OdDbObjectId()> commonLayer)
+    : m_document(document), m_commonLayer(std::move(commonLayer))
   {
   }
+
+  // Opening a drawing replaces the document's database: always hand out the current one.
+  OdDbDatabase* database() const override { return m_document ? &m_document->database() : nullptr; }
 
   bool translate(int, const PropVariant& in, PropVariant& out, bool* flag) override
   {
@@ -216,6 +219,7 @@ public:
   }
 
 private:
+  DrawingDocument* m_document;
   std::function<OdDbObjectId()> m_commonLayer;
 };
 
@@ -452,7 +456,7 @@ std::vector<DrawingProperty> buildProperties(DrawingDocument* document)
 
 DrawingPropertyBag::DrawingPropertyBag(DrawingDocument* document, QUndoStack* undoStack)
   : m_document(document), m_undoStack(undoStack),
-    m_context(std::make_unique<Context>(document ? &document->database() : nullptr, [this]() { return commonLayer(); }))
+    m_context(std::make_unique<Context>(document, [this]() { return commonLayer(); }))
 {
   if (!m_document)
     return;

@@ -79,7 +79,19 @@ void PropertyPalette::onBagChanged(bool sameItems)
 void PropertyPalette::showCount()
 {
   const int count = m_bag ? m_bag->selection().size() : 0;
-  m_count->setText(count ? tr("%n object(s) selected", nullptr, count) : tr("No selection"));
+  const QString text = count == 0 ? tr("No selection") : count == 1 ? tr("1 object selected") : tr("%1 objects selected").arg(count);
+  if (m_count->text() != text)
+    m_count->setText(text);
+}
+
+PalettePanel* PropertyPalette::panel() const
+{
+  return m_panel;
+}
+
+PaletteGrid* PropertyPalette::grid() const
+{
+  return m_grid;
 }
 
 void PropertyPalette::setForm(int form)

@@ -30,8 +30,8 @@ public:
   void setForm(int form);
   int form() const;
 
-  PalettePanel* panel() const { return m_panel; }
-  PaletteGrid* grid() const { return m_grid; }
+  PalettePanel* panel() const;
+  PaletteGrid* grid() const;
 
 private:
   void onBagChanged(bool sameItems);
