@@ -14,10 +14,49 @@
 #include <QCloseEvent>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QKeyEvent>
+#include <QLineEdit>
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QPainter>
 #include <QSplitter>
+
+namespace
+{
+
+/**
+ * Lets Ctrl+Z and Ctrl+Shift+Z reach the drawing's undo from a palette field
+ * that has no typing of its own to undo: after an edit is committed, the
+ * user means the drawing, not the field.
+ */
+class UndoShortcutFilter : public QObject
+{
+public:
+  UndoShortcutFilter(QWidget* palette, QObject* parent) : QObject(parent), m_palette(palette) {}
+
+  bool eventFilter(QObject* watched, QEvent* event) override
+  {
+    if (event->type() != QEvent::ShortcutOverride)
+      return false;
+    auto* edit = qobject_cast<QLineEdit*>(watched);
+    if (!edit || !m_palette || !m_palette->isAncestorOf(edit))
+      return false;
+    auto* key = static_cast<QKeyEvent*>(event);
+    const bool undo = key->matches(QKeySequence::Undo) && !edit->isUndoAvailable();
+    const bool shiftZ = key->key() == Qt::Key_Z && key->modifiers() == (Qt::ControlModifier | Qt::ShiftModifier);
+    const bool redo = (key->matches(QKeySequence::Redo) || shiftZ) && !edit->isRedoAvailable();
+    if (!undo && !redo)
+      return false;
+    // Not accepted: the field passes on the key and the window's shortcut takes it.
+    event->ignore();
+    return true;
+  }
+
+private:
+  QPointer<QWidget> m_palette;
+};
+
+} // namespace
 
 DrawingEditorWindow::DrawingEditorWindow(QWidget* parent)
   : QMainWindow(parent), m_bag(&m_document, &m_undo)
@@ -34,6 +73,7 @@ DrawingEditorWindow::DrawingEditorWindow(QWidget* parent)
   split->setStretchFactor(1, 0);
   setCentralWidget(split);
   buildMenus();
+  qApp->installEventFilter(new UndoShortcutFilter(m_palette, this));
 
   connect(m_canvas, &DrawingCanvas::selectionChanged, this, &DrawingEditorWindow::onSelectionChanged);
   connect(&m_document, &DrawingDocument::documentReset, this, &DrawingEditorWindow::afterDocumentReset);
@@ -55,7 +95,8 @@ void DrawingEditorWindow::buildMenus()
 {
   QMenu* file = menuBar()->addMenu(tr("&File"));
   file->addAction(tr("&Open..."), this, &DrawingEditorWindow::onOpen, QKeySequence::Open);
-  file->addAction(tr("Save &As..."), this, &DrawingEditorWindow::onSaveAs, QKeySequence::SaveAs);
+  // Not every platform binds the standard Save As key: name it.
+  file->addAction(tr("Save &As..."), this, &DrawingEditorWindow::onSaveAs, QKeySequence(Qt::CTRL + Qt::SHIFT + Qt::Key_S));
   file->addSeparator();
   file->addAction(tr("&Quit"), this, &QWidget::close, QKeySequence::Quit);
 
@@ -137,10 +178,12 @@ void DrawingEditorWindow::onOpen()
 
 void DrawingEditorWindow::onSaveAs()
 {
-  const QString path = QFileDialog::getSaveFileName(this, tr("Save Drawing As"), m_document.fileName(),
-                                                    tr("DXF drawings (*.dxf)"));
+  QString path = QFileDialog::getSaveFileName(this, tr("Save Drawing As"), m_document.fileName(),
+                                              tr("DXF drawings (*.dxf)"));
   if (path.isEmpty())
     return;
+  if (QFileInfo(path).suffix().isEmpty())
+    path += QStringLiteral(".dxf");
   QString error;
   if (!saveFile(path, &error))
     QMessageBox::critical(this, tr("Save Drawing As"), tr("%1 cannot be saved: %2").arg(QFileInfo(path).fileName(), error));
