@@ -165,8 +165,17 @@ bool DrawingEditorWindow::saveFile(const QString& path, QString* error)
   return true;
 }
 
+bool DrawingEditorWindow::mayDiscardChanges()
+{
+  return m_undo.isClean() ||
+         QMessageBox::question(this, tr("Unsaved Changes"), tr("The drawing has unsaved changes. Discard them?"),
+                               QMessageBox::Discard | QMessageBox::Cancel, QMessageBox::Cancel) == QMessageBox::Discard;
+}
+
 void DrawingEditorWindow::onOpen()
 {
+  if (!mayDiscardChanges())
+    return;
   const QString path = QFileDialog::getOpenFileName(this, tr("Open Drawing"), QFileInfo(m_document.fileName()).path(),
                                                     tr("DXF drawings (*.dxf);;All files (*)"));
   if (path.isEmpty())
@@ -274,6 +283,11 @@ void DrawingEditorWindow::showCatalogue()
 
 void DrawingEditorWindow::closeEvent(QCloseEvent* event)
 {
+  if (!mayDiscardChanges())
+  {
+    event->ignore();
+    return;
+  }
   if (m_catalogue)
     m_catalogue->close();
   event->accept();

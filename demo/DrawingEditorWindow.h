@@ -48,6 +48,8 @@ protected:
 
 private:
   void buildMenus();
+  /** True when there is nothing unsaved, or the user agrees to lose it. */
+  bool mayDiscardChanges();
   void onOpen();
   void onSaveAs();
   void onSelectionChanged();

@@ -1,6 +1,7 @@
 #include "DrawingPropertyBag.h"
 
 #include "DrawingDocument.h"
+#include "DrawingProperty.h"
 #include "EntityChangeCommand.h"
 #include "OdDbDatabase.h"
 #include "OdDbLayerTableRecord.h"
@@ -18,150 +19,6 @@
 #include <algorithm>
 #include <cmath>
 #include <functional>
-
-namespace
-{
-
-const double kPi = 3.14159265358979323846;
-
-enum class Shape
-{
-  Scalar,
-  /** One point: X, Y, Z. */
-  Point,
-  /** Every vertex of a polyline: X, Y, Z per vertex, a vertex per group. */
-  Vertices,
-  /** An insert's X and Y scale. */
-  Scale
-};
-
-enum class Format
-{
-  Number,
-  Angle,
-  Text,
-  Bool,
-  Layer,
-  Color,
-  Linetype,
-  Lineweight
-};
-
-PropVariant number(double d)
-{
-  PropVariant v;
-  v.setDouble(d);
-  return v;
-}
-
-PropVariant text(const QString& s)
-{
-  PropVariant v;
-  v.setString(toOdString(s));
-  return v;
-}
-
-PropVariant boolean(bool b)
-{
-  PropVariant v;
-  v.setBool(b);
-  return v;
-}
-
-bool isKind(const DrawingEntity& e, std::initializer_list<EntityKind> kinds)
-{
-  for (EntityKind k : kinds)
-    if (e.kind == k)
-      return true;
-  return false;
-}
-
-/** A number from a value the controls write: a double, or an integer from a spin box. */
-bool toNumber(const PropVariant& value, double& d)
-{
-  if (value.isArray())
-    return false;
-  if (value.scalarType() == PropVariant::kDouble)
-    d = value.getDouble();
-  else if (value.scalarType() == PropVariant::kInt32)
-    d = value.getInt32();
-  else
-    return false;
-  return true;
-}
-
-double distance(const DrawingPoint& a, const DrawingPoint& b)
-{
-  return std::sqrt((b.x - a.x) * (b.x - a.x) + (b.y - a.y) * (b.y - a.y) + (b.z - a.z) * (b.z - a.z));
-}
-
-/** The length of a polyline segment that may be an arc (bulge = tan of a quarter of its angle). */
-double segmentLength(const DrawingPoint& a, const DrawingPoint& b, double bulge)
-{
-  const double chord = distance(a, b);
-  if (bulge == 0.0 || chord == 0.0)
-    return chord;
-  const double angle = 4.0 * std::atan(std::fabs(bulge));
-  return chord / (2.0 * std::sin(angle / 2.0)) * angle;
-}
-
-double polylineLength(const DrawingEntity& e)
-{
-  const std::size_t n = e.points.size();
-  double length = 0.0;
-  const std::size_t segments = e.closed ? n : (n ? n - 1 : 0);
-  for (std::size_t i = 0; i < segments; ++i)
-    length += segmentLength(e.points[i], e.points[(i + 1) % n], i < e.bulges.size() ? e.bulges[i] : 0.0);
-  return length;
-}
-
-double polylineArea(const DrawingEntity& e)
-{
-  const std::size_t n = e.points.size();
-  double twice = 0.0;
-  double arcs = 0.0;
-  for (std::size_t i = 0; i < n; ++i)
-  {
-    const DrawingPoint& a = e.points[i];
-    const DrawingPoint& b = e.points[(i + 1) % n];
-    twice += a.x * b.y - b.x * a.y;
-    const double bulge = i < e.bulges.size() ? e.bulges[i] : 0.0;
-    const double chord = std::hypot(b.x - a.x, b.y - a.y);
-    if (bulge != 0.0 && chord > 0.0)
-    {
-      // A positive bulge turns left, away from a counter-clockwise outline: its circular segment adds.
-      const double angle = 4.0 * std::atan(std::fabs(bulge));
-      const double radius = chord / (2.0 * std::sin(angle / 2.0));
-      arcs += (bulge > 0 ? 1.0 : -1.0) * radius * radius * (angle - std::sin(angle)) / 2.0;
-    }
-  }
-  return std::fabs(twice / 2.0 + arcs);
-}
-
-} // namespace
-
-/** One property that entities may have, and how to read and write it. */
-struct DrawingProperty
-{
-  QString name;
-  QString category;
-  QString description;
-  OdGUID guid;
-  Shape shape = Shape::Scalar;
-  Format format = Format::Number;
-  unsigned int flags = PropUiOption::kToolTipFilter;
-  std::function<bool(const DrawingEntity&)> applies;
-  /** Scalar: the entity's value. */
-  std::function<PropVariant(const DrawingEntity&)> read;
-  /** Scalar: false for a value of the wrong kind. Null for a read-only property. */
-  std::function<bool(DrawingEntity&, const PropVariant&)> write;
-  /** The refusal of a number the property cannot take, empty when it takes it. */
-  std::function<QString(double)> refuse;
-  /** Point, Vertices, Scale: the entity's numbers, flat. */
-  std::function<int(const DrawingEntity&)> count;
-  std::function<double(const DrawingEntity&, int)> element;
-  std::function<void(DrawingEntity&, int, double)> setElement;
-};
 
 struct DrawingPropertyBag::Item
 {
@@ -223,251 +80,25 @@ private:
   std::function<OdDbObjectId()> m_commonLayer;
 };
 
-namespace
-{
-
-QString refusePositive(double d, const QString& message)
-{
-  return d > 0.0 ? QString() : message;
-}
-
-/** Every property the palette knows, in the order it shows them. */
-std::vector<DrawingProperty> buildProperties(DrawingDocument* document)
-{
-  std::vector<DrawingProperty> all;
-  auto add = [&all](const QString& name, const QString& category, const QString& description, const OdGUID& guid,
-                    Format format, std::function<bool(const DrawingEntity&)> applies) -> DrawingProperty& {
-    DrawingProperty p;
-    p.name = name;
-    p.category = category;
-    p.description = description;
-    p.guid = guid;
-    p.format = format;
-    p.applies = std::move(applies);
-    all.push_back(std::move(p));
-    return all.back();
-  };
-  auto any = [](const DrawingEntity&) { return true; };
-  const QString general = DrawingPropertyBag::tr("General");
-  const QString geometry = DrawingPropertyBag::tr("Geometry");
-  const QString textCategory = DrawingPropertyBag::tr("Text");
-
-  DrawingProperty& layer = add(DrawingPropertyBag::tr("Layer"), general, DrawingPropertyBag::tr("The layer the objects are on"),
-                               PropUiGuidLayer, Format::Layer, any);
-  layer.read = [](const DrawingEntity& e) { return propVariantFromObjectId(e.layer); };
-  layer.write = [document](DrawingEntity& e, const PropVariant& v) {
-    OdDbObjectId id;
-    if (!propVariantToObjectId(v, id) || !document->database().openLayer(id))
-      return false;
-    e.layer = id;
-    return true;
-  };
-
-  DrawingProperty& color = add(DrawingPropertyBag::tr("Colour"), general, DrawingPropertyBag::tr("The colour the objects are drawn in"),
-                               PropUiGuidColor, Format::Color, any);
-  color.read = [](const DrawingEntity& e) { return propVariantFromColor(e.color); };
-  color.write = [](DrawingEntity& e, const PropVariant& v) { return propVariantToColor(v, e.color); };
-
-  DrawingProperty& linetype = add(DrawingPropertyBag::tr("Linetype"), general, DrawingPropertyBag::tr("The dash pattern of the lines"),
-                                  PropUiGuidLinetype, Format::Linetype, any);
-  linetype.read = [](const DrawingEntity& e) { return propVariantFromObjectId(e.linetype); };
-  linetype.write = [document](DrawingEntity& e, const PropVariant& v) {
-    OdDbObjectId id;
-    if (!propVariantToObjectId(v, id) || !document->database().openLinetype(id))
-      return false;
-    e.linetype = id;
-    return true;
-  };
-
-  DrawingProperty& weight = add(DrawingPropertyBag::tr("Lineweight"), general, DrawingPropertyBag::tr("The printed width of the lines"),
-                                PropUiGuidLineweight, Format::Lineweight, any);
-  weight.read = [](const DrawingEntity& e) { return propVariantFromLineweight(e.lineWeight); };
-  weight.write = [](DrawingEntity& e, const PropVariant& v) { return propVariantToLineweight(v, e.lineWeight); };
-
-  auto numberProperty = [&add](const QString& name, const QString& category, const QString& description, const OdGUID& guid,
-                               Format format, std::function<bool(const DrawingEntity&)> applies, double DrawingEntity::*field)
-    -> DrawingProperty& {
-    DrawingProperty& p = add(name, category, description, guid, format, std::move(applies));
-    p.read = [field](const DrawingEntity& e) { return number(e.*field); };
-    p.write = [field](DrawingEntity& e, const PropVariant& v) { return toNumber(v, e.*field); };
-    return p;
-  };
-
-  DrawingProperty& ltScale = numberProperty(DrawingPropertyBag::tr("Linetype scale"), general,
-                                            DrawingPropertyBag::tr("How long the dashes are, relative to the linetype"),
-                                            PropUiGuidDouble, Format::Number, any, &DrawingEntity::linetypeScale);
-  ltScale.refuse = [](double d) { return refusePositive(d, DrawingPropertyBag::tr("The linetype scale must be greater than zero.")); };
-
-  DrawingProperty& visible = add(DrawingPropertyBag::tr("Visible"), general, DrawingPropertyBag::tr("Whether the objects are drawn"),
-                                 PropUiGuidBool, Format::Bool, any);
-  visible.read = [](const DrawingEntity& e) { return boolean(e.visible); };
-  visible.write = [](DrawingEntity& e, const PropVariant& v) {
-    if (v.scalarType() != PropVariant::kBool || v.isArray())
-      return false;
-    e.visible = v.getBool();
-    return true;
-  };
-
-  auto point = [&add, &geometry](const QString& name, const QString& description, std::initializer_list<EntityKind> kinds, int which)
-    -> DrawingProperty& {
-    const std::vector<EntityKind> wanted(kinds);
-    DrawingProperty& p = add(name, geometry, description, PropUiGuidCoords3d, Format::Number, [wanted, which](const DrawingEntity& e) {
-      return std::find(wanted.begin(), wanted.end(), e.kind) != wanted.end() && int(e.points.size()) > which;
-    });
-    p.shape = Shape::Point;
-    p.count = [](const DrawingEntity&) { return 3; };
-    p.element = [which](const DrawingEntity& e, int i) {
-      const DrawingPoint& pt = e.points[std::size_t(which)];
-      return i == 0 ? pt.x : i == 1 ? pt.y : pt.z;
-    };
-    p.setElement = [which](DrawingEntity& e, int i, double d) {
-      DrawingPoint& pt = e.points[std::size_t(which)];
-      (i == 0 ? pt.x : i == 1 ? pt.y : pt.z) = d;
-    };
-    return p;
-  };
-  point(DrawingPropertyBag::tr("Start point"), DrawingPropertyBag::tr("Where the line starts"), {EntityKind::Line}, 0);
-  point(DrawingPropertyBag::tr("End point"), DrawingPropertyBag::tr("Where the line ends"), {EntityKind::Line}, 1);
-  point(DrawingPropertyBag::tr("Centre"), DrawingPropertyBag::tr("The centre of the circle or arc"), {EntityKind::Circle, EntityKind::Arc}, 0);
-  point(DrawingPropertyBag::tr("Position"), DrawingPropertyBag::tr("The insertion point"),
-        {EntityKind::Text, EntityKind::MText, EntityKind::Insert}, 0);
-  point(DrawingPropertyBag::tr("First point"), DrawingPropertyBag::tr("The first point the dimension measures from"), {EntityKind::Dimension}, 0);
-  point(DrawingPropertyBag::tr("Second point"), DrawingPropertyBag::tr("The second point the dimension measures to"), {EntityKind::Dimension}, 1);
-  point(DrawingPropertyBag::tr("Dimension line"), DrawingPropertyBag::tr("A point the dimension line passes through"), {EntityKind::Dimension}, 2);
-
-  DrawingProperty& vertices = add(DrawingPropertyBag::tr("Vertices"), geometry, DrawingPropertyBag::tr("The corners of the polyline; pick one by its number"),
-                                  PropUiGuidCoords3d, Format::Number, [](const DrawingEntity& e) {
-                                    return e.kind == EntityKind::Polyline && !e.points.empty();
-                                  });
-  vertices.shape = Shape::Vertices;
-  vertices.count = [](const DrawingEntity& e) { return int(e.points.size()) * 3; };
-  vertices.element = [](const DrawingEntity& e, int i) {
-    const DrawingPoint& pt = e.points[std::size_t(i / 3)];
-    return i % 3 == 0 ? pt.x : i % 3 == 1 ? pt.y : pt.z;
-  };
-  vertices.setElement = [](DrawingEntity& e, int i, double d) {
-    DrawingPoint& pt = e.points[std::size_t(i / 3)];
-    (i % 3 == 0 ? pt.x : i % 3 == 1 ? pt.y : pt.z) = d;
-  };
-
-  auto round = [](const DrawingEntity& e) { return isKind(e, {EntityKind::Circle, EntityKind::Arc}); };
-  DrawingProperty& radius = numberProperty(DrawingPropertyBag::tr("Radius"), geometry, DrawingPropertyBag::tr("The radius of the circle or arc"),
-                                           PropUiGuidDistance, Format::Number, round, &DrawingEntity::radius);
-  radius.refuse = [](double d) { return refusePositive(d, DrawingPropertyBag::tr("The radius must be greater than zero.")); };
-
-  DrawingProperty& diameter = add(DrawingPropertyBag::tr("Diameter"), geometry, DrawingPropertyBag::tr("Twice the radius"),
-                                  PropUiGuidDistance, Format::Number, round);
-  diameter.read = [](const DrawingEntity& e) { return number(2.0 * e.radius); };
-  diameter.write = [](DrawingEntity& e, const PropVariant& v) {
-    double d = 0;
-    if (!toNumber(v, d))
-      return false;
-    e.radius = d / 2.0;
-    return true;
-  };
-  diameter.refuse = [](double d) { return refusePositive(d, DrawingPropertyBag::tr("The diameter must be greater than zero.")); };
-
-  auto arc = [](const DrawingEntity& e) { return e.kind == EntityKind::Arc; };
-  numberProperty(DrawingPropertyBag::tr("Start angle"), geometry, DrawingPropertyBag::tr("Where the arc starts, counter-clockwise from the X axis"),
-                 PropUiGuidAngle, Format::Angle, arc, &DrawingEntity::startAngle);
-  numberProperty(DrawingPropertyBag::tr("End angle"), geometry, DrawingPropertyBag::tr("Where the arc ends, counter-clockwise from the X axis"),
-                 PropUiGuidAngle, Format::Angle, arc, &DrawingEntity::endAngle);
-
-  auto measured = [&add, &geometry](const QString& name, const QString& description,
-                                    std::function<bool(const DrawingEntity&)> applies, std::function<double(const DrawingEntity&)> measure) {
-    DrawingProperty& p = add(name, geometry, description, PropUiGuidDouble, Format::Number, std::move(applies));
-    p.read = [measure](const DrawingEntity& e) { return number(measure(e)); };
-  };
-  measured(DrawingPropertyBag::tr("Arc length"), DrawingPropertyBag::tr("The length along the arc"), arc, [](const DrawingEntity& e) {
-    double sweep = std::fmod(e.endAngle - e.startAngle, 360.0);
-    if (sweep <= 0.0)
-      sweep += 360.0;
-    return e.radius * sweep * kPi / 180.0;
-  });
-  measured(DrawingPropertyBag::tr("Circumference"), DrawingPropertyBag::tr("The length around the circle"),
-           [](const DrawingEntity& e) { return e.kind == EntityKind::Circle; },
-           [](const DrawingEntity& e) { return 2.0 * kPi * e.radius; });
-  measured(DrawingPropertyBag::tr("Length"), DrawingPropertyBag::tr("The length of the line or polyline"),
-           [](const DrawingEntity& e) { return isKind(e, {EntityKind::Line, EntityKind::Polyline}); },
-           [](const DrawingEntity& e) {
-             return e.kind == EntityKind::Line ? (e.points.size() > 1 ? distance(e.points[0], e.points[1]) : 0.0) : polylineLength(e);
-           });
-  measured(DrawingPropertyBag::tr("Area"), DrawingPropertyBag::tr("The area enclosed"),
-           [](const DrawingEntity& e) { return e.kind == EntityKind::Circle || (e.kind == EntityKind::Polyline && e.closed); },
-           [](const DrawingEntity& e) { return e.kind == EntityKind::Circle ? kPi * e.radius * e.radius : polylineArea(e); });
-
-  DrawingProperty& closed = add(DrawingPropertyBag::tr("Closed"), geometry, DrawingPropertyBag::tr("Whether the last vertex joins the first"),
-                                PropUiGuidBool, Format::Bool, [](const DrawingEntity& e) { return e.kind == EntityKind::Polyline; });
-  closed.read = [](const DrawingEntity& e) { return boolean(e.closed); };
-  closed.write = [](DrawingEntity& e, const PropVariant& v) {
-    if (v.scalarType() != PropVariant::kBool || v.isArray())
-      return false;
-    e.closed = v.getBool();
-    return true;
-  };
-
-  numberProperty(DrawingPropertyBag::tr("Rotation"), geometry, DrawingPropertyBag::tr("The rotation about the insertion point"),
-                 PropUiGuidAngle, Format::Angle,
-                 [](const DrawingEntity& e) { return isKind(e, {EntityKind::Text, EntityKind::MText, EntityKind::Insert}); },
-                 &DrawingEntity::rotation);
-
-  DrawingProperty& scale = add(DrawingPropertyBag::tr("Scale"), geometry, DrawingPropertyBag::tr("The scale of the block in X and Y"),
-                               PropUiGuidScale2d, Format::Number, [](const DrawingEntity& e) { return e.kind == EntityKind::Insert; });
-  scale.shape = Shape::Scale;
-  scale.count = [](const DrawingEntity&) { return 2; };
-  scale.element = [](const DrawingEntity& e, int i) { return i == 0 ? e.scale.x : e.scale.y; };
-  scale.setElement = [](DrawingEntity& e, int i, double d) { (i == 0 ? e.scale.x : e.scale.y) = d; };
-  // A zero scale folds the block flat and cannot be undone by scaling again.
-  scale.refuse = [](double d) { return d != 0.0 ? QString() : DrawingPropertyBag::tr("A scale cannot be zero."); };
-
-  DrawingProperty& block = add(DrawingPropertyBag::tr("Block"), geometry, DrawingPropertyBag::tr("The block the insert shows"),
-                               PropUiGuidText, Format::Text, [](const DrawingEntity& e) { return e.kind == EntityKind::Insert; });
-  block.read = [](const DrawingEntity& e) { return text(e.blockName); };
-
-  auto texts = [](const DrawingEntity& e) { return isKind(e, {EntityKind::Text, EntityKind::MText}); };
-  DrawingProperty& contents = add(DrawingPropertyBag::tr("Contents"), textCategory, DrawingPropertyBag::tr("The text shown"),
-                                  PropUiGuidText, Format::Text, texts);
-  contents.flags |= PropUiOption::kElided;
-  contents.read = [](const DrawingEntity& e) { return text(e.text); };
-  contents.write = [](DrawingEntity& e, const PropVariant& v) {
-    if (v.scalarType() != PropVariant::kString || v.isArray())
-      return false;
-    e.text = toQString(v.getString());
-    return true;
-  };
-
-  DrawingProperty& height = numberProperty(DrawingPropertyBag::tr("Height"), textCategory, DrawingPropertyBag::tr("The height of the letters"),
-                                           PropUiGuidDistance, Format::Number, texts, &DrawingEntity::height);
-  height.refuse = [](double d) { return refusePositive(d, DrawingPropertyBag::tr("The text height must be greater than zero.")); };
-
-  auto dimension = [](const DrawingEntity& e) { return e.kind == EntityKind::Dimension; };
-  DrawingProperty& dimText = add(DrawingPropertyBag::tr("Dimension text"), textCategory,
-                                 DrawingPropertyBag::tr("Text shown instead of the measurement; empty shows the measurement"),
-                                 PropUiGuidText, Format::Text, dimension);
-  dimText.read = contents.read;
-  dimText.write = contents.write;
-  measured(DrawingPropertyBag::tr("Measurement"), DrawingPropertyBag::tr("The distance the dimension measures"),
-           [](const DrawingEntity& e) { return e.kind == EntityKind::Dimension && e.points.size() > 1; },
-           [](const DrawingEntity& e) { return distance(e.points[0], e.points[1]); });
-  return all;
-}
-
-} // namespace
-
 DrawingPropertyBag::DrawingPropertyBag(DrawingDocument* document, QUndoStack* undoStack)
   : m_document(document), m_undoStack(undoStack),
     m_context(std::make_unique<Context>(document, [this]() { return commonLayer(); }))
 {
   if (!m_document)
     return;
-  m_properties = buildProperties(m_document);
+  m_properties = drawingProperties(m_document);
   auto changed = [this]() {
     const bool same = reload();
     if (m_listener)
       m_listener(same);
   };
   m_changed = QObject::connect(m_document, &DrawingDocument::entitiesChanged, changed);
-  m_reset = QObject::connect(m_document, &DrawingDocument::documentReset, changed);
+  // A new drawing may reuse the old one's handles for other entities: the selection ends with its drawing.
+  m_reset = QObject::connect(m_document, &DrawingDocument::documentReset, [this]() {
+    setSelection({});
+    if (m_listener)
+      m_listener(false);
+  });
 }
 
 DrawingPropertyBag::~DrawingPropertyBag()
@@ -526,15 +157,15 @@ void DrawingPropertyBag::merge()
       continue;
     auto item = std::make_unique<Item>();
     item->property = &property;
-    if (property.shape != Shape::Scalar)
+    if (property.shape != PropertyShape::Scalar)
     {
       // Polylines with fewer vertices end the list: only the vertices every one has are shared.
       item->elementCount = property.count(*m_entities.front());
       for (const DrawingEntity* entity : m_entities)
         item->elementCount = std::min(item->elementCount, property.count(*entity));
     }
-    const bool numeric = property.format == Format::Number || property.format == Format::Angle;
-    const OdGUID typeGuid = numeric ? PropUiGuidDouble : property.format == Format::Text ? PropUiGuidText : property.guid;
+    const bool numeric = property.format == PropertyFormat::Number || property.format == PropertyFormat::Angle;
+    const OdGUID typeGuid = numeric ? PropUiGuidDouble : property.format == PropertyFormat::Text ? PropUiGuidText : property.guid;
     item->type = std::make_unique<ItemType>(int(m_items.size()), typeGuid);
     m_items.push_back(std::move(item));
   }
@@ -593,7 +224,7 @@ OdDbObjectId DrawingPropertyBag::commonLayer() const
   if (!resolveEntities())
     return id;
   for (const auto& item : m_items)
-    if (item->property->format == Format::Layer)
+    if (item->property->format == PropertyFormat::Layer)
     {
       const PropVariant layer = mergedValue(*item);
       if (!layer.isVaries())
@@ -675,7 +306,7 @@ OdGUID DrawingPropertyBag::getControlGuid(int index)
 QString DrawingPropertyBag::checkValue(const Item& item, unsigned long, const PropVariant& value) const
 {
   const DrawingProperty& property = *item.property;
-  if (property.format != Format::Number && property.format != Format::Angle)
+  if (property.format != PropertyFormat::Number && property.format != PropertyFormat::Angle)
     return QString();
   QVector<double> numbers;
   double d = 0.0;
@@ -718,7 +349,7 @@ bool DrawingPropertyBag::formatValue(int index, unsigned long, const PropVariant
   const QLocale c = QLocale::c();
   auto numberText = [&c, item](double d) {
     const QString digits = c.toString(d, 'f', 4);
-    return item->property->format == Format::Angle ? digits + QChar(0x00B0) : digits;
+    return item->property->format == PropertyFormat::Angle ? digits + QChar(0x00B0) : digits;
   };
   QString result;
   OdDbObjectId id;
@@ -726,8 +357,8 @@ bool DrawingPropertyBag::formatValue(int index, unsigned long, const PropVariant
   OdDb::LineWeight weight;
   switch (item->property->format)
   {
-  case Format::Number:
-  case Format::Angle:
+  case PropertyFormat::Number:
+  case PropertyFormat::Angle:
   {
     double d = 0.0;
     if (value.isArray() && value.scalarType() == PropVariant::kDouble)
@@ -741,24 +372,24 @@ bool DrawingPropertyBag::formatValue(int index, unsigned long, const PropVariant
       result = numberText(d);
     break;
   }
-  case Format::Text:
+  case PropertyFormat::Text:
     if (value.scalarType() == PropVariant::kString && !value.isArray())
       result = toQString(value.getString());
     break;
-  case Format::Bool:
+  case PropertyFormat::Bool:
     if (value.scalarType() == PropVariant::kBool && !value.isArray())
       result = value.getBool() ? tr("Yes") : tr("No");
     break;
-  case Format::Color:
+  case PropertyFormat::Color:
     if (propVariantToColor(value, color))
       result = hostQtColorName(color);
     break;
-  case Format::Lineweight:
+  case PropertyFormat::Lineweight:
     if (propVariantToLineweight(value, weight))
       result = host_qt_ui::QHostLineWeightListModel::weightText(weight);
     break;
-  case Format::Layer:
-  case Format::Linetype:
+  case PropertyFormat::Layer:
+  case PropertyFormat::Linetype:
     if (propVariantToObjectId(value, id))
       if (const OdDbSymbolTableRecord* record = db.openObject(id))
         result = toQString(record->getName());
@@ -778,11 +409,11 @@ bool DrawingPropertyBag::parseValue(int index, unsigned long, const OdString& in
   QString s = toQString(input).trimmed();
   switch (item->property->format)
   {
-  case Format::Text:
+  case PropertyFormat::Text:
     value.setString(toOdString(s));
     return true;
-  case Format::Number:
-  case Format::Angle:
+  case PropertyFormat::Number:
+  case PropertyFormat::Angle:
   {
     s.remove(QChar(0x00B0));
     bool ok = false;
@@ -804,7 +435,7 @@ bool DrawingPropertyBag::getValue(int index, PropVariant& value)
   const Item* item = find(index);
   if (!item || !resolveEntities())
     return false;
-  if (item->property->shape == Shape::Scalar)
+  if (item->property->shape == PropertyShape::Scalar)
   {
     value = mergedValue(*item);
     return true;
@@ -834,13 +465,13 @@ bool DrawingPropertyBag::setValue(int index, const PropVariant& value)
 unsigned int DrawingPropertyBag::getElements(int index, PropKeyArray& elements, OdStringArray& captions)
 {
   const Item* item = find(index);
-  if (!item || item->property->shape == Shape::Scalar)
+  if (!item || item->property->shape == PropertyShape::Scalar)
     return 0;
   const QString axes[] = {tr("X"), tr("Y"), tr("Z")};
   for (int e = 0; e < item->elementCount; ++e)
   {
     elements.append(static_cast<unsigned long>(e));
-    if (item->property->shape == Shape::Vertices)
+    if (item->property->shape == PropertyShape::Vertices)
       captions.append(toOdString(tr("Vertex %1 %2").arg(e / 3 + 1).arg(axes[e % 3])));
     else
       captions.append(toOdString(axes[e % 3]));
@@ -870,7 +501,7 @@ int DrawingPropertyBag::getGroupCount(int index)
 {
   const Item* item = find(index);
   // A single point needs no vertex picker: only a polyline's vertices come in groups.
-  return item && item->property->shape == Shape::Vertices ? item->elementCount / 3 : 0;
+  return item && item->property->shape == PropertyShape::Vertices ? item->elementCount / 3 : 0;
 }
 
 PropBagCtx* DrawingPropertyBag::getContext()
@@ -884,14 +515,14 @@ bool DrawingPropertyBag::write(const Item& item, long element, const PropVariant
   // Which numbers the value sets: one element, or all of a point or scale at once.
   QVector<int> targets;
   QVector<double> numbers;
-  if (property.shape != Shape::Scalar)
+  if (property.shape != PropertyShape::Scalar)
   {
     double d = 0.0;
     if (value.isArray() && value.scalarType() == PropVariant::kDouble)
     {
       const OdDoubleArray& all = value.getDoubleArray();
       // The scale control writes both numbers at once when they are locked together, through either element.
-      if (property.shape == Shape::Vertices || int(all.size()) != item.elementCount)
+      if (property.shape == PropertyShape::Vertices || int(all.size()) != item.elementCount)
         return false;
       for (int e = 0; e < item.elementCount; ++e)
       {
@@ -923,7 +554,7 @@ bool DrawingPropertyBag::write(const Item& item, long element, const PropVariant
       continue;
     DrawingEntity changed = *current;
     bool differs = false;
-    if (property.shape == Shape::Scalar)
+    if (property.shape == PropertyShape::Scalar)
     {
       if (!property.write(changed, value))
         return false;

@@ -13,10 +13,12 @@ namespace
 {
 
 /** A control that cannot show its item (a kind that rejects the bag's list) stays empty rather than end the host. */
-void refreshControl(PropUiQWidget* control)
+void refreshControl(PropUiQWidget* control, bool setUp = false)
 {
   try
   {
+    if (setUp)
+      control->setupUi();
     control->updateUi();
     control->updateData();
   }
@@ -71,8 +73,7 @@ void PalettePanel::setBag(PropBag* bag)
       continue;
     control->setParent(rows);
     control->setPropBagItem(bag, i);
-    control->setupUi();
-    refreshControl(control);
+    refreshControl(control, true);
     auto* caption = new PropUiQLabel(rows);
     caption->setPropBagItem(bag, i);
     caption->setupUi();

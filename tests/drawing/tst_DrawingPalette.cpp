@@ -403,6 +403,27 @@ private slots:
     QCOMPARE(d.dump(), after);
   }
 
+  void theBagFollowsTheDocument()
+  {
+    // GIVEN a selected line
+    Drawing d;
+    DrawingPropertyBag bag(&d.document, &d.undo);
+    bag.setSelection({d.line1});
+    const int length = itemNamed(bag, QStringLiteral("Length"));
+    // WHEN the document grows far enough to move its storage THEN the bag still reads the line
+    for (int i = 0; i < 2000; ++i)
+      d.document.addEntity(entity(EntityKind::Line, {{0, 0, 0}, {1, 0, 0}}));
+    PropVariant v;
+    QVERIFY(bag.getValue(length, v));
+    QCOMPARE(v.getDouble(), 9.0);
+    // WHEN the drawing is replaced, even by one that reuses the handles, THEN nothing stays selected
+    d.document.clear();
+    d.document.addEntity(entity(EntityKind::Circle, {{0, 0, 0}}));
+    QVERIFY(bag.selection().isEmpty());
+    QCOMPARE(bag.getItemCount(), 0);
+    QVERIFY(!bag.getValue(0, v));
+  }
+
   void aValueAlreadyHeldIsNoStep()
   {
     Drawing d;
