@@ -87,6 +87,9 @@ DrawingEditorWindow::DrawingEditorWindow(QWidget* parent)
 
 DrawingEditorWindow::~DrawingEditorWindow()
 {
+  // The canvas and the palette use the document, the bag and the undo stack, which die before the
+  // window's children would: they go first.
+  delete takeCentralWidget();
   // The catalogue window reads its bag until it is gone.
   m_catalogue.reset();
 }
