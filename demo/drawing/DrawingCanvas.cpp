@@ -32,7 +32,7 @@ DrawingCanvas::DrawingCanvas(DrawingDocument* document, QWidget* parent)
   setFocusPolicy(Qt::StrongFocus);
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-  setTransformationAnchor(QGraphicsView::AnchorUnderMouse);
+  setTransformationAnchor(QGraphicsView::NoAnchor);
   setResizeAnchor(QGraphicsView::AnchorViewCenter);
   setRenderHint(QPainter::Antialiasing);
   setRenderHint(QPainter::TextAntialiasing);
@@ -294,7 +294,12 @@ void DrawingCanvas::wheelEvent(QWheelEvent* event)
   // beyond these the numbers lose their precision before the user finds anything
   if ((factor > 1 && current > 1e6) || (factor < 1 && current < 1e-6))
     return;
+  // the point under the cursor stays there, wherever the cursor is
+  const QPoint cursor = event->position().toPoint();
+  const QPointF pinned = mapToScene(cursor);
   scale(factor, factor);
+  const QPoint drift = mapFromScene(pinned) - cursor;
+  pan(drift.x(), drift.y());
   event->accept();
 }
 

@@ -1,5 +1,7 @@
 #include "DrawingDocument.h"
 
+#include <utility>
+
 DrawingDocument::DrawingDocument(QObject* parent) : QObject(parent), m_database(std::make_unique<OdDbDatabase>()) {}
 
 DrawingDocument::~DrawingDocument() = default;
@@ -48,5 +50,17 @@ void DrawingDocument::clear()
   m_blocks.clear();
   m_lastHandle = 0;
   m_fileName.clear();
+  Q_EMIT documentReset();
+}
+
+void DrawingDocument::takeContents(DrawingDocument& other)
+{
+  m_database = std::exchange(other.m_database, std::make_unique<OdDbDatabase>());
+  m_entities = std::exchange(other.m_entities, {});
+  m_indexOfHandle = std::exchange(other.m_indexOfHandle, {});
+  m_blocks = std::exchange(other.m_blocks, {});
+  m_lastHandle = std::exchange(other.m_lastHandle, 0);
+  m_fileName = std::exchange(other.m_fileName, QString());
+  Q_EMIT other.documentReset();
   Q_EMIT documentReset();
 }

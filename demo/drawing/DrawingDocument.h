@@ -47,6 +47,8 @@ public:
 
   /** Drops everything and starts from a new database. */
   void clear();
+  /** Takes over everything @p other holds, which is left empty; one reset for the views. */
+  void takeContents(DrawingDocument& other);
 
   QString fileName() const { return m_fileName; }
   void setFileName(const QString& fileName) { m_fileName = fileName; }

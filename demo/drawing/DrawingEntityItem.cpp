@@ -22,6 +22,9 @@ constexpr double kFontPixels = 64.0;
 constexpr int kMaxBlockDepth = 8;
 // More dashes than this on one entity are a grey blur on screen; the outline is drawn solid instead.
 constexpr double kMaxDashes = 20000.0;
+// On screen, below these sizes in pixels an entity is drawn as a dot and a dash pattern as a solid line.
+constexpr double kDotPixels = 2.0;
+constexpr double kDashPixels = 6.0;
 
 struct FontScale
 {
@@ -482,11 +485,13 @@ private:
     DrawingEntityItem::Stroke stroke;
     stroke.outline = outline;
     stroke.dashed = dashed(outline, pattern);
+    for (double d : pattern)
+      stroke.period += std::abs(d);
     stroke.pen = QPen(style.color, pixels, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin);
     stroke.pen.setCosmetic(true);
     QColor glow = m_look.highlight;
     glow.setAlpha(150);
-    stroke.glow = QPen(glow, std::max(pixels, 1.0) + 5.0, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin);
+    stroke.glow = QPen(glow, std::max(pixels, 1.0) + 4.0, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin);
     stroke.glow.setCosmetic(true);
     m_strokes.push_back(std::move(stroke));
   }
@@ -570,27 +575,35 @@ QPainterPath DrawingEntityItem::shape() const
 
 void DrawingEntityItem::paint(QPainter* painter, const QStyleOptionGraphicsItem* option, QWidget*)
 {
+  const double lod = option->levelOfDetailFromTransform(painter->worldTransform());
+  painter->setBrush(Qt::NoBrush);
+  // an entity smaller than a pixel or two is a dot at this zoom, and drawn as one
+  if (std::max(m_bounds.width(), m_bounds.height()) * lod < kDotPixels && !m_strokes.empty())
+  {
+    painter->setPen(m_highlighted ? m_strokes.front().glow : m_strokes.front().pen);
+    painter->drawPoint(m_bounds.center());
+    return;
+  }
   if (m_highlighted)
     for (const Stroke& s : m_strokes)
     {
       painter->setPen(s.glow);
       painter->drawPath(s.outline);
     }
-  painter->setBrush(Qt::NoBrush);
   for (const Stroke& s : m_strokes)
   {
     painter->setPen(s.pen);
-    painter->drawPath(s.dashed);
+    // dashes closer than a few pixels blur into a line anyway, and cost far more to draw
+    painter->drawPath(s.period * lod < kDashPixels ? s.outline : s.dashed);
   }
   if (m_texts.empty())
     return;
-  const double lod = option->levelOfDetailFromTransform(painter->worldTransform());
   const QTransform base = painter->worldTransform();
   painter->setFont(fontScale().font);
   for (const TextRun& t : m_texts)
   {
     // a text smaller than a couple of pixels is drawn as the box it fills
-    if (lod * std::sqrt(std::abs(t.transform.determinant())) * fontScale().capHeight < 2.0)
+    if (lod * std::sqrt(std::abs(t.transform.determinant())) * fontScale().capHeight < kDotPixels)
     {
       painter->setPen(m_highlighted ? m_highlight : t.color);
       painter->drawPolygon(t.box);

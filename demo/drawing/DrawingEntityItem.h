@@ -56,6 +56,8 @@ public:
   {
     QPainterPath outline;
     QPainterPath dashed;
+    /** One repetition of the dashes in scene units; 0 for a continuous line. */
+    double period = 0;
     QPen pen;
     QPen glow;
   };

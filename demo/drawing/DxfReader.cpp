@@ -9,6 +9,7 @@
 #include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
+#include <algorithm>
 #include <cmath>
 #include <dl_creationadapter.h>
 #include <dl_dxf.h>
@@ -44,6 +45,10 @@ struct CommonGroups
 
   void take(unsigned int code, const std::string& value)
   {
+    // most groups are geometry that dxflib reads itself; only these are worth a copy
+    static const unsigned int wanted[] = {5, 6, 8, 48, 60, 62, 67, 70, 370, 420};
+    if (std::find(std::begin(wanted), std::end(wanted), code) == std::end(wanted))
+      return;
     const QByteArray raw = QByteArray::fromStdString(value).trimmed();
     bool ok = false;
     switch (code)
@@ -141,7 +146,15 @@ public:
       m_finished = std::move(m_current);
       m_current = CommonGroups();
       if (value == "SECTION")
+      {
         sawSection = true;
+        m_sectionNamePending = true;
+      }
+      else if (value == "ENDSEC")
+      {
+        m_inEntities = false;
+        m_polylineOpen = false;
+      }
       else if (value == "EOF")
         sawEnd = true;
       else if (m_inEntities || m_block)
@@ -154,13 +167,6 @@ public:
       m_sectionNamePending = false;
     }
     m_current.take(code, value);
-  }
-
-  void endSection() override
-  {
-    m_inEntities = false;
-    m_sectionNamePending = true;
-    m_polylineOpen = false;
   }
 
   void addLayer(const DL_LayerData& data) override
@@ -445,12 +451,11 @@ private:
   bool m_skippingBlock = false;
   bool m_polylineOpen = false;
   bool m_inEntities = false;
-  bool m_sectionNamePending = true;
+  bool m_sectionNamePending = false;
 };
 
-bool fail(DrawingDocument& document, QString* error, const QString& message)
+bool fail(QString* error, const QString& message)
 {
-  document.clear();
   if (error)
     *error = message;
   return false;
@@ -463,41 +468,42 @@ bool readDxf(const QString& path, DrawingDocument& document, QString* error, int
   const QString shown = QFileInfo(path).fileName();
   QFile file(path);
   if (!file.open(QIODevice::ReadOnly))
-    return fail(document, error, tr("Cannot open %1: %2").arg(shown, file.errorString()));
-  if (file.peek(22) == "AutoCAD Binary DXF\r\n\x1a")
-    return fail(document, error, tr("%1 is a binary DXF file; only text DXF files can be opened.").arg(shown));
+    return fail(error, tr("Cannot open %1: %2").arg(shown, file.errorString()));
+  if (file.peek(18) == "AutoCAD Binary DXF")
+    return fail(error, tr("%1 is a binary DXF file; only text DXF files can be opened.").arg(shown));
   file.close();
 
-  document.clear();
-  DocumentBuilder builder(document.database());
+  // read aside, so that a file that turns out bad leaves the open drawing as it was
+  DrawingDocument read;
+  DocumentBuilder builder(read.database());
   try
   {
     DL_Dxf dxf;
     if (!dxf.in(QFile::encodeName(path).toStdString(), &builder))
-      return fail(document, error, tr("Cannot read %1.").arg(shown));
+      return fail(error, tr("Cannot read %1.").arg(shown));
   }
   catch (const std::exception&)
   {
     // dxflib sizes its buffers from counts in the file, which a damaged file can make absurd
-    return fail(document, error, tr("%1 is damaged and cannot be read.").arg(shown));
+    return fail(error, tr("%1 is damaged and cannot be read.").arg(shown));
   }
   if (!builder.sawSection)
-    return fail(document, error, tr("%1 is not a DXF drawing.").arg(shown));
+    return fail(error, tr("%1 is not a DXF drawing.").arg(shown));
   if (!builder.sawEnd)
-    return fail(document, error, tr("%1 ends early: the file is incomplete.").arg(shown));
+    return fail(error, tr("%1 ends early: the file is incomplete.").arg(shown));
 
   // Layers the table does not list (layer 0 included) are plain, as a save writes them.
-  OdDbDatabase& database = document.database();
+  OdDbDatabase& database = read.database();
   for (const OdDbObjectId& id : database.getLayerIds())
     if (OdDbLayerTableRecord* layer = database.openLayer(id); layer && layer->linetypeObjectId().isNull())
       layer->setLinetypeObjectId(database.getLinetypeContinuousId());
   for (auto& [name, block] : builder.blocks)
-    document.block(name) = std::move(block);
+    read.block(name) = std::move(block);
   for (DrawingEntity& entity : builder.modelSpace)
-    document.addEntity(std::move(entity));
-  document.setFileName(path);
+    read.addEntity(std::move(entity));
+  read.setFileName(path);
   if (skipped)
     *skipped = builder.skipped;
-  Q_EMIT document.documentReset();
+  document.takeContents(read);
   return true;
 }

@@ -9,7 +9,7 @@ class DrawingDocument;
  * layers, linetypes, blocks with their entities, and the model space's lines,
  * circles, arcs, polylines, texts, multi-line texts, inserts and dimensions.
  * Entities of other kinds are skipped; @p skipped, when given, receives their
- * count. On failure the document is left empty, @p error (when given) says why
- * and the result is false.
+ * count. On failure the document is left as it was, @p error (when given) says
+ * why and the result is false.
  */
 bool readDxf(const QString& path, DrawingDocument& document, QString* error, int* skipped = nullptr);

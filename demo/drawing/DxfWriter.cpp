@@ -44,6 +44,12 @@ public:
     m_entityHandle = entity.handle;
     m_entityInvisible = !entity.visible;
   }
+  /** dxflib leaves out what it cannot write (an insert of no block); its handle must not pass to the next. */
+  void forget() const
+  {
+    m_entityHandle = 0;
+    m_entityInvisible = false;
+  }
 
   void dxfHex(int gc, int value) const override
   {
@@ -266,6 +272,7 @@ private:
       writeDimension(e, attributes);
       break;
     }
+    m_dw.forget();
   }
 
   void writeDimension(const DrawingEntity& e, const DL_Attributes& attributes)
@@ -278,8 +285,11 @@ private:
     const DrawingPoint p5 = pointAt(e, 5);
     const double radians = e.rotation * M_PI / 180.0;
     const int type = e.dimensionType & 0x0F;
-    const DL_DimensionData data(line.x, line.y, line.z, text.x, text.y, text.z, type, 5, 1, 1.0, toDxfString(e.text),
-                                "Standard", 0.0);
+    DL_DimensionData data(line.x, line.y, line.z, text.x, text.y, text.z, type, 5, 1, 1.0, toDxfString(e.text),
+                          "Standard", 0.0);
+    // dxflib's constructor leaves these out, and writes whatever the memory held
+    data.arrow1Flipped = false;
+    data.arrow2Flipped = false;
     switch (type)
     {
     case 0:

@@ -4,6 +4,7 @@
 #include "OdDbLayerTableRecord.h"
 #include <QSignalSpy>
 #include <QtTest>
+#include <limits>
 
 namespace
 {
@@ -151,6 +152,153 @@ private Q_SLOTS:
     document.replaceEntities({moved});
     QTest::mouseClick(canvas.viewport(), Qt::LeftButton, Qt::NoModifier, where);
     QCOMPARE(canvas.selection(), Handles({C}));
+  }
+
+  void wheelZoomsAboutTheCursorAndTheViewPans()
+  {
+    DrawingDocument document;
+    fillDocument(document);
+    DrawingCanvas canvas(&document);
+    canvas.resize(400, 400);
+    canvas.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&canvas));
+    QWidget* viewport = canvas.viewport();
+    const auto near = [](const QPoint& a, const QPoint& b) { return (a - b).manhattanLength() <= 2; };
+
+    // GIVEN a cursor off the centre WHEN the wheel turns two notches THEN what was under it still is
+    const QPoint cursor(120, 260);
+    const QPointF under = canvas.mapToScene(cursor);
+    const double scale = canvas.transform().m11();
+    QWheelEvent wheel(cursor, viewport->mapToGlobal(cursor), QPoint(), QPoint(0, 240), Qt::NoButton, Qt::NoModifier,
+                      Qt::NoScrollPhase, false);
+    QApplication::sendEvent(viewport, &wheel);
+    QVERIFY(qAbs(canvas.transform().m11() - scale * 1.44) < 1e-9);
+    QVERIFY2(near(canvas.mapFromScene(under), cursor), "the point under the cursor moved");
+
+    // a middle-button drag carries the drawing with the cursor
+    const QPointF grabbed = canvas.mapToScene(QPoint(200, 200));
+    send(viewport, QEvent::MouseButtonPress, QPoint(200, 200), Qt::MiddleButton, Qt::MiddleButton);
+    send(viewport, QEvent::MouseMove, QPoint(230, 180), Qt::NoButton, Qt::MiddleButton);
+    send(viewport, QEvent::MouseMove, QPoint(260, 150), Qt::NoButton, Qt::MiddleButton);
+    send(viewport, QEvent::MouseButtonRelease, QPoint(260, 150), Qt::MiddleButton, Qt::NoButton);
+    QVERIFY(near(canvas.mapFromScene(grabbed), QPoint(260, 150)));
+    QCOMPARE(canvas.selection(), Handles());
+
+    // the arrow keys look further that way
+    const double left = canvas.mapToScene(viewport->rect().center()).x();
+    QTest::keyClick(&canvas, Qt::Key_Right);
+    QVERIFY(canvas.mapToScene(viewport->rect().center()).x() > left);
+
+    // zoom to extents brings the whole drawing back
+    canvas.zoomExtents();
+    for (const QPointF& corner : {QPointF(0, 0), QPointF(100, -100)})
+      QVERIFY(viewport->rect().contains(canvas.mapFromScene(corner)));
+  }
+
+  void coloursResolveThroughLayerAndInsert_data()
+  {
+    QTest::addColumn<QString>("how");
+    QTest::addColumn<QColor>("expected");
+    QTest::newRow("palette colour") << QStringLiteral("aci") << QColor(0, 0, 255);
+    QTest::newRow("true colour") << QStringLiteral("true") << QColor(0x12, 0x34, 0xab);
+    QTest::newRow("by layer") << QStringLiteral("layer") << QColor(255, 0, 0);
+    QTest::newRow("by block, from the insert") << QStringLiteral("block") << QColor(0, 255, 0);
+  }
+
+  void coloursResolveThroughLayerAndInsert()
+  {
+    QFETCH(QString, how);
+    QFETCH(QColor, expected);
+    // GIVEN one thick horizontal line, coloured as the row says
+    DrawingDocument document;
+    OdDbDatabase& db = document.database();
+    const OdDbObjectId red = db.addLayer(OdString(L"Red"));
+    OdCmColor layerColor;
+    layerColor.setColorIndex(1);
+    db.openLayer(red)->setColor(layerColor);
+    DrawingEntity line = lineOn(db.getLayerZeroId(), A, {0, 0, 0}, {100, 0, 0});
+    line.lineWeight = OdDb::kLnWt140;
+    if (how == QLatin1String("aci"))
+      line.color.setColorIndex(5);
+    else if (how == QLatin1String("true"))
+      line.color.setRGB(0x12, 0x34, 0xab);
+    else if (how == QLatin1String("layer"))
+      line.layer = red;
+    if (how == QLatin1String("block"))
+    {
+      db.addBlock(OdString(L"BAR"));
+      line.color = OdCmColor(OdCmEntityColor::kByBlock);
+      document.block(QStringLiteral("BAR")).entities.push_back(line);
+      DrawingEntity insert;
+      insert.kind = EntityKind::Insert;
+      insert.handle = B;
+      insert.layer = red;
+      insert.blockName = QStringLiteral("BAR");
+      insert.points = {{0, 0, 0}};
+      insert.color.setColorIndex(3);
+      document.addEntity(insert);
+    }
+    else
+      document.addEntity(line);
+
+    // WHEN it is drawn THEN the middle of the line has the colour
+    DrawingCanvas canvas(&document);
+    canvas.resize(300, 200);
+    canvas.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&canvas));
+    const QImage image = canvas.viewport()->grab().toImage();
+    const QColor drawn = image.pixelColor(onScreen(canvas, 50, 0));
+    QVERIFY2(qAbs(drawn.red() - expected.red()) + qAbs(drawn.green() - expected.green())
+                     + qAbs(drawn.blue() - expected.blue()) < 24,
+             qPrintable(drawn.name()));
+  }
+
+  void degenerateEntitiesDoNotBreakTheCanvas()
+  {
+    // GIVEN entities a broken file or a careless host could leave: no points, no size,
+    // numbers that are not numbers, a block that inserts itself, a block that does not exist
+    DrawingDocument document;
+    fillDocument(document);
+    OdDbDatabase& db = document.database();
+    const double nan = std::numeric_limits<double>::quiet_NaN();
+    std::vector<DrawingEntity> odd;
+    for (EntityKind kind : {EntityKind::Line, EntityKind::Circle, EntityKind::Arc, EntityKind::Polyline,
+                            EntityKind::Text, EntityKind::MText, EntityKind::Insert, EntityKind::Dimension})
+    {
+      DrawingEntity e;
+      e.kind = kind;
+      odd.push_back(e);
+      e.points = {{nan, 1, 0}, {2, nan, 0}, {1e300, -1e300, 0}};
+      e.bulges = {1e12};
+      e.radius = -5;
+      e.height = nan;
+      e.text = QStringLiteral("{\\fArial;\\S1^2;}\\P%%c");
+      e.dimensionType = 2;
+      odd.push_back(e);
+    }
+    db.addBlock(OdString(L"LOOP"));
+    DrawingEntity loop;
+    loop.kind = EntityKind::Insert;
+    loop.blockName = QStringLiteral("LOOP");
+    loop.points = {{0, 0, 0}};
+    document.block(QStringLiteral("LOOP")).entities.push_back(loop);
+    odd.push_back(loop);
+    loop.blockName = QStringLiteral("MISSING");
+    odd.push_back(loop);
+    for (DrawingEntity& e : odd)
+      document.addEntity(e);
+
+    // WHEN the canvas shows them, zooms, picks and selects THEN it stays usable
+    DrawingCanvas canvas(&document);
+    canvas.resize(300, 300);
+    canvas.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&canvas));
+    canvas.zoomExtents();
+    canvas.viewport()->grab();
+    QTest::mouseClick(canvas.viewport(), Qt::LeftButton, Qt::NoModifier, QPoint(150, 150));
+    drag(canvas, QPoint(5, 5), QPoint(295, 295));
+    canvas.selectAll();
+    QVERIFY(canvas.selection().contains(A));
   }
 
   void hiddenEntitiesAreNeitherDrawnNorPicked_data()
