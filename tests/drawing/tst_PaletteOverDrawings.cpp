@@ -10,8 +10,7 @@
 #include "PropUiQLineEdit.h"
 #include "PropWidgetsEntry.h"
 #include "PropertyPalette.h"
-#include "SampleDrawing.h"
-#include <QDirIterator>
+#include "RealDrawings.h"
 #include <QFileInfo>
 #include <QElapsedTimer>
 #include <QTemporaryDir>
@@ -19,7 +18,7 @@
 #include <QtTest>
 #include <algorithm>
 
-// Under the sanitizers a drawing takes ten times as long: a sample of the library says as much.
+// Under the sanitizers the shared list is already a sample; the biggest of it go too (see drawings()).
 #if defined(__SANITIZE_ADDRESS__)
 #define PROP_SANITIZED 1
 #elif defined(__has_feature)
@@ -31,40 +30,15 @@
 namespace
 {
 
-const char kPartsLibrary[] = "/usr/share/librecad/library";
-
-/** Every drawing of the parts library when it is installed, else the demo's own drawing saved to a file. */
-QStringList drawings(const QString& scratch)
+/** The real drawings the drawing tests share, without the biggest under the sanitizers. */
+QStringList drawings()
 {
-  QStringList paths;
-  QDirIterator it(QString::fromLatin1(kPartsLibrary), {QStringLiteral("*.dxf"), QStringLiteral("*.DXF")}, QDir::Files,
-                  QDirIterator::Subdirectories);
-  while (it.hasNext())
-    paths << it.next();
-  std::sort(paths.begin(), paths.end());
-  if (paths.isEmpty())
-  {
-    DrawingDocument sample;
-    makeSampleDrawing(sample);
-    const QString path = scratch + QStringLiteral("/sample.dxf");
-    if (writeDxf(path, sample, nullptr))
-      paths << path;
-  }
-  int stride = qEnvironmentVariableIntValue("PROP_DRAWING_STRIDE");
+  QStringList paths = realDrawings();
 #ifdef PROP_SANITIZED
-  if (stride < 1)
-    stride = 40;
   // The drawing sheets hold thousands of lines and take seconds each here; the plain build opens them.
   paths.erase(std::remove_if(paths.begin(), paths.end(), [](const QString& path) { return QFileInfo(path).size() > 200 * 1024; }),
               paths.end());
 #endif
-  if (stride > 1)
-  {
-    QStringList sample;
-    for (int i = 0; i < paths.size(); i += stride)
-      sample << paths[i];
-    paths = sample;
-  }
   return paths;
 }
 
@@ -115,7 +89,7 @@ private slots:
     MessageCatcher messages;
     QTemporaryDir scratch;
     QVERIFY(scratch.isValid());
-    const QStringList paths = drawings(scratch.path());
+    const QStringList paths = drawings();
     QVERIFY(!paths.isEmpty());
     const QString before = scratch.filePath(QStringLiteral("before.dxf"));
     const QString after = scratch.filePath(QStringLiteral("after.dxf"));
