@@ -1,13 +1,19 @@
 // The demo host: loads libPropWidgets as a run-time module, as a CAD host
-// does, and shows a property panel over a sample bag.
+// does, and shows a drawing with the property palette of its selection.
 //
-//   propwidgets-demo [--theme dark|light] [--mixed] [--lang de] [--screenshot FILE.png]
+//   propwidgets-demo [FILE.dxf] [--theme dark|light] [--mixed] [--lang de] [--screenshot FILE.png] [--catalogue]
+//
+// Without a file it opens a sample drawing with every kind of entity. --mixed
+// selects entities whose values partly differ. --catalogue shows the panel of
+// every control kind over an invented bag instead of a drawing.
 //
 // Without a display it renders offscreen, writes pictures of both themes,
-// plain and with a mixed selection, and prints where they are.
+// both forms of the palette and a double-density picture, and prints where
+// they are.
 
 #include "DemoBag.h"
 #include "DemoWindow.h"
+#include "DrawingEditorWindow.h"
 #include "HostDocManager.h"
 #include "HostQtStyleManager.h"
 #include "OdRxDynamicLinker.h"
@@ -31,6 +37,8 @@ struct Options
   bool mixed = false;
   QString screenshot;
   QString language;
+  QString drawing;
+  bool catalogue = false;
   bool headless = false;
 };
 
@@ -55,6 +63,10 @@ bool parse(int argc, char** argv, Options& options)
       options.language = QString::fromLocal8Bit(argv[++i]);
     else if (!std::strcmp(arg, "--mixed"))
       options.mixed = true;
+    else if (!std::strcmp(arg, "--catalogue"))
+      options.catalogue = true;
+    else if (arg[0] != '-' && options.drawing.isEmpty())
+      options.drawing = QString::fromLocal8Bit(arg);
     else
       return false;
   }
@@ -94,36 +106,12 @@ private:
   DemoWindow*& m_window;
 };
 
-} // namespace
+const char kUsage[] =
+  "usage: propwidgets-demo [FILE.dxf] [--theme dark|light] [--mixed] [--lang de] [--screenshot FILE.png] [--catalogue]\n";
 
-int main(int argc, char** argv)
+/** The control catalogue over the invented bag, as the demo was before it edited drawings. */
+int runCatalogue(QApplication& app, const Options& options)
 {
-  Options options;
-  if (!parse(argc, argv, options))
-  {
-    std::fprintf(stderr, "usage: propwidgets-demo [--theme dark|light] [--mixed] [--lang de] [--screenshot FILE.png]\n");
-    return 2;
-  }
-  const bool noDisplay = qEnvironmentVariableIsEmpty("DISPLAY") && qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
-  options.headless = noDisplay && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM");
-  if (options.headless || !options.screenshot.isEmpty())
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-
-  QApplication app(argc, argv);
-  QApplication::setApplicationDisplayName(QStringLiteral("Properties"));
-  QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
-  if (!options.language.isEmpty())
-    installTranslators(app, options.language);
-
-  OdRxModulePtr module = odrxDynamicLinker()->loadModule(OdString(L"PropWidgets"));
-  if (!module)
-  {
-    std::fprintf(stderr, "propwidgets-demo: cannot load the PropWidgets module: %s\n",
-                 qPrintable(toQString(odrxDynamicLinker()->lastError())));
-    return 1;
-  }
-  hostGetQtStyleManager()->setTheme(options.theme);
-
   DemoWindow* window = nullptr;
   DemoDocument document(window);
   hostSetDocManager(&document);
@@ -193,6 +181,104 @@ int main(int argc, char** argv)
     host_qt_ui::QHostMessageBoxOd::setInterceptor(host_qt_ui::QHostMessageBoxOd::Interceptor());
   }
   hostSetDocManager(nullptr);
+  return status;
+}
+
+/** The drawing editor: the drawing, its selection's palette, undo and files. */
+int runEditor(QApplication& app, const Options& options)
+{
+  DrawingEditorWindow editor;
+  if (options.drawing.isEmpty())
+    editor.openSample();
+  else
+  {
+    QString error;
+    if (!editor.openFile(options.drawing, &error))
+    {
+      std::fprintf(stderr, "propwidgets-demo: %s cannot be opened: %s\n", qPrintable(options.drawing), qPrintable(error));
+      return 1;
+    }
+  }
+  if (options.mixed || options.headless)
+    editor.selectMixed();
+  const bool unattended = options.headless || !options.screenshot.isEmpty();
+  if (unattended)
+  {
+    // Nobody is there to close a message box: it goes to the error stream instead.
+    host_qt_ui::QHostMessageBoxOd::setInterceptor([](host_qt_ui::QHostMessageBoxOd::Kind, const QString& text, int) {
+      std::fprintf(stderr, "propwidgets-demo: %s\n", qPrintable(text));
+      return int(host_qt_ui::QHostMessageBoxOd::Ok);
+    });
+  }
+  int status = 0;
+  if (!options.screenshot.isEmpty())
+  {
+    if (!editor.saveScreenshot(options.screenshot))
+      status = 1;
+    else
+      std::printf("%s\n", qPrintable(QFileInfo(options.screenshot).absoluteFilePath()));
+  }
+  else if (options.headless)
+  {
+    const QString dir = QDir::current().absoluteFilePath(QStringLiteral("screenshots"));
+    QDir().mkpath(dir);
+    std::printf("No display: the drawing editor was rendered offscreen into %s\n", qPrintable(dir));
+    for (int theme : {1, 0})
+      for (int form : {0, 1})
+      {
+        editor.setTheme(theme);
+        editor.setPaletteForm(form);
+        const QString name = QStringLiteral("%1/editor-%2-%3").arg(dir, theme ? QStringLiteral("light") : QStringLiteral("dark"),
+                                                                   form ? QStringLiteral("grid") : QStringLiteral("controls"));
+        for (qreal scale : {1.0, 2.0})
+        {
+          const QString path = name + (scale > 1 ? QStringLiteral("@2x.png") : QStringLiteral(".png"));
+          if (!editor.saveScreenshot(path, scale))
+            status = 1;
+          std::printf("  %s\n", qPrintable(path));
+        }
+      }
+  }
+  else
+  {
+    editor.show();
+    status = app.exec();
+  }
+  host_qt_ui::QHostMessageBoxOd::setInterceptor(host_qt_ui::QHostMessageBoxOd::Interceptor());
+  return status;
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+  Options options;
+  if (!parse(argc, argv, options))
+  {
+    std::fputs(kUsage, stderr);
+    return 2;
+  }
+  const bool noDisplay = qEnvironmentVariableIsEmpty("DISPLAY") && qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
+  options.headless = noDisplay && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM");
+  if (options.headless || !options.screenshot.isEmpty())
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+
+  QApplication app(argc, argv);
+  QApplication::setApplicationDisplayName(QStringLiteral("Properties"));
+  QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+  if (!options.language.isEmpty())
+    installTranslators(app, options.language);
+
+  OdRxModulePtr module = odrxDynamicLinker()->loadModule(OdString(L"PropWidgets"));
+  if (!module)
+  {
+    std::fprintf(stderr, "propwidgets-demo: cannot load the PropWidgets module: %s\n",
+                 qPrintable(toQString(odrxDynamicLinker()->lastError())));
+    return 1;
+  }
+  hostGetQtStyleManager()->setTheme(options.theme);
+
+  const int status = options.catalogue ? runCatalogue(app, options) : runEditor(app, options);
   odrxDynamicLinker()->unloadModule(OdString(L"PropWidgets"));
   return status;
 }

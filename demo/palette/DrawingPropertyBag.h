@@ -1,0 +1,101 @@
+#pragma once
+
+#include "PropBag.h"
+#include <QCoreApplication>
+#include <QMetaObject>
+#include <QVector>
+#include <functional>
+#include <memory>
+#include <vector>
+
+class DrawingDocument;
+class OdDbObjectId;
+struct DrawingEntity;
+class QUndoStack;
+struct DrawingProperty;
+
+/**
+ * The properties of the selected entities of a drawing, as a host's palette
+ * shows them: only those every selected entity has, each value merged across
+ * the selection (varying where the entities disagree, per coordinate for
+ * points). An accepted write changes every selected entity in one undo step.
+ *
+ * Which properties the selection shares is settled once per selection and
+ * after each change of the drawing (reload()). The values themselves are
+ * merged on every read, as a host reads its objects: always current, and
+ * costing one pass over the selection per read.
+ */
+class DrawingPropertyBag : public PropBag
+{
+  Q_DECLARE_TR_FUNCTIONS(DrawingPropertyBag)
+
+public:
+  /** The undo stack may be null: edits are then written without an undo step. */
+  DrawingPropertyBag(DrawingDocument* document, QUndoStack* undoStack);
+  ~DrawingPropertyBag() override;
+
+  /** Takes a new selection and merges its values; handles the document does not know are dropped. */
+  void setSelection(const QVector<quint64>& handles);
+  const QVector<quint64>& selection() const { return m_selection; }
+  /**
+   * Merges the values again. True when the items stayed the same (a palette
+   * only re-reads them), false when a palette must be built anew. The bag
+   * calls it itself whenever the document reports a change.
+   */
+  bool reload();
+  /** Called after each reload that a change of the document caused, with reload()'s answer. */
+  void setChangeListener(std::function<void(bool sameItems)> listener) { m_listener = std::move(listener); }
+
+  int getItemCount() override;
+  int findItem(const OdString& name) override;
+  PropItemType* getItemType(int index) override;
+  bool isEditable(int index, unsigned long element) override;
+  bool getName(int index, OdString& name) override;
+  bool getCategory(int index, OdString& category) override;
+  bool getDescription(int index, OdString& description) override;
+  unsigned int getFlags(int index) override;
+  OdGUID getControlGuid(int index) override;
+  bool validate(int index, unsigned long element, const PropVariant& value, OdString& message) override;
+  bool formatValue(int index, unsigned long element, const PropVariant& value, OdString& text) override;
+  bool parseValue(int index, unsigned long element, const OdString& text, PropVariant& value) override;
+  bool getValue(int index, PropVariant& value) override;
+  bool setValue(int index, const PropVariant& value) override;
+  unsigned int getElements(int index, PropKeyArray& elements, OdStringArray& captions) override;
+  bool getElementValue(int index, unsigned long element, PropVariant& value) override;
+  bool setElementValue(int index, unsigned long element, const PropVariant& value) override;
+  int getGroupCount(int index) override;
+  /** A drawing context over the document's database; ByLayer resolves through the selection's common layer. */
+  PropBagCtx* getContext() override;
+
+private:
+  struct Item;
+  class ItemType;
+  class Context;
+
+  Item* find(int index) const;
+  void merge();
+  /** False when a selected entity is gone: nothing is read or written then. */
+  bool resolveEntities() const;
+  PropVariant mergedValue(const Item& item) const;
+  PropVariant mergedElement(const Item& item, int element) const;
+  /** The layer every selected entity is on; null when they differ. */
+  OdDbObjectId commonLayer() const;
+  QString checkValue(const Item& item, unsigned long element, const PropVariant& value) const;
+  /** Writes one change to every selected entity as one undo step. */
+  bool write(const Item& item, long element, const PropVariant& value);
+
+  DrawingDocument* m_document;
+  QUndoStack* m_undoStack;
+  QVector<quint64> m_selection;
+  /** Every property the palette knows; built per bag, so its texts follow the language of the moment. */
+  std::vector<DrawingProperty> m_properties;
+  std::vector<std::unique_ptr<Item> > m_items;
+  /** The selected entities, in the order of the selection, while it lasts. */
+  mutable std::vector<const DrawingEntity*> m_entities;
+  mutable const DrawingEntity* m_entitiesBase = nullptr;
+  mutable std::size_t m_entitiesSize = 0;
+  std::unique_ptr<Context> m_context;
+  std::function<void(bool)> m_listener;
+  QMetaObject::Connection m_changed;
+  QMetaObject::Connection m_reset;
+};
