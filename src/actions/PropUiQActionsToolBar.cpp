@@ -14,7 +14,7 @@ bool PropUiQActionsToolBar::setupUi()
   PropUiQControl::setupUi();
   if (m_toolBar)
     return true;
-  auto* layout = new QHBoxLayout(this);
+  auto* layout = adoptLayout(new QHBoxLayout);
   layout->setContentsMargins(0, 0, 0, 0);
   m_toolBar = new QToolBar(this);
   m_toolBar->setObjectName(QStringLiteral("toolBar"));

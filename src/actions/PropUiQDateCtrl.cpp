@@ -19,7 +19,7 @@ bool PropUiQDateCtrl::setupUi()
   PropUiQControl::setupUi();
   if (!m_bag)
     return false;
-  auto* layout = new QHBoxLayout(this);
+  auto* layout = adoptLayout(new QHBoxLayout);
   layout->setContentsMargins(0, 0, 0, 0);
   layout->setSpacing(0);
   m_dateEdit = new PropQDateEdit(this);

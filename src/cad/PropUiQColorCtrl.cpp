@@ -17,7 +17,7 @@ PropUiQColorCtrl::PropUiQColorCtrl(QWidget* parent) : PropUiQComboBox(parent)
 bool PropUiQColorCtrl::setupUi()
 {
   PropUiQControl::setupUi();
-  auto* layout = new QHBoxLayout(this);
+  auto* layout = adoptLayout(new QHBoxLayout);
   layout->setContentsMargins(0, 0, 0, 0);
   layout->setSpacing(0);
   auto* combo = new host_qt_ui::QHostUiColorComboBox(this, host_qt_ui::AppendOther);

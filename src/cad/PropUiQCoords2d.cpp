@@ -20,7 +20,7 @@ bool PropUiQCoords2d::setupUi()
   if (!m_bag)
     return false;
   QFormLayout* form = PropUiCompositeForm::makeForm();
-  setLayout(form);
+  adoptLayout(form);
   QString name = PropUiCompositeForm::itemName(m_bag, m_index);
   m_groupSpinBox = PropUiCompositeForm::addGroupRow(form, this, m_bag, m_index, name);
   if (m_groupSpinBox)

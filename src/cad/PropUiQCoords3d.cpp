@@ -23,7 +23,7 @@ bool PropUiQCoords3d::setupUi()
   m_axes.clear();
   if (!m_bag)
     return false;
-  auto* outer = new QHBoxLayout(this);
+  auto* outer = adoptLayout(new QHBoxLayout);
   outer->setContentsMargins(0, 0, 0, 0);
   QFormLayout* form = PropUiCompositeForm::makeForm();
   outer->addLayout(form);

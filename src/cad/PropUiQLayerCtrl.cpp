@@ -115,7 +115,7 @@ bool PropUiQLayerCtrl::setupUi()
   PropUiQControl::setupUi();
   if (!m_bag)
     return false;
-  auto* layout = new QHBoxLayout(this);
+  auto* layout = adoptLayout(new QHBoxLayout);
   layout->setContentsMargins(0, 0, 0, 0);
   layout->setSpacing(0);
   m_combo = new host_qt_ui_core::QHostComboBox(this);

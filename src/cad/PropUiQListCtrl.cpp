@@ -44,7 +44,7 @@ bool PropUiQListCtrl::setupUi()
   PropUiQControl::setupUi();
   if (!m_bag)
     return false;
-  auto* layout = new QVBoxLayout(this);
+  auto* layout = adoptLayout(new QVBoxLayout);
   layout->setContentsMargins(0, 0, 0, 0);
   auto* view = new QListView(this);
   view->setObjectName(QStringLiteral("list"));

@@ -132,7 +132,7 @@ bool PropUiQMultiTextComboCtrl::setupUi()
   m_chosen.clear();
   if (!m_bag)
     return false;
-  auto* layout = new QHBoxLayout(this);
+  auto* layout = adoptLayout(new QHBoxLayout);
   layout->setContentsMargins(0, 0, 0, 0);
   auto* combo = new CheckListCombo(this);
   combo->setObjectName(QStringLiteral("combo"));

@@ -19,7 +19,7 @@ bool PropUiQScale2d::setupUi()
   PropUiQControl::setupUi();
   if (!m_bag)
     return false;
-  auto* outer = new QHBoxLayout(this);
+  auto* outer = adoptLayout(new QHBoxLayout);
   outer->setContentsMargins(0, 0, 0, 0);
   QFormLayout* form = PropUiCompositeForm::makeForm();
   outer->addLayout(form);

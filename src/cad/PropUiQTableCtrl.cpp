@@ -34,7 +34,7 @@ bool PropUiQTableCtrl::setupUi()
   PropUiQControl::setupUi();
   if (!m_bag)
     return false;
-  auto* layout = new QVBoxLayout(this);
+  auto* layout = adoptLayout(new QVBoxLayout);
   layout->setContentsMargins(0, 0, 0, 0);
   auto* view = new QTableView(this);
   view->setObjectName(QStringLiteral("table"));

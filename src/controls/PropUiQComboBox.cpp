@@ -50,7 +50,7 @@ bool PropUiQComboBox::setupUi()
   PropUiQControl::setupUi();
   if (!m_bag)
     return false;
-  auto* layout = new QHBoxLayout(this);
+  auto* layout = adoptLayout(new QHBoxLayout);
   layout->setContentsMargins(0, 0, 0, 0);
   layout->setSpacing(0);
   m_combo = new host_qt_ui_core::QHostComboBox(this);

@@ -27,7 +27,7 @@ bool PropUiQLineEdit::setupWithEdit(const std::function<QLineEdit*(QWidget*)>& m
   PropUiQControl::setupUi();
   if (!m_bag)
     return false;
-  auto* layout = new QHBoxLayout(this);
+  auto* layout = adoptLayout(new QHBoxLayout);
   layout->setContentsMargins(0, 0, 0, 0);
   layout->setSpacing(0);
   QLineEdit* edit = makeEdit(this);

@@ -43,7 +43,7 @@ bool PropUiQMLineEditBase::setupUi()
   if (!m_bag)
     return false;
 
-  auto* outer = new QHBoxLayout(this);
+  auto* outer = adoptLayout(new QHBoxLayout);
   outer->setContentsMargins(0, 0, 0, 0);
   outer->setSpacing(0);
   auto* form = new QFormLayout;
