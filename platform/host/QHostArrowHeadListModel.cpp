@@ -130,7 +130,7 @@ QIcon QHostArrowHeadListModel::arrowPicture(const QString& blockName)
   const Standard* standard = standardOf(blockName);
   const QString kind = standard ? QLatin1String(standard->block) : QStringLiteral("user");
   const QColor ink = hostQtPictureInk();
-  return hostQtPicture(pictureSize(), [kind, ink](QPainter& p, const QRectF& area) {
+  return hostQtKeptPicture("arrow" + kind.toLatin1(), pictureSize(), ink, [kind, ink](QPainter& p, const QRectF& area) {
     // The arrow points left at the tip; the dimension line runs off to the right.
     const double h = area.height();
     const double cy = area.center().y();
