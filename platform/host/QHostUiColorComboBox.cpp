@@ -40,8 +40,12 @@ QHostUiColorComboBox::QHostUiColorComboBox(QWidget* parent, OtherAddingMode mode
 
 void QHostUiColorComboBox::setColorOptions(ColorOptions options)
 {
+  const ColorOptions listed = ColorByLayer | ColorByBlock;
+  const bool sameEntries = (options & listed) == (m_options & listed);
   m_options = options;
-  rebuild();
+  // The other options change how a pick arrives, not what is listed.
+  if (!sameEntries)
+    rebuild();
 }
 
 void QHostUiColorComboBox::setDatabase(OdDbDatabase* database)
@@ -136,9 +140,14 @@ void QHostUiColorComboBox::setColorByLayer(const OdCmColor& layerColor, bool res
 {
   m_byLayerShows = layerColor;
   m_byLayerResolved = resolved;
-  const int byLayer = findColor(OdCmColor(OdCmEntityColor::kByLayer));
-  if (byLayer >= 0)
-    setItemIcon(byLayer, hostQtGetColorIcon(resolved ? layerColor : OdCmColor(), kSwatch, kSwatch));
+  // Offered, ByLayer is the first entry; otherwise it is listed only when it was added as a colour.
+  const int byLayer = (m_options & ColorByLayer) ? 0 : findColor(OdCmColor(OdCmEntityColor::kByLayer));
+  if (byLayer < 0)
+    return;
+  // Every refresh of the control lands here, and nearly always finds the picture already shown.
+  const QIcon picture = hostQtGetColorIcon(resolved ? layerColor : OdCmColor(), kSwatch, kSwatch);
+  if (itemIcon(byLayer).cacheKey() != picture.cacheKey())
+    setItemIcon(byLayer, picture);
 }
 
 void QHostUiColorComboBox::onOwnActivated(int index)

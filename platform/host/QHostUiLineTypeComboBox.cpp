@@ -75,8 +75,12 @@ void QHostUiLineTypeComboBox::setLinetypeByLayer(const OdDbObjectId& id, bool re
   if (!m_database)
     return;
   const int row = findData(keyOf(m_database->getLinetypeByLayerId()), Qt::UserRole);
-  if (row >= 0)
-    setItemIcon(row, QHostLineTypeListModel::linetypePicture(resolved ? m_database->openLinetype(id) : nullptr));
+  if (row < 0)
+    return;
+  // Every refresh of the control lands here, and nearly always finds the picture already shown.
+  const QIcon picture = QHostLineTypeListModel::linetypePicture(resolved ? m_database->openLinetype(id) : nullptr);
+  if (itemIcon(row).cacheKey() != picture.cacheKey())
+    setItemIcon(row, picture);
 }
 
 int QHostUiLineTypeComboBox::setSelectedLineType(const OdDbObjectId& id)

@@ -1,5 +1,7 @@
 #include "QHostUiLineWeightComboBox.h"
 
+#include "OdDbDatabase.h"
+
 namespace host_qt_ui
 {
 
@@ -19,7 +21,8 @@ void QHostUiLineWeightComboBox::setLineWeightOption(LineWeightOptions options)
 void QHostUiLineWeightComboBox::setDatabase(OdDbDatabase* database)
 {
   m_list->setDatabase(database);
-  rebuild();
+  // Only Default stands for something the drawing decides; the other entries stay as they are.
+  setLineweightByDefault(database ? database->getLWDEFAULT() : OdDb::kLnWt025);
 }
 
 void QHostUiLineWeightComboBox::rebuild()
@@ -37,17 +40,25 @@ void QHostUiLineWeightComboBox::setLineweightByLayer(OdDb::LineWeight weight, bo
 {
   const int row = findData(int(OdDb::kLnWtByLayer), Qt::UserRole);
   if (row >= 0)
-    setItemIcon(row, QHostLineWeightListModel::weightPicture(resolved ? weight : OdDb::kLnWtByLayer));
+    showPicture(row, QHostLineWeightListModel::weightPicture(resolved ? weight : OdDb::kLnWtByLayer));
 }
 
 void QHostUiLineWeightComboBox::setLineweightByDefault(OdDb::LineWeight weight)
 {
   const int row = findData(int(OdDb::kLnWtByLwDefault), Qt::UserRole);
-  if (row >= 0)
-  {
-    setItemIcon(row, QHostLineWeightListModel::weightPicture(weight));
-    setItemData(row, QHostLineWeightListModel::weightText(weight), Qt::ToolTipRole);
-  }
+  if (row < 0)
+    return;
+  showPicture(row, QHostLineWeightListModel::weightPicture(weight));
+  const QString toolTip = QHostLineWeightListModel::weightText(weight);
+  if (itemData(row, Qt::ToolTipRole).toString() != toolTip)
+    setItemData(row, toolTip, Qt::ToolTipRole);
+}
+
+void QHostUiLineWeightComboBox::showPicture(int row, const QIcon& picture)
+{
+  // Every refresh of the control lands here, and nearly always finds the picture already shown.
+  if (itemIcon(row).cacheKey() != picture.cacheKey())
+    setItemIcon(row, picture);
 }
 
 int QHostUiLineWeightComboBox::setSelectedWeight(OdDb::LineWeight weight)
