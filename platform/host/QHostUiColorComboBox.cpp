@@ -28,7 +28,10 @@ QVariant chooserKey()
 
 QHostUiColorComboBox::QHostUiColorComboBox(QWidget* parent, OtherAddingMode mode) : QHostComboBox(parent), m_mode(mode)
 {
-  setIconSize(QSize(kSwatch, kSwatch));
+  // Setting an icon size builds the popup's view at once, a good part of a picker's cost; the
+  // style's small icon size is usually the swatch's already.
+  if (iconSize() != QSize(kSwatch, kSwatch))
+    setIconSize(QSize(kSwatch, kSwatch));
   // Connected first, so the chooser has run before anyone else hears of the activation.
   connect(this, QOverload<int>::of(&QComboBox::activated), this, &QHostUiColorComboBox::onOwnActivated);
   connect(this, QOverload<int>::of(&QComboBox::currentIndexChanged), this, [this](int index) {
@@ -82,7 +85,15 @@ void QHostUiColorComboBox::rebuild()
 
 int QHostUiColorComboBox::findColor(const OdCmColor& color) const
 {
-  return findData(keyOf(color), Qt::UserRole);
+  // Asked on every refresh; a model match would compare keys as variants of any type.
+  const qulonglong key = color.color();
+  for (int row = 0; row < count(); ++row)
+  {
+    const QVariant entry = itemData(row, Qt::UserRole);
+    if (entry.userType() == QMetaType::ULongLong && entry.toULongLong() == key)
+      return row;
+  }
+  return -1;
 }
 
 int QHostUiColorComboBox::insertColor(const OdCmColor& color)
