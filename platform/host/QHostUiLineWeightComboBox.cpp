@@ -33,19 +33,20 @@ void QHostUiLineWeightComboBox::rebuild()
   clear();
   m_list->init(int(m_options));
   m_list->appendTo(this);
-  setCurrentIndex(hadCurrent ? findData(int(current), Qt::UserRole) : -1);
+  setCurrentIndex(hadCurrent ? m_list->findRow(current) : -1);
 }
 
 void QHostUiLineWeightComboBox::setLineweightByLayer(OdDb::LineWeight weight, bool resolved)
 {
-  const int row = findData(int(OdDb::kLnWtByLayer), Qt::UserRole);
+  // The entries are the list's rows, in its order: its rows are found without asking the combo's model.
+  const int row = m_list->findRow(OdDb::kLnWtByLayer);
   if (row >= 0)
     showPicture(row, QHostLineWeightListModel::weightPicture(resolved ? weight : OdDb::kLnWtByLayer));
 }
 
 void QHostUiLineWeightComboBox::setLineweightByDefault(OdDb::LineWeight weight)
 {
-  const int row = findData(int(OdDb::kLnWtByLwDefault), Qt::UserRole);
+  const int row = m_list->findRow(OdDb::kLnWtByLwDefault);
   if (row < 0)
     return;
   showPicture(row, QHostLineWeightListModel::weightPicture(weight));
@@ -63,7 +64,7 @@ void QHostUiLineWeightComboBox::showPicture(int row, const QIcon& picture)
 
 int QHostUiLineWeightComboBox::setSelectedWeight(OdDb::LineWeight weight)
 {
-  const int index = findData(int(weight), Qt::UserRole);
+  const int index = m_list->findRow(weight);
   setCurrentIndex(index);
   return index;
 }
