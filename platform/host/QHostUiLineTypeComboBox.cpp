@@ -41,8 +41,12 @@ QHostUiLineTypeComboBox::QHostUiLineTypeComboBox(QWidget* parent)
 
 void QHostUiLineTypeComboBox::setLineTypeOption(LineTypeOptions options)
 {
+  // A control hands on all its options; only these decide the entries.
+  const LineTypeOptions listed = LineTypeByLayer | LineTypeByBlock | LineTypeOther;
+  const bool sameEntries = (options & listed) == (m_options & listed);
   m_options = options;
-  rebuild();
+  if (!sameEntries)
+    rebuild();
 }
 
 void QHostUiLineTypeComboBox::setDatabase(OdDbDatabase* database)

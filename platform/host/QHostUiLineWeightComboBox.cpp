@@ -14,8 +14,12 @@ QHostUiLineWeightComboBox::QHostUiLineWeightComboBox(QWidget* parent)
 
 void QHostUiLineWeightComboBox::setLineWeightOption(LineWeightOptions options)
 {
+  // A control hands on all its options; only these decide the entries.
+  const LineWeightOptions listed = LineWeightByLayer | LineWeightByBlock | LineWeightDefault;
+  const bool sameEntries = (options & listed) == (m_options & listed);
   m_options = options;
-  rebuild();
+  if (!sameEntries)
+    rebuild();
 }
 
 void QHostUiLineWeightComboBox::setDatabase(OdDbDatabase* database)
