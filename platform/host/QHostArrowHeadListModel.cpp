@@ -74,21 +74,32 @@ void QHostArrowHeadListModel::init(int options)
   entries.append(entryOf(OdDbObjectId::kNull));
   if (m_database)
   {
-    for (const Standard& s : kStandard)
+    // One walk over the drawing's blocks: looking each standard name up searched them all every time.
+    const int standardCount = int(sizeof kStandard / sizeof kStandard[0]);
+    QVector<OdDbObjectId> standard(standardCount);
+    QVector<OdDbObjectId> own;
+    for (const OdDbObjectId& id : m_database->getBlockIds())
     {
-      const OdDbObjectId id = *s.block ? m_database->getBlockId(OdString(s.block)) : OdDbObjectId::kNull;
+      const OdDbBlockTableRecord* block = m_database->openBlock(id);
+      if (!block)
+        continue;
+      const QString name = toQString(block->getName());
+      if (const Standard* s = standardOf(name))
+      {
+        // The first block of a name is the one the drawing means by it.
+        OdDbObjectId& slot = standard[int(s - kStandard)];
+        if (*s->block && slot.isNull())
+          slot = id;
+      }
+      // Anonymous and layout blocks are nothing a user draws as an arrow.
+      else if ((options & ArrowDrawingBlocks) && !block->isLayout() && !name.startsWith(QLatin1Char('*')))
+        own.append(id);
+    }
+    for (const OdDbObjectId& id : standard)
       if (!id.isNull())
         entries.append(entryOf(id));
-    }
-    if (options & ArrowDrawingBlocks)
-      for (const OdDbObjectId& id : m_database->getBlockIds())
-      {
-        const OdDbBlockTableRecord* block = m_database->openBlock(id);
-        const QString name = block ? toQString(block->getName()) : QString();
-        // Anonymous and layout blocks are nothing a user draws as an arrow.
-        if (block && !block->isLayout() && !name.startsWith(QLatin1Char('*')) && !standardOf(name))
-          entries.append(entryOf(id));
-      }
+    for (const OdDbObjectId& id : own)
+      entries.append(entryOf(id));
   }
   setEntries(entries);
 }
@@ -130,7 +141,7 @@ QIcon QHostArrowHeadListModel::arrowPicture(const QString& blockName)
   const Standard* standard = standardOf(blockName);
   const QString kind = standard ? QLatin1String(standard->block) : QStringLiteral("user");
   const QColor ink = hostQtPictureInk();
-  return hostQtPicture(pictureSize(), [kind, ink](QPainter& p, const QRectF& area) {
+  return hostQtKeptPicture("arrow" + kind.toLatin1(), pictureSize(), ink, [kind, ink](QPainter& p, const QRectF& area) {
     // The arrow points left at the tip; the dimension line runs off to the right.
     const double h = area.height();
     const double cy = area.center().y();

@@ -69,7 +69,10 @@ QIcon QHostLineTypeListModel::linetypePicture(const OdDbLinetypeTableRecord* lin
       dashes.append(linetype->dashLengthAt(i));
     pattern = linetype->patternLength();
   }
-  return hostQtPicture(pictureSize(), [=](QPainter& p, const QRectF& area) {
+  QByteArray key("linetype");
+  key.append(reinterpret_cast<const char*>(&pattern), sizeof pattern)
+    .append(reinterpret_cast<const char*>(dashes.constData()), int(dashes.size() * sizeof(double)));
+  return hostQtKeptPicture(key, pictureSize(), ink, [=](QPainter& p, const QRectF& area) {
     const double y = std::floor(area.center().y()) + 0.5;
     const double left = area.left() + 2;
     const double right = area.right() - 2;

@@ -68,10 +68,14 @@ QString QHostLineWeightListModel::weightText(OdDb::LineWeight weight)
 
 QIcon QHostLineWeightListModel::weightPicture(OdDb::LineWeight weight)
 {
+  // The entries that defer to something else are drawn empty, whatever the ink.
+  const QColor ink = weight < 0 ? QColor(Qt::transparent) : hostQtPictureInk();
+  QByteArray key("lineweight");
+  const qint32 width = weight < 0 ? -1 : qint32(weight);
+  key.append(reinterpret_cast<const char*>(&width), sizeof width);
   if (weight < 0)
-    return hostQtPicture(pictureSize(), [](QPainter&, const QRectF&) {});
-  const QColor ink = hostQtPictureInk();
-  return hostQtPicture(pictureSize(), [weight, ink](QPainter& p, const QRectF& area) {
+    return hostQtKeptPicture(key, pictureSize(), ink, [](QPainter&, const QRectF&) {});
+  return hostQtKeptPicture(key, pictureSize(), ink, [weight, ink](QPainter& p, const QRectF& area) {
     // The widest standard weight, 2.11 mm, gets half the picture's height.
     const double height = std::max(1.0, weight / 211.0 * area.height() / 2.0);
     const QRectF line(area.left() + 2, area.center().y() - height / 2, area.width() - 4, height);

@@ -33,8 +33,12 @@ QHostUiArrowHeadComboBox::QHostUiArrowHeadComboBox(QWidget* parent)
 
 void QHostUiArrowHeadComboBox::setArrowOptions(ArrowOptions options)
 {
+  // A control hands on all its options; only these decide the entries.
+  const ArrowOptions listed = ArrowUserArrow | ArrowDrawingBlocks;
+  const bool sameEntries = (options & listed) == (m_options & listed);
   m_options = options;
-  rebuild();
+  if (!sameEntries)
+    rebuild();
 }
 
 void QHostUiArrowHeadComboBox::setCurrentDatabase(OdDbDatabase* database)

@@ -28,7 +28,10 @@ QVariant chooserKey()
 
 QHostUiColorComboBox::QHostUiColorComboBox(QWidget* parent, OtherAddingMode mode) : QHostComboBox(parent), m_mode(mode)
 {
-  setIconSize(QSize(kSwatch, kSwatch));
+  // Setting an icon size builds the popup's view at once, a good part of a picker's cost; the
+  // style's small icon size is usually the swatch's already.
+  if (iconSize() != QSize(kSwatch, kSwatch))
+    setIconSize(QSize(kSwatch, kSwatch));
   // Connected first, so the chooser has run before anyone else hears of the activation.
   connect(this, QOverload<int>::of(&QComboBox::activated), this, &QHostUiColorComboBox::onOwnActivated);
   connect(this, QOverload<int>::of(&QComboBox::currentIndexChanged), this, [this](int index) {
@@ -40,8 +43,12 @@ QHostUiColorComboBox::QHostUiColorComboBox(QWidget* parent, OtherAddingMode mode
 
 void QHostUiColorComboBox::setColorOptions(ColorOptions options)
 {
+  const ColorOptions listed = ColorByLayer | ColorByBlock;
+  const bool sameEntries = (options & listed) == (m_options & listed);
   m_options = options;
-  rebuild();
+  // The other options change how a pick arrives, not what is listed.
+  if (!sameEntries)
+    rebuild();
 }
 
 void QHostUiColorComboBox::setDatabase(OdDbDatabase* database)
@@ -78,7 +85,15 @@ void QHostUiColorComboBox::rebuild()
 
 int QHostUiColorComboBox::findColor(const OdCmColor& color) const
 {
-  return findData(keyOf(color), Qt::UserRole);
+  // Asked on every refresh; a model match would compare keys as variants of any type.
+  const qulonglong key = color.color();
+  for (int row = 0; row < count(); ++row)
+  {
+    const QVariant entry = itemData(row, Qt::UserRole);
+    if (entry.userType() == QMetaType::ULongLong && entry.toULongLong() == key)
+      return row;
+  }
+  return -1;
 }
 
 int QHostUiColorComboBox::insertColor(const OdCmColor& color)
@@ -136,9 +151,14 @@ void QHostUiColorComboBox::setColorByLayer(const OdCmColor& layerColor, bool res
 {
   m_byLayerShows = layerColor;
   m_byLayerResolved = resolved;
-  const int byLayer = findColor(OdCmColor(OdCmEntityColor::kByLayer));
-  if (byLayer >= 0)
-    setItemIcon(byLayer, hostQtGetColorIcon(resolved ? layerColor : OdCmColor(), kSwatch, kSwatch));
+  // Offered, ByLayer is the first entry; otherwise it is listed only when it was added as a colour.
+  const int byLayer = (m_options & ColorByLayer) ? 0 : findColor(OdCmColor(OdCmEntityColor::kByLayer));
+  if (byLayer < 0)
+    return;
+  // Every refresh of the control lands here, and nearly always finds the picture already shown.
+  const QIcon picture = hostQtGetColorIcon(resolved ? layerColor : OdCmColor(), kSwatch, kSwatch);
+  if (itemIcon(byLayer).cacheKey() != picture.cacheKey())
+    setItemIcon(byLayer, picture);
 }
 
 void QHostUiColorComboBox::onOwnActivated(int index)

@@ -41,8 +41,12 @@ QHostUiLineTypeComboBox::QHostUiLineTypeComboBox(QWidget* parent)
 
 void QHostUiLineTypeComboBox::setLineTypeOption(LineTypeOptions options)
 {
+  // A control hands on all its options; only these decide the entries.
+  const LineTypeOptions listed = LineTypeByLayer | LineTypeByBlock | LineTypeOther;
+  const bool sameEntries = (options & listed) == (m_options & listed);
   m_options = options;
-  rebuild();
+  if (!sameEntries)
+    rebuild();
 }
 
 void QHostUiLineTypeComboBox::setDatabase(OdDbDatabase* database)
@@ -66,22 +70,39 @@ void QHostUiLineTypeComboBox::rebuild()
   m_list->appendTo(this);
   if (m_options & LineTypeOther)
     addItem(QCoreApplication::translate("host_qt_ui", "Other..."), chooserKey());
-  setCurrentIndex(current.isNull() ? -1 : findData(keyOf(current), Qt::UserRole));
+  setCurrentIndex(current.isNull() ? -1 : findLinetype(current));
   m_previous = currentIndex();
+}
+
+int QHostUiLineTypeComboBox::findLinetype(const OdDbObjectId& id) const
+{
+  // Asked twice on every refresh; a model match would compare keys as variants of any type.
+  const qulonglong handle = id.getHandle();
+  for (int row = 0; row < count(); ++row)
+  {
+    const QVariant entry = itemData(row, Qt::UserRole);
+    if (entry.userType() == QMetaType::ULongLong && entry.toULongLong() == handle)
+      return row;
+  }
+  return -1;
 }
 
 void QHostUiLineTypeComboBox::setLinetypeByLayer(const OdDbObjectId& id, bool resolved)
 {
   if (!m_database)
     return;
-  const int row = findData(keyOf(m_database->getLinetypeByLayerId()), Qt::UserRole);
-  if (row >= 0)
-    setItemIcon(row, QHostLineTypeListModel::linetypePicture(resolved ? m_database->openLinetype(id) : nullptr));
+  const int row = findLinetype(m_database->getLinetypeByLayerId());
+  if (row < 0)
+    return;
+  // Every refresh of the control lands here, and nearly always finds the picture already shown.
+  const QIcon picture = QHostLineTypeListModel::linetypePicture(resolved ? m_database->openLinetype(id) : nullptr);
+  if (itemIcon(row).cacheKey() != picture.cacheKey())
+    setItemIcon(row, picture);
 }
 
 int QHostUiLineTypeComboBox::setSelectedLineType(const OdDbObjectId& id)
 {
-  int index = id.isNull() ? -1 : findData(keyOf(id), Qt::UserRole);
+  int index = id.isNull() ? -1 : findLinetype(id);
   if (index < 0 && m_database && m_database->openLinetype(id))
   {
     // A linetype the list leaves out (ByBlock without its option): shown all the same.

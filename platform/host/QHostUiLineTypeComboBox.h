@@ -40,6 +40,7 @@ public:
 
 private:
   void rebuild();
+  int findLinetype(const OdDbObjectId& id) const;
   void onOwnActivated(int index);
 
   LineTypeOptions m_options = LineTypeOptions(LineTypeByLayer | LineTypeByBlock);

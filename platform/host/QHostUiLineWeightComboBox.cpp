@@ -1,5 +1,7 @@
 #include "QHostUiLineWeightComboBox.h"
 
+#include "OdDbDatabase.h"
+
 namespace host_qt_ui
 {
 
@@ -12,14 +14,19 @@ QHostUiLineWeightComboBox::QHostUiLineWeightComboBox(QWidget* parent)
 
 void QHostUiLineWeightComboBox::setLineWeightOption(LineWeightOptions options)
 {
+  // A control hands on all its options; only these decide the entries.
+  const LineWeightOptions listed = LineWeightByLayer | LineWeightByBlock | LineWeightDefault;
+  const bool sameEntries = (options & listed) == (m_options & listed);
   m_options = options;
-  rebuild();
+  if (!sameEntries)
+    rebuild();
 }
 
 void QHostUiLineWeightComboBox::setDatabase(OdDbDatabase* database)
 {
   m_list->setDatabase(database);
-  rebuild();
+  // Only Default stands for something the drawing decides; the other entries stay as they are.
+  setLineweightByDefault(database ? database->getLWDEFAULT() : OdDb::kLnWt025);
 }
 
 void QHostUiLineWeightComboBox::rebuild()
@@ -30,29 +37,38 @@ void QHostUiLineWeightComboBox::rebuild()
   clear();
   m_list->init(int(m_options));
   m_list->appendTo(this);
-  setCurrentIndex(hadCurrent ? findData(int(current), Qt::UserRole) : -1);
+  setCurrentIndex(hadCurrent ? m_list->findRow(current) : -1);
 }
 
 void QHostUiLineWeightComboBox::setLineweightByLayer(OdDb::LineWeight weight, bool resolved)
 {
-  const int row = findData(int(OdDb::kLnWtByLayer), Qt::UserRole);
+  // The entries are the list's rows, in its order: its rows are found without asking the combo's model.
+  const int row = m_list->findRow(OdDb::kLnWtByLayer);
   if (row >= 0)
-    setItemIcon(row, QHostLineWeightListModel::weightPicture(resolved ? weight : OdDb::kLnWtByLayer));
+    showPicture(row, QHostLineWeightListModel::weightPicture(resolved ? weight : OdDb::kLnWtByLayer));
 }
 
 void QHostUiLineWeightComboBox::setLineweightByDefault(OdDb::LineWeight weight)
 {
-  const int row = findData(int(OdDb::kLnWtByLwDefault), Qt::UserRole);
-  if (row >= 0)
-  {
-    setItemIcon(row, QHostLineWeightListModel::weightPicture(weight));
-    setItemData(row, QHostLineWeightListModel::weightText(weight), Qt::ToolTipRole);
-  }
+  const int row = m_list->findRow(OdDb::kLnWtByLwDefault);
+  if (row < 0)
+    return;
+  showPicture(row, QHostLineWeightListModel::weightPicture(weight));
+  const QString toolTip = QHostLineWeightListModel::weightText(weight);
+  if (itemData(row, Qt::ToolTipRole).toString() != toolTip)
+    setItemData(row, toolTip, Qt::ToolTipRole);
+}
+
+void QHostUiLineWeightComboBox::showPicture(int row, const QIcon& picture)
+{
+  // Every refresh of the control lands here, and nearly always finds the picture already shown.
+  if (itemIcon(row).cacheKey() != picture.cacheKey())
+    setItemIcon(row, picture);
 }
 
 int QHostUiLineWeightComboBox::setSelectedWeight(OdDb::LineWeight weight)
 {
-  const int index = findData(int(weight), Qt::UserRole);
+  const int index = m_list->findRow(weight);
   setCurrentIndex(index);
   return index;
 }

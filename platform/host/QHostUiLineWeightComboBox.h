@@ -38,6 +38,7 @@ public:
 
 private:
   void rebuild();
+  void showPicture(int row, const QIcon& picture);
 
   LineWeightOptions m_options = LineWeightOptions(LineWeightByLayer | LineWeightByBlock | LineWeightDefault);
   QPointer<QHostLineWeightListModel> m_list;

@@ -80,7 +80,11 @@ QIcon hostQtGetColorIcon(const OdCmColor& color, int w, int h)
     return QIcon();
   const QColor fill = hostQtColor(color);
   const QColor ink = hostQtPictureInk();
-  return hostQtPicture(QSize(w, h), [&](QPainter& p, const QRectF& area) {
+  // ByLayer and ByBlock share one look, so the colour on screen is all that tells swatches apart.
+  QByteArray key("swatch");
+  const QRgb rgba = fill.isValid() ? fill.rgba() : 0;
+  key.append(reinterpret_cast<const char*>(&rgba), sizeof rgba).append(char(fill.isValid()));
+  return hostQtKeptPicture(key, QSize(w, h), ink, [&](QPainter& p, const QRectF& area) {
     const QRectF swatch = area.adjusted(1.5, 1.5, -1.5, -1.5);
     if (fill.isValid())
     {

@@ -13,5 +13,15 @@
  */
 HOST_EXPORT QIcon hostQtPicture(const QSize& size, const std::function<void(QPainter&, const QRectF&)>& draw);
 
+/**
+ * The picture hostQtPicture would paint, painted only the first time this
+ * key, size and ink are asked for. The key names everything else the
+ * drawing depends on; both device pixel ratios are in every picture, so the
+ * ratio is no part of it. Few pictures are kept: the oldest go when many
+ * true colours or dash patterns come and go.
+ */
+HOST_EXPORT QIcon hostQtKeptPicture(const QByteArray& key, const QSize& size, const QColor& ink,
+                                    const std::function<void(QPainter&, const QRectF&)>& draw);
+
 /** The colour line pictures are drawn with: the theme's text colour, readable on the theme's base. */
 HOST_EXPORT QColor hostQtPictureInk();

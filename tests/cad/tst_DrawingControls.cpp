@@ -519,6 +519,71 @@ private slots:
     QCOMPARE(arrows.addBlock(f.walls), -1); // a layer is no block
   }
 
+  void byLayerPicturesFollowWhatTheyStandForAndTheTheme_data()
+  {
+    QTest::addColumn<Kind>("kind");
+    QTest::newRow("colour") << Colour;
+    QTest::newRow("lineweight") << Lineweight;
+    QTest::newRow("linetype") << Linetype;
+  }
+
+  // Pictures are painted once per look and a refresh that finds its picture shown leaves it:
+  // the look must still follow both the value ByLayer stands for and the theme.
+  void byLayerPicturesFollowWhatTheyStandForAndTheTheme()
+  {
+    QFETCH(Kind, kind);
+    Fixture f;
+    host_qt_ui::QHostUiColorComboBox colours;
+    host_qt_ui::QHostUiLineWeightComboBox weights;
+    host_qt_ui::QHostUiLineTypeComboBox linetypes;
+    linetypes.setDatabase(&f.db);
+    QComboBox* const combo =
+      kind == Colour ? static_cast<QComboBox*>(&colours) : kind == Lineweight ? static_cast<QComboBox*>(&weights) : &linetypes;
+    const auto standFor = [&](bool other) {
+      if (kind == Colour)
+        colours.setColorByLayer(aci(other ? 5 : 1), true);
+      else if (kind == Lineweight)
+        weights.setLineweightByLayer(other ? OdDb::kLnWt211 : OdDb::kLnWt050, true);
+      else
+        linetypes.setLinetypeByLayer(other ? f.dots : f.dashed, true);
+    };
+    const auto shown = [combo] { return combo->itemIcon(0).pixmap(combo->iconSize()).toImage(); };
+    HostQtStyleManager* style = hostGetQtStyleManager();
+    const int theme = style->theme();
+
+    standFor(false);
+    const QImage first = shown();
+    // Sharp on a high-density screen too: a kept picture holds both ratios.
+    QCOMPARE(combo->itemIcon(0).availableSizes().size(), 2);
+    standFor(true);
+    QVERIFY(shown() != first);
+    standFor(false);
+    QCOMPARE(shown(), first);
+    style->setTheme(theme == HostQtStyleManager::Dark ? HostQtStyleManager::Light : HostQtStyleManager::Dark);
+    standFor(false);
+    const QImage otherTheme = shown();
+    style->setTheme(theme);
+    QVERIFY(otherTheme != first);
+    standFor(false);
+    QCOMPARE(shown(), first);
+  }
+
+  void theDefaultLineweightFollowsTheDrawing()
+  {
+    Fixture f;
+    host_qt_ui::QHostUiLineWeightComboBox weights;
+    weights.setSelectedWeight(OdDb::kLnWt030);
+    QVERIFY(f.db.setLWDEFAULT(OdDb::kLnWt100));
+    weights.setDatabase(&f.db);
+    const int row = weights.findData(int(OdDb::kLnWtByLwDefault));
+    QCOMPARE(weights.itemData(row, Qt::ToolTipRole).toString(), QStringLiteral("1.00 mm"));
+    QCOMPARE(weights.itemIcon(row).pixmap(weights.iconSize()).toImage(),
+             weights.itemIcon(weights.findData(int(OdDb::kLnWt100))).pixmap(weights.iconSize()).toImage());
+    QCOMPARE(weights.getSelectedWeight(), OdDb::kLnWt030);
+    weights.setDatabase(nullptr);
+    QCOMPARE(weights.itemData(row, Qt::ToolTipRole).toString(), QStringLiteral("0.25 mm"));
+  }
+
   void pickersListTheDrawing()
   {
     Fixture f;
