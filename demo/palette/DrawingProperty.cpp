@@ -325,13 +325,24 @@ std::vector<DrawingProperty> drawingProperties(DrawingDocument* document)
   height.refuse = [](double d) { return refusePositive(d, DrawingPropertyBag::tr("The text height must be greater than zero.")); };
 
   auto dimension = [](const DrawingEntity& e) { return e.kind == EntityKind::Dimension; };
+  // Only the dimensions that measure a distance between their two points; an
+  // angle or an ordinate would read as a length here.
+  measured(DrawingPropertyBag::tr("Measurement"), DrawingPropertyBag::tr("The distance the dimension measures"),
+           [](const DrawingEntity& e) {
+             const int type = e.dimensionType & 0x0F;
+             return e.kind == EntityKind::Dimension && e.points.size() > 1 && (type <= 1 || type == 3 || type == 4);
+           },
+           [](const DrawingEntity& e) {
+             if ((e.dimensionType & 0x0F) != 0)
+               return distance(e.points[0], e.points[1]);
+             // a rotated dimension measures along its own direction
+             const double angle = e.rotation * kPi / 180.0;
+             return std::abs((e.points[1].x - e.points[0].x) * std::cos(angle) + (e.points[1].y - e.points[0].y) * std::sin(angle));
+           });
   DrawingProperty& dimText = add(DrawingPropertyBag::tr("Dimension text"), textCategory,
                                  DrawingPropertyBag::tr("Text shown instead of the measurement; empty shows the measurement"),
                                  PropUiGuidText, PropertyFormat::Text, dimension);
   dimText.read = contents.read;
   dimText.write = contents.write;
-  measured(DrawingPropertyBag::tr("Measurement"), DrawingPropertyBag::tr("The distance the dimension measures"),
-           [](const DrawingEntity& e) { return e.kind == EntityKind::Dimension && e.points.size() > 1; },
-           [](const DrawingEntity& e) { return distance(e.points[0], e.points[1]); });
   return all;
 }

@@ -161,7 +161,7 @@ private slots:
     QTest::newRow("insert") << "insert" << QStringList{"Position", "Rotation", "Scale", "Block"};
     QTest::newRow("open polyline") << "polyline" << QStringList{"Vertices", "Length", "Closed"};
     QTest::newRow("dimension") << "dimension"
-                               << QStringList{"First point", "Second point", "Dimension line", "Dimension text", "Measurement"};
+                               << QStringList{"First point", "Second point", "Dimension line", "Measurement", "Dimension text"};
     QTest::newRow("line and circle") << "line1+circle" << QStringList();
     QTest::newRow("every kind") << "line1+circle+arc+polyline+text+mtext+insert+dimension" << QStringList();
   }
