@@ -11,12 +11,31 @@ PropUiCommonToolTipFilter::PropUiCommonToolTipFilter(QWidget* control) : PropUiQ
     control->installEventFilter(this);
 }
 
+namespace
+{
+
+// Every refresh asks for the description again and it rarely changes:
+// comparing in place saves converting and allocating it each time.
+bool sameText(const OdString& text, const QString& shown)
+{
+  const int length = text.getLength();
+  if (length != shown.size())
+    return false;
+  const OdChar* chars = text.c_str();
+  for (int i = 0; i < length; ++i)
+    if (OdUInt32(chars[i]) > 0xFFFF || QChar(ushort(chars[i])) != shown.at(i))
+      return false;
+  return true;
+}
+
+} // namespace
+
 void PropUiCommonToolTipFilter::update()
 {
   if (!m_bag)
     return;
   OdString description;
-  if (m_bag->getDescription(m_itemIndex, description))
+  if (m_bag->getDescription(m_itemIndex, description) && !sameText(description, m_toolTip))
     m_toolTip = toQString(description);
 }
 
