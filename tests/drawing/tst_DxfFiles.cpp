@@ -214,14 +214,13 @@ private Q_SLOTS:
     QVERIFY(circle.handle != line.handle);
   }
 
-  void realDrawingsSurviveSaveEditAndUndo()
+  void realDrawingsSurviveSaveAndReopen()
   {
     // GIVEN real drawings
     const QStringList paths = realDrawings();
     QVERIFY(!paths.isEmpty());
     QTemporaryDir dir;
-    const QString before = dir.filePath(QStringLiteral("before.dxf"));
-    const QString after = dir.filePath(QStringLiteral("after.dxf"));
+    const QString saved = dir.filePath(QStringLiteral("saved.dxf"));
     QStringList failures;
     qint64 entities = 0;
     int skipped = 0;
@@ -241,34 +240,21 @@ private Q_SLOTS:
       entities += qint64(document.entities().size());
       skipped += skippedHere;
 
-      // WHEN it is saved, an entity edited and the edit taken back, and saved again
-      if (!writeDxf(before, document, &error))
+      // WHEN it is saved (an edit taken back saving the same bytes is the palette's sweep)
+      if (!writeDxf(saved, document, &error))
       {
         fail(error);
         continue;
       }
-      if (!document.entities().empty())
-      {
-        const DrawingEntity original = document.entities().back();
-        DrawingEntity edited = original;
-        edited.color.setRGB(12, 34, 56);
-        edited.linetypeScale *= 2;
-        edited.visible = !edited.visible;
-        document.replaceEntities({edited});
-        document.replaceEntities({original});
-      }
-      writeDxf(after, document, &error);
 
-      // THEN the two saves are the same bytes, and the saved file opens as the same drawing
-      if (contentsOf(after) != contentsOf(before))
-        fail(QStringLiteral("the save after undo differs"));
+      // THEN the saved file opens as the same drawing
       DrawingDocument reopened;
-      if (!readDxf(before, reopened, &error))
+      if (!readDxf(saved, reopened, &error))
         fail(error);
       else if (const QString difference = firstDifference(document, reopened); !difference.isEmpty())
         fail(difference);
     }
-    qInfo("%d drawings, %lld entities (%d of other kinds skipped), %.1f ms per drawing to open, save twice and reopen",
+    qInfo("%d drawings, %lld entities (%d of other kinds skipped), %.1f ms per drawing to open, save and reopen",
           int(paths.size()), entities, skipped, double(clock.elapsed()) / paths.size());
     QVERIFY2(failures.isEmpty(), qPrintable(failures.mid(0, 5).join(QLatin1Char('\n'))));
   }
