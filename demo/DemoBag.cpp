@@ -1,5 +1,8 @@
 #include "DemoBag.h"
 
+#include "DemoItemType.h"
+#include "DemoValues.h"
+
 #include "DemoActions.h"
 #include "DemoIcons.h"
 #include "DemoExpression.h"
@@ -26,34 +29,6 @@
 
 namespace
 {
-
-PropVariant number(double d)
-{
-  PropVariant v;
-  v.setDouble(d);
-  return v;
-}
-
-PropVariant integer(int i)
-{
-  PropVariant v;
-  v.setInt32(i);
-  return v;
-}
-
-PropVariant text(const QString& s)
-{
-  PropVariant v;
-  v.setString(toOdString(s));
-  return v;
-}
-
-PropVariant boolean(bool b)
-{
-  PropVariant v;
-  v.setBool(b);
-  return v;
-}
 
 PropVariant texts(const QStringList& list)
 {
@@ -103,20 +78,7 @@ struct DemoBag::Item
   QVector<bool> elementMixed;
   /** Elements that are not coordinates: a list's check boxes, a table's shape and labels. */
   QVector<PropVariant> parts;
-  std::unique_ptr<ItemType> type;
-};
-
-class DemoBag::ItemType : public PropItemType
-{
-public:
-  ItemType(int id, const OdGUID& guid) : m_id(id), m_guid(guid) {}
-  int typeId() const override { return m_id; }
-  OdString typeName() const override { return OdString("demo"); }
-  OdGUID editorGuid() const override { return m_guid; }
-
-private:
-  int m_id;
-  OdGUID m_guid;
+  std::unique_ptr<DemoItemType> type;
 };
 
 /**
@@ -227,7 +189,7 @@ DemoBag::Item& DemoBag::add(Kind kind, const QString& name, const OdGUID& guid, 
     typeGuid = PropUiGuidInteger;
   else if (kind == Text)
     typeGuid = PropUiGuidText;
-  item->type = std::make_unique<ItemType>(int(m_items.size()), typeGuid);
+  item->type = std::make_unique<DemoItemType>(int(m_items.size()), OdString("demo"), typeGuid);
   m_items.push_back(std::move(item));
   return *m_items.back();
 }

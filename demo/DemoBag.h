@@ -85,7 +85,6 @@ public:
 
 private:
   struct Item;
-  class ItemType;
   class DrawingContext;
 
   Item* find(int index) const;

@@ -2,6 +2,7 @@
 
 #include "DrawingDocument.h"
 #include "DrawingPropertyBag.h"
+#include "DemoValues.h"
 #include "OdDbDatabase.h"
 #include "OdStringQt.h"
 #include "PropUiGuids.h"
@@ -13,27 +14,6 @@ namespace
 {
 
 const double kPi = 3.14159265358979323846;
-
-PropVariant number(double d)
-{
-  PropVariant v;
-  v.setDouble(d);
-  return v;
-}
-
-PropVariant text(const QString& s)
-{
-  PropVariant v;
-  v.setString(toOdString(s));
-  return v;
-}
-
-PropVariant boolean(bool b)
-{
-  PropVariant v;
-  v.setBool(b);
-  return v;
-}
 
 bool isKind(const DrawingEntity& e, std::initializer_list<EntityKind> kinds)
 {

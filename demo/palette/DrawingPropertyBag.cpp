@@ -1,5 +1,7 @@
 #include "DrawingPropertyBag.h"
 
+#include "DemoItemType.h"
+
 #include "DrawingDocument.h"
 #include "DrawingProperty.h"
 #include "EntityChangeCommand.h"
@@ -23,22 +25,9 @@
 struct DrawingPropertyBag::Item
 {
   const DrawingProperty* property = nullptr;
-  std::unique_ptr<ItemType> type;
+  std::unique_ptr<DemoItemType> type;
   /** Point, Vertices, Scale: how many numbers every selected entity has. */
   int elementCount = 0;
-};
-
-class DrawingPropertyBag::ItemType : public PropItemType
-{
-public:
-  ItemType(int id, const OdGUID& guid) : m_id(id), m_guid(guid) {}
-  int typeId() const override { return m_id; }
-  OdString typeName() const override { return OdString("drawing"); }
-  OdGUID editorGuid() const override { return m_guid; }
-
-private:
-  int m_id;
-  OdGUID m_guid;
 };
 
 /** ByLayer stands for what the selection's layer holds, when the selection shares one. */
@@ -166,7 +155,7 @@ void DrawingPropertyBag::merge()
     }
     const bool numeric = property.format == PropertyFormat::Number || property.format == PropertyFormat::Angle;
     const OdGUID typeGuid = numeric ? PropUiGuidDouble : property.format == PropertyFormat::Text ? PropUiGuidText : property.guid;
-    item->type = std::make_unique<ItemType>(int(m_items.size()), typeGuid);
+    item->type = std::make_unique<DemoItemType>(int(m_items.size()), OdString("drawing"), typeGuid);
     m_items.push_back(std::move(item));
   }
 }

@@ -69,7 +69,6 @@ public:
 
 private:
   struct Item;
-  class ItemType;
   class Context;
 
   Item* find(int index) const;
