@@ -1,25 +1,13 @@
 #include "PropUiActionToolButtonsCtrl.h"
 
 #include "PropAction.h"
+#include "PropUiActionButtonWidth.h"
 #include "PropUiQAction.h"
 #include "PropUiQIcon.h"
-#include <QFont>
-#include <QStyle>
 #include <QToolButton>
 
 namespace
 {
-
-/** Tells fonts apart for remembering what a caption was measured with; far cheaper than QFont::key(). */
-QString fontTag(const QFont& font)
-{
-  // The hash leaves out the point size, which the seed brings in.
-  const uint hash = qHash(font, uint(font.pointSizeF() * 64));
-  const QChar tag[] = {QChar(u'\n'), QChar(ushort(hash >> 16)), QChar(ushort(hash & 0xFFFF))};
-  return QString(tag, 3);
-}
-
-const int kButtonSize = 15;
 
 /** Whether the action brings a picture of its own, rather than leaving the button to the stock one. */
 bool hasOwnPicture(PropAction* action)
@@ -40,7 +28,7 @@ QAbstractButton* PropUiActionToolButtonsCtrl::createBtn()
   // Set twice on purpose: hosts that restyle these buttons rely on the fixed policy winning.
   button->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Minimum);
   button->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-  button->setFixedSize(kButtonSize, kButtonSize);
+  button->setFixedSize(propui::kActionButtonSize, propui::kActionButtonSize);
   button->setDefaultAction(new PropUiQAction(button));
   return button;
 }
@@ -61,15 +49,5 @@ void PropUiActionToolButtonsCtrl::updateBtn(QAbstractButton* button, PropAction*
     toolButton->setToolButtonStyle(style);
   if (mirror->toolTip() != caption)
     mirror->setToolTip(caption);
-  // Measuring the caption was most of a refresh: measure again only when the caption or the font changed.
-  const QString measured = showCaption ? caption + fontTag(toolButton->font()) : QString();
-  const char* const kMeasuredFor = "propUiMeasuredFor";
-  if (!measured.isNull() && toolButton->property(kMeasuredFor).toString() == measured)
-    return;
-  toolButton->setProperty(kMeasuredFor, measured);
-  const int margin = toolButton->style()->pixelMetric(QStyle::PM_ButtonMargin, nullptr, toolButton);
-  const int width =
-    showCaption ? qMax(kButtonSize, toolButton->fontMetrics().horizontalAdvance(caption) + 2 * margin) : kButtonSize;
-  if (toolButton->minimumWidth() != width || toolButton->maximumWidth() != width)
-    toolButton->setFixedWidth(width);
+  propui::fitActionButtonWidth(toolButton, showCaption ? caption : QString(), 0, propui::kActionButtonSize);
 }
