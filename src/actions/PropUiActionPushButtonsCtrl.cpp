@@ -3,6 +3,7 @@
 #include "OdStringQt.h"
 #include "PropAction.h"
 #include "PropUiActionButtonWidth.h"
+#include "PropUiButtonRow.h"
 #include "PropUiIcons.h"
 #include "PropUiQIcon.h"
 #include <QPushButton>
@@ -28,8 +29,7 @@ void PropUiActionPushButtonsCtrl::updateBtn(QAbstractButton* button, PropAction*
   pushButton->setEnabled(action->enabled());
   const QString caption = toQString(action->name());
   // Every refresh lands here: only what changed is handed on, as a button repaints and relays out for each.
-  if (pushButton->toolTip() != caption)
-    pushButton->setToolTip(caption);
+  propui::setToolTipIfChanged(pushButton, caption);
   OdSharedPtr<PropIcon> icon = action->icon();
   auto* qicon = dynamic_cast<PropUiQIcon*>(icon.get());
   const bool ownPicture = qicon && !qicon->getIcon().isNull();
@@ -40,7 +40,6 @@ void PropUiActionPushButtonsCtrl::updateBtn(QAbstractButton* button, PropAction*
   // A present but empty picture (a placeholder's) stays blank.
   const QIcon picture =
     qicon ? qicon->getIcon() : showCaption ? QIcon() : propUiGetIcon(QStringLiteral("default_button"));
-  if (picture.cacheKey() != pushButton->icon().cacheKey())
-    pushButton->setIcon(picture);
+  propui::setIconIfChanged(pushButton, picture);
   propui::fitActionButtonWidth(pushButton, showCaption ? caption : QString(), ownPicture ? pushButton->iconSize().width() : 0, 0);
 }
