@@ -144,8 +144,18 @@ void DrawingCanvas::onEntitiesChanged(const QVector<quint64>& handles)
   {
     DrawingEntityItem* item = m_items.value(handle);
     const DrawingEntity* entity = m_document->entity(handle);
-    if (item && entity)
-      item->rebuild(*m_document, *entity, m_look);
+    if (!item || !entity)
+      continue;
+    // Wide cosmetic pens (a selected entity's glow) paint beyond the item's box,
+    // which is all the scene repaints: without room for them, the old place
+    // keeps traces and the new one is clipped.
+    const auto repaintAround = [this, item] {
+      const int penRoom = 16;
+      viewport()->update(mapFromScene(item->sceneBoundingRect()).boundingRect().adjusted(-penRoom, -penRoom, penRoom, penRoom));
+    };
+    repaintAround();
+    item->rebuild(*m_document, *entity, m_look);
+    repaintAround();
   }
 }
 
