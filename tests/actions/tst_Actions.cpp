@@ -73,14 +73,16 @@ int addActions(RecordingBag& bag, int count)
 /** A row of the item's actions as push or tool buttons, set up and showing the list. */
 PropUiActionButtonGroupCtrl* actionRow(bool push, RecordingBag& bag, int item, int options = 0)
 {
-  PropUiActionButtonGroupCtrl* row = push ? static_cast<PropUiActionButtonGroupCtrl*>(new PropUiActionPushButtonsCtrl)
-                                          : new PropUiActionToolButtonsCtrl;
-  if (options)
-    row->setOptions(options);
-  row->setPropBagItem(&bag, item);
-  row->setupUi();
-  row->updateData();
-  return row;
+  if (push)
+    return boundControl<PropUiActionPushButtonsCtrl>(bag, item, options);
+  return boundControl<PropUiActionToolButtonsCtrl>(bag, item, options);
+}
+
+void addToolAndPushRows()
+{
+  QTest::addColumn<bool>("push");
+  QTest::newRow("tool buttons") << false;
+  QTest::newRow("push buttons") << true;
 }
 
 QImage drawnIcon()
@@ -159,12 +161,7 @@ private slots:
     hostGetQtStyleManager()->setTheme(1);
   }
 
-  void buttonsFollowTheListByPosition_data()
-  {
-    QTest::addColumn<bool>("push");
-    QTest::newRow("tool buttons") << false;
-    QTest::newRow("push buttons") << true;
-  }
+  void buttonsFollowTheListByPosition_data() { addToolAndPushRows(); }
 
   void buttonsFollowTheListByPosition()
   {
@@ -333,12 +330,7 @@ private slots:
       QVERIFY(button->width() >= button->fontMetrics().horizontalAdvance(caption));
   }
 
-  void aRefreshShowsWhatChangedInTheAction_data()
-  {
-    QTest::addColumn<bool>("push");
-    QTest::newRow("tool buttons") << false;
-    QTest::newRow("push buttons") << true;
-  }
+  void aRefreshShowsWhatChangedInTheAction_data() { addToolAndPushRows(); }
 
   // A refresh hands on only what changed: a new caption, picture or font must still get through.
   void aRefreshShowsWhatChangedInTheAction()
@@ -415,10 +407,7 @@ private slots:
     bag.item(item).value = textValue(QStringLiteral("M12"));
     bag.item(item).flags |= 0x1;
     bag.item(item).executeResult = ran;
-    auto* control = new PropUiQLineEdit;
-    control->setPropBagItem(&bag, item);
-    control->setupUi();
-    control->updateData();
+    auto* control = boundControl<PropUiQLineEdit>(bag, item);
     ControlWindow window(control);
     QVERIFY(window.showActive());
     auto* edit = control->findChild<QLineEdit*>(QStringLiteral("edit"));
@@ -473,23 +462,20 @@ private slots:
     if (kind == 0)
     {
       bag.item(item).value = intValue(4);
-      control = new PropUiQIntegerCtrl;
+      control = boundControl<PropUiQIntegerCtrl>(bag, item);
     }
     else if (kind == 1)
     {
       bag.item(item).value = boolValue(true);
-      control = new PropUiQCheckBox;
+      control = boundControl<PropUiQCheckBox>(bag, item);
     }
     else
     {
       bag.item(item).value = intValue(1);
       bag.item(item).listNames = QStringList{QStringLiteral("Yes"), QStringLiteral("No")};
       bag.item(item).listKeys = {1, 2};
-      control = new PropUiQRadioButtonsCtrl;
+      control = boundControl<PropUiQRadioButtonsCtrl>(bag, item);
     }
-    control->setPropBagItem(&bag, item);
-    control->setupUi();
-    control->updateData();
     ControlWindow window(control);
     QVERIFY(window.showActive());
 

@@ -42,6 +42,15 @@ int addGrid(RecordingBag& bag, int current)
   return addChoice(bag, cells, current);
 }
 
+/** The three choice rows, as the kind makeRow() takes. */
+void addRowKinds()
+{
+  QTest::addColumn<int>("kind");
+  QTest::newRow("radio") << 0;
+  QTest::newRow("push") << 1;
+  QTest::newRow("tool") << 2;
+}
+
 PropUiButtonGroupCtrl* makeRow(int kind)
 {
   if (kind == 0)
@@ -80,13 +89,7 @@ class TestButtonGroups : public QObject
   Q_OBJECT
 
 private slots:
-  void rowsFollowTheListAndMatchByText_data()
-  {
-    QTest::addColumn<int>("kind");
-    QTest::newRow("radio") << 0;
-    QTest::newRow("push") << 1;
-    QTest::newRow("tool") << 2;
-  }
+  void rowsFollowTheListAndMatchByText_data() { addRowKinds(); }
 
   void rowsFollowTheListAndMatchByText()
   {
@@ -124,13 +127,7 @@ private slots:
 
   // A refresh touches only what changed: renamed entries read anew, the check
   // moves with the value, and a current button that stays is not flipped.
-  void refreshShowsWhatChanged_data()
-  {
-    QTest::addColumn<int>("kind");
-    QTest::newRow("radio") << 0;
-    QTest::newRow("push") << 1;
-    QTest::newRow("tool") << 2;
-  }
+  void refreshShowsWhatChanged_data() { addRowKinds(); }
 
   void refreshShowsWhatChanged()
   {
@@ -194,10 +191,8 @@ private slots:
       item = bag.addItem(QStringLiteral("Tools"));
       for (const char* caption : {"Zoom", "Isolate", "Hide"})
         bag.item(item).actions.append(OdSharedPtr<PropAction>(new TestAction(QLatin1String(caption))));
-      control = kind == 3 ? static_cast<PropUiQControl*>(new PropUiActionToolButtonsCtrl) : new PropUiActionPushButtonsCtrl;
-      control->setPropBagItem(&bag, item);
-      control->setupUi();
-      control->updateData();
+      control = kind == 3 ? static_cast<PropUiQControl*>(boundControl<PropUiActionToolButtonsCtrl>(bag, item))
+                          : boundControl<PropUiActionPushButtonsCtrl>(bag, item);
     }
     ControlWindow window(control);
     QVERIFY(window.showActive());

@@ -1,5 +1,4 @@
 #include "PropUiOptions.h"
-#include "MessageCatcher.h"
 #include "PropUiQCheckBox.h"
 #include "PropUiQSwitchBox.h"
 #include "PropUiQTextCheckBox.h"
@@ -13,44 +12,51 @@ class TestCheckBoxes : public QObject
   Q_OBJECT
 
 private slots:
-  void variesIsPartialAndOneClickChecks()
+  void variesIsPartialAndOneClickTurnsItOn_data()
   {
+    QTest::addColumn<bool>("switchMode");
+    QTest::newRow("check box") << false;
+    QTest::newRow("switch") << true;
+  }
+
+  void variesIsPartialAndOneClickTurnsItOn()
+  {
+    QFETCH(bool, switchMode);
     RecordingBag bag;
     const int item = bag.addItem(QStringLiteral("Visible"), boolValue(false, true));
-    QScopedPointer<PropUiQCheckBox> control(boundControl<PropUiQCheckBox>(bag, item));
-    QCOMPARE(control->checkBox()->checkState(), Qt::PartiallyChecked);
+    PropUiQSwitchBox* asSwitch = switchMode ? boundControl<PropUiQSwitchBox>(bag, item) : nullptr;
+    PropUiQCheckBox* asCheck = switchMode ? nullptr : boundControl<PropUiQCheckBox>(bag, item);
+    QScopedPointer<PropUiQControl> control(switchMode ? static_cast<PropUiQControl*>(asSwitch) : asCheck);
+    host_qt_ui_core::QHostCheckBox* box = switchMode ? asSwitch->checkBox() : asCheck->checkBox();
+    QCOMPARE(box->isSwitchMode(), switchMode);
     QVERIFY(control->isVaries());
+    QCOMPARE(box->checkState(), Qt::PartiallyChecked); // neither on nor off
 
-    control->checkBox()->click();
-    QCOMPARE(control->checkBox()->checkState(), Qt::Checked);
-    QVERIFY(!control->checkBox()->isTristate());
+    box->click();
+    QVERIFY(!control->isVaries());
+    QCOMPARE(box->checkState(), Qt::Checked);
+    QVERIFY(!box->isTristate());
     QCOMPARE(bag.written.size(), 1);
     QVERIFY(bag.written[0].getBool());
     QVERIFY(bag.written[0].type() & PropVariant::kBool);
 
-    // Never back to the third state by clicking.
-    control->checkBox()->click();
-    control->checkBox()->click();
-    QCOMPARE(control->checkBox()->checkState(), Qt::Checked);
-  }
-
-  void refusalFallsBackToTheLastConfirmedState()
-  {
-    MessageCatcher messages;
-    RecordingBag bag;
-    const int item = bag.addItem(QStringLiteral("Locked"), boolValue(false));
-    QScopedPointer<PropUiQCheckBox> control(boundControl<PropUiQCheckBox>(bag, item));
+    // Never back to the middle by clicking; a refusal returns to the confirmed state.
     bag.item(item).acceptWrite = false;
-    control->checkBox()->click();
-    QCOMPARE(control->checkBox()->checkState(), Qt::Unchecked);
-    QVERIFY(bag.written.isEmpty());
-
+    box->click();
+    QCOMPARE(box->checkState(), Qt::Checked);
     bag.item(item).acceptWrite = true;
-    bag.item(item).acceptValidate = false;
-    bag.item(item).validateMessage = QStringLiteral("Locked by the layer.");
-    control->checkBox()->click();
-    QCOMPARE(control->checkBox()->checkState(), Qt::Unchecked);
-    QTRY_COMPARE(messages.shown.size(), 1);
+    box->click();
+    box->click();
+    QCOMPARE(box->checkState(), Qt::Checked);
+
+    // A read of a real value leaves the middle.
+    bag.item(item).value = boolValue(false, true);
+    control->updateData();
+    bag.item(item).value = boolValue(false);
+    control->updateData();
+    QVERIFY(!control->isVaries());
+    QCOMPARE(box->checkState(), Qt::Unchecked);
+    QVERIFY(!box->isTristate());
   }
 
   void captionsFromTheNameOrTheList()
@@ -74,43 +80,6 @@ private slots:
     bag.item(item).listNames = QStringList{QStringLiteral("a"), QStringLiteral("b")};
     QScopedPointer<PropUiQTextSwitchBox> textSwitch(boundControl<PropUiQTextSwitchBox>(bag, item));
     QVERIFY(textSwitch->checkBox()->text().isEmpty());
-  }
-
-  void switchShowsVariesInTheMiddleAndOneClickTurnsItOn()
-  {
-    RecordingBag bag;
-    const int item = bag.addItem(QStringLiteral("Snap"), boolValue(false));
-    QScopedPointer<PropUiQSwitchBox> control(boundControl<PropUiQSwitchBox>(bag, item));
-    QVERIFY(control->checkBox()->isSwitchMode());
-    QVERIFY(!control->checkBox()->isChecked());
-    bag.item(item).value = boolValue(false, true);
-    control->updateData();
-    QVERIFY(control->isVaries());
-    QCOMPARE(control->checkBox()->checkState(), Qt::PartiallyChecked); // neither on nor off
-
-    control->checkBox()->click();
-    QVERIFY(!control->isVaries());
-    QCOMPARE(control->checkBox()->checkState(), Qt::Checked);
-    QCOMPARE(bag.written.size(), 1);
-    QVERIFY(bag.written[0].getBool());
-
-    // Never back to the middle by clicking; a refusal returns to the confirmed state.
-    bag.item(item).acceptWrite = false;
-    control->checkBox()->click();
-    QCOMPARE(control->checkBox()->checkState(), Qt::Checked);
-    bag.item(item).acceptWrite = true;
-    control->checkBox()->click();
-    control->checkBox()->click();
-    QCOMPARE(control->checkBox()->checkState(), Qt::Checked);
-
-    // A read of a real value leaves the middle.
-    bag.item(item).value = boolValue(false, true);
-    control->updateData();
-    bag.item(item).value = boolValue(false);
-    control->updateData();
-    QVERIFY(!control->isVaries());
-    QCOMPARE(control->checkBox()->checkState(), Qt::Unchecked);
-    QVERIFY(!control->checkBox()->isTristate());
   }
 
   void otherTypesAndBadInputChangeNothing()
