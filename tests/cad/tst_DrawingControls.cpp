@@ -140,9 +140,19 @@ struct Fixture
   RecordingBag bag;
 };
 
+const char* const kKindNames[] = {"colour", "lineweight", "linetype", "arrowhead", "layer"};
+
 } // namespace
 
 Q_DECLARE_METATYPE(Kind)
+
+/** A "kind" column with one row for each of the kinds, named after it. */
+static void addKindRows(std::initializer_list<Kind> kinds)
+{
+  QTest::addColumn<Kind>("kind");
+  for (Kind kind : kinds)
+    QTest::newRow(kKindNames[kind]) << kind;
+}
 
 class TestDrawingControls : public QObject
 {
@@ -264,14 +274,7 @@ private slots:
     QCOMPARE(combo->currentText(), QStringLiteral("Dots"));
   }
 
-  void aVaryingValueIsNeverATemporaryEntry_data()
-  {
-    QTest::addColumn<Kind>("kind");
-    QTest::newRow("colour") << Colour;
-    QTest::newRow("linetype") << Linetype;
-    QTest::newRow("arrowhead") << Arrowhead;
-    QTest::newRow("layer") << Layer;
-  }
+  void aVaryingValueIsNeverATemporaryEntry_data() { addKindRows({Colour, Linetype, Arrowhead, Layer}); }
 
   void aVaryingValueIsNeverATemporaryEntry()
   {
@@ -288,14 +291,7 @@ private slots:
     QCOMPARE(control->comboBox()->count(), entries);
   }
 
-  void aPickLeavesVariesBeforeTheBagIsAsked_data()
-  {
-    QTest::addColumn<Kind>("kind");
-    QTest::newRow("lineweight") << Lineweight;
-    QTest::newRow("linetype") << Linetype;
-    QTest::newRow("arrowhead") << Arrowhead;
-    QTest::newRow("layer") << Layer;
-  }
+  void aPickLeavesVariesBeforeTheBagIsAsked_data() { addKindRows({Lineweight, Linetype, Arrowhead, Layer}); }
 
   void aPickLeavesVariesBeforeTheBagIsAsked()
   {
@@ -318,11 +314,10 @@ private slots:
   {
     QTest::addColumn<Kind>("kind");
     QTest::addColumn<bool>("varies");
-    const char* names[] = {"colour", "lineweight", "linetype", "arrowhead", "layer"};
     for (Kind kind : {Colour, Lineweight, Linetype, Arrowhead, Layer})
     {
-      QTest::addRow("%s", names[kind]) << kind << false;
-      QTest::addRow("%s, varies", names[kind]) << kind << true;
+      QTest::addRow("%s", kKindNames[kind]) << kind << false;
+      QTest::addRow("%s, varies", kKindNames[kind]) << kind << true;
     }
   }
 
@@ -519,13 +514,7 @@ private slots:
     QCOMPARE(arrows.addBlock(f.walls), -1); // a layer is no block
   }
 
-  void byLayerPicturesFollowWhatTheyStandForAndTheTheme_data()
-  {
-    QTest::addColumn<Kind>("kind");
-    QTest::newRow("colour") << Colour;
-    QTest::newRow("lineweight") << Lineweight;
-    QTest::newRow("linetype") << Linetype;
-  }
+  void byLayerPicturesFollowWhatTheyStandForAndTheTheme_data() { addKindRows({Colour, Lineweight, Linetype}); }
 
   // Pictures are painted once per look and a refresh that finds its picture shown leaves it:
   // the look must still follow both the value ByLayer stands for and the theme.

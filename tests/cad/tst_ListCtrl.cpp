@@ -2,7 +2,6 @@
 #include "OdStringQt.h"
 #include "PropUiOptions.h"
 #include "PropUiQListCtrl.h"
-#include "QHostItemControlDelegate.h"
 #include "RecordingBag.h"
 #include "TestValues.h"
 #include <QListView>
@@ -89,16 +88,6 @@ private slots:
     bag.item(item).readable = false;
     list->updateData();
     QCOMPARE(model->rowCount(), 1);
-  }
-
-  void pinsOnHoverTrackTheMouse()
-  {
-    RecordingBag bag;
-    const int item = addLayouts(bag, kLayouts, {});
-    QScopedPointer<PropUiQListCtrl> list(boundControl<PropUiQListCtrl>(bag, item, PropUiOption::kListPins | PropUiOption::kListPinOnHover));
-    auto* delegate = qobject_cast<host_qt_ui_core::QHostItemControlDelegate*>(list->listView()->itemDelegate());
-    QVERIFY(delegate && (delegate->features() & host_qt_ui_core::QHostItemControlDelegate::PinOnHover));
-    QVERIFY(list->listView()->testAttribute(Qt::WA_MouseTracking));
   }
 
   void checkStatesFromTheBag_data()

@@ -66,6 +66,14 @@ QPoint onScreen(const DrawingCanvas& canvas, double x, double y)
   return canvas.mapFromScene(QPointF(x, -y));
 }
 
+/** Shows the canvas at the given size; false when the platform would not. */
+bool shown(DrawingCanvas& canvas, const QSize& size = QSize(400, 400))
+{
+  canvas.resize(size);
+  canvas.show();
+  return QTest::qWaitForWindowExposed(&canvas);
+}
+
 using Handles = QVector<quint64>;
 
 /** Of the pixels around @p at, the lightness farthest from the paper's: a thin line falls between pixels. */
@@ -95,9 +103,7 @@ private Q_SLOTS:
     DrawingDocument document;
     fillDocument(document);
     DrawingCanvas canvas(&document);
-    canvas.resize(400, 400);
-    canvas.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&canvas));
+    QVERIFY(shown(canvas));
     QSignalSpy changes(&canvas, &DrawingCanvas::selectionChanged);
     QWidget* viewport = canvas.viewport();
 
@@ -142,9 +148,7 @@ private Q_SLOTS:
     DrawingDocument document;
     fillDocument(document);
     DrawingCanvas canvas(&document);
-    canvas.resize(400, 400);
-    canvas.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&canvas));
+    QVERIFY(shown(canvas));
     const QPoint where = onScreen(canvas, 25, 50);
 
     DrawingEntity moved = *document.entity(C);
@@ -159,9 +163,7 @@ private Q_SLOTS:
     DrawingDocument document;
     fillDocument(document);
     DrawingCanvas canvas(&document);
-    canvas.resize(400, 400);
-    canvas.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&canvas));
+    QVERIFY(shown(canvas));
     QWidget* viewport = canvas.viewport();
     const auto near = [](const QPoint& a, const QPoint& b) { return (a - b).manhattanLength() <= 2; };
 
@@ -243,9 +245,7 @@ private Q_SLOTS:
 
     // WHEN it is drawn THEN the middle of the line has the colour
     DrawingCanvas canvas(&document);
-    canvas.resize(300, 200);
-    canvas.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&canvas));
+    QVERIFY(shown(canvas, QSize(300, 200)));
     const QImage image = canvas.viewport()->grab().toImage();
     const QColor drawn = image.pixelColor(onScreen(canvas, 50, 0));
     QVERIFY2(qAbs(drawn.red() - expected.red()) + qAbs(drawn.green() - expected.green())
@@ -290,9 +290,7 @@ private Q_SLOTS:
 
     // WHEN the canvas shows them, zooms, picks and selects THEN it stays usable
     DrawingCanvas canvas(&document);
-    canvas.resize(300, 300);
-    canvas.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&canvas));
+    QVERIFY(shown(canvas, QSize(300, 300)));
     canvas.zoomExtents();
     canvas.viewport()->grab();
     QTest::mouseClick(canvas.viewport(), Qt::LeftButton, Qt::NoModifier, QPoint(150, 150));
@@ -326,9 +324,7 @@ private Q_SLOTS:
       document.replaceEntities({d});
     }
     DrawingCanvas canvas(&document);
-    canvas.resize(400, 400);
-    canvas.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&canvas));
+    QVERIFY(shown(canvas));
 
     // the diagonal is not where a click finds it, nor in a rectangle round everything, nor in Ctrl+A
     QTest::mouseClick(canvas.viewport(), Qt::LeftButton, Qt::NoModifier, onScreen(canvas, 70, 70));
@@ -358,9 +354,7 @@ private Q_SLOTS:
     fillDocument(document);
     hostGetQtStyleManager()->setTheme(theme);
     DrawingCanvas canvas(&document);
-    canvas.resize(400, 400);
-    canvas.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&canvas));
+    QVERIFY(shown(canvas));
 
     const QImage image = canvas.viewport()->grab().toImage();
     const int paper = image.pixelColor(onScreen(canvas, 25, 50)).lightness();

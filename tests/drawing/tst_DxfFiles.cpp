@@ -95,6 +95,14 @@ QByteArray contentsOf(const QString& path)
   return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
+/** A file of the directory holding @p contents; its path, or an empty string when it could not be written. */
+QString fileWith(const QTemporaryDir& dir, const QByteArray& contents)
+{
+  const QString path = dir.filePath(QStringLiteral("drawing.dxf"));
+  QFile file(path);
+  return file.open(QIODevice::WriteOnly) && file.write(contents) == contents.size() ? path : QString();
+}
+
 } // namespace
 
 class TestDxfFiles : public QObject
@@ -161,11 +169,8 @@ private Q_SLOTS:
                            "  0\nLINE\n 67\n1\n  8\nWalls\n 10\n0.0\n 20\n0.0\n 11\n1.0\n 21\n1.0\n"
                            "  0\nENDSEC\n  0\nEOF\n";
     QTemporaryDir dir;
-    const QString path = dir.filePath(QStringLiteral("hand.dxf"));
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write(dxf);
-    file.close();
+    const QString path = fileWith(dir, dxf);
+    QVERIFY(!path.isEmpty());
 
     // WHEN it is opened
     DrawingDocument document;
@@ -273,11 +278,8 @@ private Q_SLOTS:
   {
     QFETCH(QByteArray, contents);
     QTemporaryDir dir;
-    const QString path = dir.filePath(QStringLiteral("broken.dxf"));
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write(contents);
-    file.close();
+    const QString path = fileWith(dir, contents);
+    QVERIFY(!path.isEmpty());
 
     // GIVEN an open drawing
     DrawingDocument document;
@@ -297,14 +299,10 @@ private Q_SLOTS:
   {
     // dxflib sizes a polyline from the count the file gives: too small, and negative
     QTemporaryDir dir;
-    const QString path = dir.filePath(QStringLiteral("lying.dxf"));
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write("  0\nSECTION\n  2\nENTITIES\n"
-               "  0\nLWPOLYLINE\n 90\n1\n 10\n1\n 20\n2\n 10\n3\n 20\n4\n 10\n5\n 20\n6\n"
-               "  0\nLWPOLYLINE\n 90\n-7\n 10\n1\n 20\n2\n"
-               "  0\nENDSEC\n  0\nEOF\n");
-    file.close();
+    const QString path = fileWith(dir, "  0\nSECTION\n  2\nENTITIES\n"
+                                       "  0\nLWPOLYLINE\n 90\n1\n 10\n1\n 20\n2\n 10\n3\n 20\n4\n 10\n5\n 20\n6\n"
+                                       "  0\nLWPOLYLINE\n 90\n-7\n 10\n1\n 20\n2\n"
+                                       "  0\nENDSEC\n  0\nEOF\n");
     DrawingDocument document;
     QString error;
     QVERIFY2(readDxf(path, document, &error), qPrintable(error));
