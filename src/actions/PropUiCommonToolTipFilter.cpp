@@ -35,7 +35,13 @@ void PropUiCommonToolTipFilter::update()
   if (!m_bag)
     return;
   OdString description;
-  if (m_bag->getDescription(m_itemIndex, description) && !sameText(description, m_toolTip))
+  if (m_bag->getDescription(m_itemIndex, description))
+    setDescription(description);
+}
+
+void PropUiCommonToolTipFilter::setDescription(const OdString& description)
+{
+  if (!sameText(description, m_toolTip))
     m_toolTip = toQString(description);
 }
 

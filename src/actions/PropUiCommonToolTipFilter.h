@@ -1,6 +1,7 @@
 #pragma once
 
 #include "PropUiQEventFilter.h"
+#include "OdString.h"
 #include <QString>
 
 class QWidget;
@@ -16,6 +17,8 @@ public:
 
   /** Re-reads the description; a bag that has none keeps the last one. */
   void update() override;
+  /** Shows this description from now on, as read by the caller. */
+  void setDescription(const OdString& description);
   QString toolTip() const { return m_toolTip; }
 
 protected:

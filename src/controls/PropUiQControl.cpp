@@ -27,13 +27,25 @@ PropUiQControl::PropUiQControl(QWidget* parent)
 // Toolbar, filters and formatter are Qt children; the bag is never ours.
 // Qt destroys the children after this body, and a child that has the focus
 // is told that it lost it. By then the derived control is gone and the bag
-// may be too, so every child is cut off first: an unfinished edit is
-// dropped, not committed.
+// may be too, so such a child is cut off first: an unfinished edit is
+// dropped, not committed. Without the focus inside, nothing a child or its
+// filters act on reaches them before Qt has cut their connections itself,
+// and a panel torn down row by row does not search every row's children.
 PropUiQControl::~PropUiQControl()
 {
   m_closing = true;
-  disarmChildren();
+  if (holdsFocus())
+    disarmChildren();
   m_bag = nullptr;
+}
+
+bool PropUiQControl::holdsFocus() const
+{
+  // The window's own focus widget too: an inactive window gives it the focus back.
+  for (const QWidget* focus : {QApplication::focusWidget(), window()->focusWidget()})
+    if (focus && (focus == this || isAncestorOf(focus)))
+      return true;
+  return false;
 }
 
 PropUiQControl::ApplyingScope::ApplyingScope(PropUiQControl* control)
@@ -79,6 +91,7 @@ void PropUiQControl::disarmChildren()
 void PropUiQControl::clearBuiltUi()
 {
   disarmChildren();
+  m_toolTipWidgets.clear();
   delete layout();
   QList<QPointer<QObject> > built;
   for (QObject* child : children())
@@ -97,7 +110,6 @@ bool PropUiQControl::setupUi()
   PropUiActionsContextMenu::install();
   if (m_actionsToolbar)
     m_actionsToolbar->setupUi();
-  useToolTipFilter(this);
   // The derived control builds its children after this: name them once it has.
   m_accessibility->forgetTexts();
   m_accessibility->schedule();
@@ -108,8 +120,7 @@ void PropUiQControl::updateUi()
 {
   if (m_actionsToolbar)
     m_actionsToolbar->updateUi();
-  if (m_toolTipFilter)
-    m_toolTipFilter->update();
+  updateToolTip();
   // Caption, description or editability may have changed with the item.
   m_accessibility->forgetTexts();
   m_accessibility->schedule();
@@ -323,17 +334,37 @@ void PropUiQControl::useFocusRedirect(QWidget* widget, QWidget* target)
 
 void PropUiQControl::useToolTipFilter(QWidget* widget)
 {
-  if (!m_toolTipFilter && (m_options & PropUiOption::kToolTipFilter))
-  {
-    m_toolTipFilter = new PropUiCommonToolTipFilter(this);
-    if (m_bag)
-    {
-      if (m_isPropertyElement)
-        m_toolTipFilter->setPropBagItem(m_bag, m_index, m_element);
-      else
-        m_toolTipFilter->setPropBagItem(m_bag, m_index);
-    }
-  }
-  if (widget && m_toolTipFilter)
+  if (!widget || !(m_options & PropUiOption::kToolTipFilter))
+    return;
+  if (m_toolTipFilter)
     widget->installEventFilter(m_toolTipFilter);
+  else if (widget != this)
+    m_toolTipWidgets.append(widget);
+}
+
+// An item without a description has no tip to show: the filter, which would
+// also clear a tip the widget has of its own, waits until the item has one.
+void PropUiQControl::updateToolTip()
+{
+  if (m_toolTipFilter)
+  {
+    m_toolTipFilter->update();
+    return;
+  }
+  if (!m_bag || !(m_options & PropUiOption::kToolTipFilter))
+    return;
+  OdString description;
+  if (!m_bag->getDescription(m_index, description) || description.isEmpty())
+    return;
+  auto* filter = new PropUiCommonToolTipFilter(this);
+  if (m_isPropertyElement)
+    filter->setPropBagItem(m_bag, m_index, m_element);
+  else
+    filter->setPropBagItem(m_bag, m_index);
+  filter->setDescription(description);
+  m_toolTipFilter = filter;
+  for (const QPointer<QWidget>& widget : qAsConst(m_toolTipWidgets))
+    if (widget)
+      widget->installEventFilter(filter);
+  m_toolTipWidgets.clear();
 }

@@ -4,6 +4,7 @@
 #include "PropUiOptions.h"
 #include "PropUiQWidget.h"
 #include <QPointer>
+#include <QVector>
 #include <memory>
 
 class PropUiAccessibility;
@@ -117,6 +118,7 @@ public:
 
   void useFocusReactor(QWidget* widget);
   void useFocusRedirect(QWidget* widget, QWidget* target);
+  /** Shows the item's description as the widget's tool tip, from the first refresh that finds one. */
   void useToolTipFilter(QWidget* widget);
 
   /**
@@ -167,10 +169,16 @@ private:
   CommitResult commit(unsigned long element, bool writeElement, const PropVariant& value, RefusalMessage refusal);
   /** Makes every child unable to reach this control or the bag, so it can go quietly. */
   void disarmChildren();
+  /** Whether the focus is, or comes back to, this control or a widget inside it. */
+  bool holdsFocus() const;
   void adopt(QLayout* layout);
+  /** Refreshes the tool tip; makes the filter once the item has a description. */
+  void updateToolTip();
   /** Removes what an earlier setupUi built; the formatter and the binding stay. */
   void clearBuiltUi();
 
+  /** Widgets asking for the tool tip before the item had a description. */
+  QVector<QPointer<QWidget> > m_toolTipWidgets;
   bool m_closing = false;
   bool m_setUp = false;
   /** Names and describes the focusable children for assistive technology. */

@@ -141,28 +141,45 @@ private slots:
     QCOMPARE(messages.shown.size(), 1);
   }
 
-  void toolTipFilterNeedsTheOptionBit()
+  // Only an item with a description gets the filter, and with it the
+  // description in place of the widgets' own tips; until then they keep theirs.
+  void toolTipFilterNeedsTheOptionAndADescription()
   {
     RecordingBag bag;
     bag.addItem(QStringLiteral("Width"));
+    QHelpEvent tip(QEvent::ToolTip, QPoint(1, 1), QPoint(1, 1));
     PropUiQControl without;
     without.setPropBagItem(&bag, 0);
+    bag.item(0).description = QStringLiteral("Line width");
     without.setupUi();
+    without.updateUi();
     QVERIFY(!without.findChild<PropUiCommonToolTipFilter*>());
 
     PropUiQControl with;
     with.setOptions(0x40);
     with.setPropBagItem(&bag, 0, 2);
+    bag.item(0).description.clear();
     with.setupUi();
     QLabel inner(&with);
+    inner.setToolTip(QStringLiteral("own"));
     with.useToolTipFilter(&inner);
+    with.updateUi();
+    QVERIFY(!with.findChild<PropUiCommonToolTipFilter*>());
+    QCoreApplication::sendEvent(&inner, &tip);
+    QCOMPARE(inner.toolTip(), QStringLiteral("own"));
+
+    bag.item(0).description = QStringLiteral("Line width");
+    with.updateUi();
+    with.updateUi();
     const auto filters = with.findChildren<PropUiCommonToolTipFilter*>();
     QCOMPARE(filters.size(), 1);
     QVERIFY(filters[0]->isBoundWithSubIndex());
     QCOMPARE(filters[0]->subIndex(), 2ul);
-
-    with.updateUi();
-    QVERIFY(bag.called(QStringLiteral("getDescription")));
+    for (QWidget* hovered : {static_cast<QWidget*>(&inner), static_cast<QWidget*>(&with)})
+    {
+      QCoreApplication::sendEvent(hovered, &tip);
+      QCOMPARE(hovered->toolTip(), QStringLiteral("Line width"));
+    }
   }
 
   void focusReactorIsCreatedOnceAndBound()
