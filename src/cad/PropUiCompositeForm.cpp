@@ -44,6 +44,10 @@ void PropUiCompositeForm::addElementRow(QFormLayout* form, QWidget* owner, PropB
   label->setPropBagItem(bag, index, element);
   label->setupUi();
   label->setText(caption);
+  // Qt takes a parent's children down in their stacking order. The caption
+  // goes before its editor, so that the editor's end does not make Qt untie
+  // the caption from it first (a disconnect by signature, per axis).
+  label->stackUnder(child);
   child->setPropBagItem(bag, index, element);
   child->setupUi();
   if (auto* edit = qobject_cast<PropUiQLineEdit*>(child); edit && edit->lineEdit())
