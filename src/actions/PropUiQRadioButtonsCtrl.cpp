@@ -2,6 +2,7 @@
 
 #include "OdStringQt.h"
 #include "PropUiButtonRow.h"
+#include "PropUiTextCaption.h"
 #include <QRadioButton>
 
 PropUiQRadioButtonsCtrl::PropUiQRadioButtonsCtrl(QWidget* parent) : PropUiButtonGroupCtrl(parent) {}
@@ -23,9 +24,10 @@ void PropUiQRadioButtonsCtrl::updateBtn(QAbstractButton* button, const OdString&
   auto* radio = qobject_cast<QRadioButton*>(button);
   if (!radio)
     return;
-  const QString shown = toQString(text);
-  radio->setText(shown);
-  propui::setToolTipIfChanged(radio, shown);
+  if (!propui::showsText(radio->text(), text))
+    radio->setText(toQString(text));
+  if (!propui::showsText(radio->toolTip(), text))
+    radio->setToolTip(toQString(text));
   uncheck(radio);
   m_buttonKeys[radio] = key;
 }
