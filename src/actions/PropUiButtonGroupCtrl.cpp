@@ -98,10 +98,16 @@ QAbstractButton* PropUiButtonGroupCtrl::currentButton(const QList<QAbstractButto
 
 void PropUiButtonGroupCtrl::showEntry(QAbstractButton* button, const OdString& text, unsigned long key)
 {
-  if (!propui::showsText(button->toolTip(), text))
-    button->setToolTip(toQString(text));
-  if (!(m_options & PropUiOption::kIconsOnly) && !propui::showsText(button->text(), text))
-    button->setText(toQString(text));
+  const bool tipShown = propui::showsText(button->toolTip(), text);
+  const bool captionShown = (m_options & PropUiOption::kIconsOnly) || propui::showsText(button->text(), text);
+  if (!tipShown || !captionShown)
+  {
+    const QString shown = toQString(text);
+    if (!tipShown)
+      button->setToolTip(shown);
+    if (!captionShown)
+      button->setText(shown);
+  }
   uncheck(button);
   OdSharedPtr<PropIcon> icon;
   if (m_bag && m_bag->getIcon(m_index, key, icon))

@@ -24,10 +24,16 @@ void PropUiQRadioButtonsCtrl::updateBtn(QAbstractButton* button, const OdString&
   auto* radio = qobject_cast<QRadioButton*>(button);
   if (!radio)
     return;
-  if (!propui::showsText(radio->text(), text))
-    radio->setText(toQString(text));
-  if (!propui::showsText(radio->toolTip(), text))
-    radio->setToolTip(toQString(text));
+  const bool captionShown = propui::showsText(radio->text(), text);
+  const bool tipShown = propui::showsText(radio->toolTip(), text);
+  if (!captionShown || !tipShown)
+  {
+    const QString shown = toQString(text);
+    if (!captionShown)
+      radio->setText(shown);
+    if (!tipShown)
+      radio->setToolTip(shown);
+  }
   uncheck(radio);
   m_buttonKeys[radio] = key;
 }
