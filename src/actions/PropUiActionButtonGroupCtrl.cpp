@@ -2,8 +2,10 @@
 
 #include "PropAction.h"
 #include "PropBag.h"
+#include "PropUiActionButtonWidth.h"
 #include "PropUiButtonRow.h"
 #include <QAbstractButton>
+#include <QEvent>
 #include <QButtonGroup>
 #include <QHBoxLayout>
 
@@ -38,7 +40,12 @@ void PropUiActionButtonGroupCtrl::updateData()
   const int count = int(m_bag->getActions(m_index, m_element, actions));
   const int available = int(actions.size()) < count ? int(actions.size()) : count;
 
-  propui::fitButtonRow(this, inner, m_buttonGroup, available, [this]() { return createBtn(); },
+  propui::fitButtonRow(this, inner, m_buttonGroup, available,
+                       [this]() {
+                         QAbstractButton* button = createBtn();
+                         button->installEventFilter(this);
+                         return button;
+                       },
                        [](QAbstractButton*) {});
   // Ids are positions in the list as it was read just now.
   const QList<QAbstractButton*> buttons = m_buttonGroup->buttons();
@@ -48,6 +55,17 @@ void PropUiActionButtonGroupCtrl::updateData()
     m_buttonGroup->setId(buttons[i], i);
   }
   m_actions = actions;
+}
+
+// A refresh measures a caption only when it changed; a new font or style
+// (a style sheet's, applied when the button is first polished) changes the
+// measure without the caption changing.
+bool PropUiActionButtonGroupCtrl::eventFilter(QObject* watched, QEvent* event)
+{
+  if ((event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) && watched->parent() == this)
+    if (auto* button = qobject_cast<QAbstractButton*>(watched))
+      propui::fitActionButtonWidth(button);
+  return PropUiQControl::eventFilter(watched, event);
 }
 
 void PropUiActionButtonGroupCtrl::onIdClicked(int id)

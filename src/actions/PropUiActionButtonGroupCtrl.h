@@ -36,6 +36,8 @@ public:
 
 protected:
   QHBoxLayout* buttonsLayout() const;
+  /** A button whose font or style changed fits its width again. */
+  bool eventFilter(QObject* watched, QEvent* event) override;
 
   QPointer<QButtonGroup> m_buttonGroup;
 

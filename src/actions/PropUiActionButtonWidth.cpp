@@ -1,34 +1,32 @@
 #include "PropUiActionButtonWidth.h"
 
+#include "HostQtStyleManager.h"
+#include "PropUiIcons.h"
+
 #include <QAbstractButton>
-#include <QFont>
 #include <QStyle>
-#include <QVariant>
+#include <QToolButton>
 
-namespace
+void propui::fitActionButtonWidth(QAbstractButton* button)
 {
-
-/** Tells fonts apart for remembering what a caption was measured with; far cheaper than QFont::key(). */
-QString fontTag(const QFont& font)
-{
-  // The hash leaves out the point size, which the seed brings in.
-  const uint hash = qHash(font, uint(font.pointSizeF() * 64));
-  const QChar tag[] = {QChar(u'\n'), QChar(ushort(hash >> 16)), QChar(ushort(hash & 0xFFFF))};
-  return QString(tag, 3);
-}
-
-} // namespace
-
-void propui::fitActionButtonWidth(QAbstractButton* button, const QString& caption, int pictureWidth, int minimumWidth)
-{
-  const bool showCaption = !caption.isEmpty();
-  const QString measured = showCaption ? caption + fontTag(button->font()) + QChar(ushort(pictureWidth)) : QString();
-  const char* const kMeasuredFor = "propUiMeasuredFor";
-  if (!measured.isNull() && button->property(kMeasuredFor).toString() == measured)
-    return;
-  button->setProperty(kMeasuredFor, measured);
+  QString caption;
+  int pictureWidth = 0;
+  int minimumWidth = 0;
+  if (auto* tool = qobject_cast<QToolButton*>(button))
+  {
+    if (tool->toolButtonStyle() == Qt::ToolButtonTextOnly)
+      caption = tool->text();
+    minimumWidth = kActionButtonSize;
+  }
+  else
+  {
+    caption = button->text();
+    // Beside a caption a push button shows only a picture of the action's own.
+    if (!button->icon().isNull())
+      pictureWidth = button->iconSize().width();
+  }
   int width = kActionButtonSize;
-  if (showCaption)
+  if (!caption.isEmpty())
   {
     const int margin = button->style()->pixelMetric(QStyle::PM_ButtonMargin, nullptr, button);
     width = button->fontMetrics().horizontalAdvance(caption) + 2 * margin;
@@ -38,4 +36,17 @@ void propui::fitActionButtonWidth(QAbstractButton* button, const QString& captio
   }
   if (button->minimumWidth() != width || button->maximumWidth() != width)
     button->setFixedWidth(width);
+}
+
+const QIcon& propui::stockActionPicture()
+{
+  static int theme = -1;
+  static QIcon picture;
+  const int current = hostGetQtStyleManager()->theme();
+  if (current != theme || picture.isNull())
+  {
+    picture = propUiGetIcon(QStringLiteral("default_button"));
+    theme = current;
+  }
+  return picture;
 }

@@ -2,6 +2,8 @@
 
 #include <QString>
 
+class QIcon;
+
 class QAbstractButton;
 
 namespace propui
@@ -11,12 +13,18 @@ namespace propui
 const int kActionButtonSize = 15;
 
 /**
- * Fixes an action button's width to its caption, with room for a picture
- * pictureWidth wide beside it and at least minimumWidth; without a caption,
- * to kActionButtonSize. Every refresh asks, and measuring the caption was
- * most of a refresh: it is measured again only when the caption, the font or
- * the picture changed.
+ * Fixes an action button's width to what it shows: to its caption, when a
+ * tool button shows it as text or a push button has one, with room for a
+ * push button's picture beside it; otherwise to kActionButtonSize. Measuring
+ * a caption is the dearest part of a refresh: callers ask only when the
+ * caption, the picture, the font or the style changed.
  */
-void fitActionButtonWidth(QAbstractButton* button, const QString& caption, int pictureWidth, int minimumWidth);
+void fitActionButtonWidth(QAbstractButton* button);
+
+/**
+ * The picture of an action that brings none of its own, in the current
+ * theme. Every refresh of such an action asks for it.
+ */
+const QIcon& stockActionPicture();
 
 } // namespace propui

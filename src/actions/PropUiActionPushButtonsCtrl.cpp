@@ -4,7 +4,7 @@
 #include "PropAction.h"
 #include "PropUiActionButtonWidth.h"
 #include "PropUiButtonRow.h"
-#include "PropUiIcons.h"
+#include "PropUiTextCaption.h"
 #include "PropUiQIcon.h"
 #include <QPushButton>
 
@@ -27,19 +27,26 @@ void PropUiActionPushButtonsCtrl::updateBtn(QAbstractButton* button, PropAction*
   pushButton->setCheckable(action->checkable());
   pushButton->setChecked(action->checked());
   pushButton->setEnabled(action->enabled());
-  const QString caption = toQString(action->name());
-  // Every refresh lands here: only what changed is handed on, as a button repaints and relays out for each.
-  propui::setToolTipIfChanged(pushButton, caption);
+  const QString textBefore = pushButton->text();
+  const qint64 pictureBefore = pushButton->icon().cacheKey();
+  const OdString name = action->name();
+  // Every refresh lands here, mostly with what is already shown: only what
+  // changed is handed on, as a button repaints and relays out for each.
+  if (!propui::showsText(pushButton->toolTip(), name))
+    pushButton->setToolTip(toQString(name));
   OdSharedPtr<PropIcon> icon = action->icon();
   auto* qicon = dynamic_cast<PropUiQIcon*>(icon.get());
-  const bool ownPicture = qicon && !qicon->getIcon().isNull();
   const bool iconsOnly = m_options & PropUiOption::kIconsOnly;
   // The stock picture beside a caption says nothing; it stands in only where no caption shows.
-  const bool showCaption = !iconsOnly && !caption.isEmpty();
-  pushButton->setText(showCaption ? caption : QString());
+  const bool showCaption = !iconsOnly && !name.isEmpty();
+  if (!showCaption)
+    pushButton->setText(QString());
+  else if (!propui::showsText(pushButton->text(), name))
+    pushButton->setText(toQString(name));
   // A present but empty picture (a placeholder's) stays blank.
-  const QIcon picture =
-    qicon ? qicon->getIcon() : showCaption ? QIcon() : propUiGetIcon(QStringLiteral("default_button"));
+  static const QIcon noPicture;
+  const QIcon& picture = qicon ? qicon->getIcon() : showCaption ? noPicture : propui::stockActionPicture();
   propui::setIconIfChanged(pushButton, picture);
-  propui::fitActionButtonWidth(pushButton, showCaption ? caption : QString(), ownPicture ? pushButton->iconSize().width() : 0, 0);
+  if (pushButton->text() != textBefore || (showCaption && pushButton->icon().cacheKey() != pictureBefore))
+    propui::fitActionButtonWidth(pushButton);
 }

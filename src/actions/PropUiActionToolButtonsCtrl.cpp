@@ -39,15 +39,19 @@ void PropUiActionToolButtonsCtrl::updateBtn(QAbstractButton* button, PropAction*
   auto* mirror = toolButton ? qobject_cast<PropUiQAction*>(toolButton->defaultAction()) : nullptr;
   if (!mirror)
     return;
+  const QString before = mirror->iconText();
   mirror->setPropAction(action);
   // Buttons that all showed the stock picture could only be told apart by their tool
   // tips: an action without a picture of its own shows its caption instead.
   const QString caption = mirror->iconText();
   const bool showCaption = !caption.isEmpty() && !hasOwnPicture(action);
   const Qt::ToolButtonStyle style = showCaption ? Qt::ToolButtonTextOnly : Qt::ToolButtonIconOnly;
-  if (toolButton->toolButtonStyle() != style)
+  const bool restyled = toolButton->toolButtonStyle() != style;
+  if (restyled)
     toolButton->setToolButtonStyle(style);
-  if (mirror->toolTip() != caption)
-    mirror->setToolTip(caption);
-  propui::fitActionButtonWidth(toolButton, showCaption ? caption : QString(), 0, propui::kActionButtonSize);
+  // QAction compares with the tip it holds; asking toolTip() first would
+  // derive one from the caption on every refresh.
+  mirror->setToolTip(caption);
+  if (restyled || (showCaption && caption != before))
+    propui::fitActionButtonWidth(toolButton);
 }

@@ -5,6 +5,7 @@
 #include "PropUiOptions.h"
 #include "PropUiActionToolButtonsCtrl.h"
 #include "PropUiQControl.h"
+#include "PropUiTextCaption.h"
 #include "QHostCheckBox.h"
 #include <QApplication>
 #include <QHBoxLayout>
@@ -78,7 +79,7 @@ BoolRead readBoolItem(PropUiQControl* control, QAbstractButton* box, bool& value
   if (bag->getFlags(index) & PropItemFlag::kCaptionOnCheckBox)
   {
     OdString name;
-    if (bag->getName(index, name))
+    if (bag->getName(index, name) && !showsText(box->text(), name))
       box->setText(toQString(name));
   }
   PropVariant read;

@@ -4,6 +4,7 @@
 #include "PropBag.h"
 #include "PropUiQIcon.h"
 #include "PropUiButtonRow.h"
+#include "PropUiTextCaption.h"
 #include <QAbstractButton>
 #include <QButtonGroup>
 #include <QHBoxLayout>
@@ -71,11 +72,13 @@ void PropUiButtonGroupCtrl::updateData()
     updateBtn(buttons[i], texts[unsigned(i)], keys[unsigned(i)]);
   m_refreshKeeps = nullptr;
 
+  // Checking the current button lets the exclusive group release the one
+  // checked before; only a value that matches no button needs the release.
   QAbstractButton* current = currentButton(buttons);
-  if (wasChecked && wasChecked != current)
-    uncheck(wasChecked);
   if (current)
     setCurrentBtn(current);
+  if (wasChecked && wasChecked != current)
+    uncheck(wasChecked);
 }
 
 QAbstractButton* PropUiButtonGroupCtrl::currentButton(const QList<QAbstractButton*>& buttons) const
@@ -87,19 +90,24 @@ QAbstractButton* PropUiButtonGroupCtrl::currentButton(const QList<QAbstractButto
   if (!m_bag->getListText(m_index, value, text) && !m_bag->formatValue(m_index, m_element, value, text))
     return nullptr;
   // Matched by what the button reads, not by key: a button without text matches only an empty text.
-  const QString wanted = toQString(text);
   for (QAbstractButton* button : buttons)
-    if (button->text() == wanted)
+    if (propui::showsText(button->text(), text))
       return button;
   return nullptr;
 }
 
 void PropUiButtonGroupCtrl::showEntry(QAbstractButton* button, const OdString& text, unsigned long key)
 {
-  const QString shown = toQString(text);
-  propui::setToolTipIfChanged(button, shown);
-  if (!(m_options & PropUiOption::kIconsOnly))
-    button->setText(shown);
+  const bool tipShown = propui::showsText(button->toolTip(), text);
+  const bool captionShown = (m_options & PropUiOption::kIconsOnly) || propui::showsText(button->text(), text);
+  if (!tipShown || !captionShown)
+  {
+    const QString shown = toQString(text);
+    if (!tipShown)
+      button->setToolTip(shown);
+    if (!captionShown)
+      button->setText(shown);
+  }
   uncheck(button);
   OdSharedPtr<PropIcon> icon;
   if (m_bag && m_bag->getIcon(m_index, key, icon))

@@ -45,6 +45,8 @@ void fitButtonRow(PropUiQControl* control, QHBoxLayout* row, QButtonGroup* group
                   const std::function<QAbstractButton*()>& create,
                   const std::function<void(QAbstractButton*)>& forget)
 {
+  if (row->count() == count)
+    return;
   while (row->count() > count)
   {
     QLayoutItem* item = row->takeAt(count);

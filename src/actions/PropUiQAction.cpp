@@ -2,8 +2,9 @@
 
 #include "OdStringQt.h"
 #include "PropAction.h"
-#include "PropUiIcons.h"
+#include "PropUiActionButtonWidth.h"
 #include "PropUiQIcon.h"
+#include "PropUiTextCaption.h"
 
 PropUiQAction::PropUiQAction(QObject* parent) : QAction(parent) {}
 
@@ -19,11 +20,14 @@ void PropUiQAction::setPropAction(PropAction* action)
     setEnabled(true);
     return;
   }
-  setIconText(toQString(action->name()));
+  // Every refresh lands here, mostly with what is already shown: compared in
+  // place, as QAction announces a new icon to its buttons even when it is the same one.
+  const OdString name = action->name();
+  if (!propui::showsText(iconText(), name))
+    setIconText(toQString(name));
   OdSharedPtr<PropIcon> icon = action->icon();
   auto* qicon = dynamic_cast<PropUiQIcon*>(icon.get());
-  // Every refresh lands here; QAction announces a new icon to its buttons even when it is the same one.
-  const QIcon picture = qicon ? qicon->getIcon() : propUiGetIcon(QStringLiteral("default_button"));
+  const QIcon& picture = qicon ? qicon->getIcon() : propui::stockActionPicture();
   if (picture.cacheKey() != QAction::icon().cacheKey())
     setIcon(picture);
   setCheckable(action->checkable());

@@ -1,6 +1,7 @@
 #include "PropUiQButtons3x3Ctrl.h"
 
 #include "PropUiButtonRow.h"
+#include "PropUiTextCaption.h"
 #include "PropUiCollectorFocusPolicyFilter.h"
 
 #include "OdError.h"
@@ -70,27 +71,35 @@ void PropUiQButtons3x3Ctrl::refreshCells(const OdStringArray& texts, const PropK
   for (int i = 0; i < 9 && i < cells.size(); ++i)
   {
     QAbstractButton* cell = cells[i];
-    propui::setToolTipIfChanged(cell, toQString(texts[unsigned(i)]));
+    if (!propui::showsText(cell->toolTip(), texts[unsigned(i)]))
+      cell->setToolTip(toQString(texts[unsigned(i)]));
     OdSharedPtr<PropIcon> icon;
     if (m_bag->getIcon(m_index, keys[unsigned(i)], icon))
       if (auto* qicon = dynamic_cast<PropUiQIcon*>(icon.get()))
         propui::setIconIfChanged(cell, qicon->getIcon());
     PropVariant value;
-    if (m_bag->getListValue(m_index, keys[unsigned(i)], value) && (value.type() & PropVariant::kInt32))
+    if (m_bag->getListValue(m_index, keys[unsigned(i)], value) && (value.type() & PropVariant::kInt32) &&
+        m_buttonGroup->id(cell) != value.getInt32())
       m_buttonGroup->setId(cell, value.getInt32());
   }
 
   // A varying selection has no one cell to mark. Only cells whose state
   // changes are touched: a refresh does not flip the current cell off and on.
+  // Checking the marked cell makes the exclusive group release the one
+  // checked before; only when none is marked must a cell be let go by hand.
   PropVariant current;
   QAbstractButton* marked = nullptr;
   if (m_bag->getValue(m_index, current) && !current.isVaries())
     marked = m_buttonGroup->button(current.getInt32());
-  m_buttonGroup->setExclusive(false);
-  for (QAbstractButton* cell : cells)
-    if (cell->isChecked() != (cell == marked))
-      cell->setChecked(cell == marked);
-  m_buttonGroup->setExclusive(true);
+  if (marked && !marked->isChecked())
+    marked->setChecked(true);
+  QAbstractButton* stale = m_buttonGroup->checkedButton();
+  if (stale && stale != marked)
+  {
+    m_buttonGroup->setExclusive(false);
+    stale->setChecked(false);
+    m_buttonGroup->setExclusive(true);
+  }
 }
 
 void PropUiQButtons3x3Ctrl::onIdClicked(int id)

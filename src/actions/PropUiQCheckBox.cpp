@@ -34,10 +34,17 @@ void PropUiQCheckBox::updateData()
     setVaries(true);
     break;
   case propui::BoolRead::Value:
+  {
+    // Set only when it differs: unchecking a box makes Qt search its
+    // siblings for an exclusive partner.
+    const Qt::CheckState state = value ? Qt::Checked : Qt::Unchecked;
+    const bool shown = !isVaries() && m_checkBox->checkState() == state;
     setVaries(false);
-    m_lastState = value ? Qt::Checked : Qt::Unchecked;
-    m_checkBox->setCheckState(m_lastState);
+    m_lastState = state;
+    if (!shown)
+      m_checkBox->setCheckState(state);
     break;
+  }
   default:
     break; // unreadable or not a boolean: the box stays as it is
   }

@@ -2,6 +2,7 @@
 
 #include "OdStringQt.h"
 #include "PropUiButtonRow.h"
+#include "PropUiTextCaption.h"
 #include <QRadioButton>
 
 PropUiQRadioButtonsCtrl::PropUiQRadioButtonsCtrl(QWidget* parent) : PropUiButtonGroupCtrl(parent) {}
@@ -23,9 +24,16 @@ void PropUiQRadioButtonsCtrl::updateBtn(QAbstractButton* button, const OdString&
   auto* radio = qobject_cast<QRadioButton*>(button);
   if (!radio)
     return;
-  const QString shown = toQString(text);
-  radio->setText(shown);
-  propui::setToolTipIfChanged(radio, shown);
+  const bool captionShown = propui::showsText(radio->text(), text);
+  const bool tipShown = propui::showsText(radio->toolTip(), text);
+  if (!captionShown || !tipShown)
+  {
+    const QString shown = toQString(text);
+    if (!captionShown)
+      radio->setText(shown);
+    if (!tipShown)
+      radio->setToolTip(shown);
+  }
   uncheck(radio);
   m_buttonKeys[radio] = key;
 }

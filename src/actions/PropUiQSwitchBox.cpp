@@ -34,10 +34,17 @@ void PropUiQSwitchBox::updateData()
     setVaries(true);
     break;
   case propui::BoolRead::Value:
+  {
+    // Set only when it differs: unchecking a box makes Qt search its
+    // siblings for an exclusive partner.
+    const Qt::CheckState state = value ? Qt::Checked : Qt::Unchecked;
+    const bool shown = !isVaries() && m_checkBox->checkState() == state;
     setVaries(false);
     m_lastChecked = value;
-    m_checkBox->setCheckState(value ? Qt::Checked : Qt::Unchecked);
+    if (!shown)
+      m_checkBox->setCheckState(state);
     break;
+  }
   default:
     break; // unreadable or not a boolean: the box stays as it is
   }

@@ -59,23 +59,61 @@ QColor PropQSliderBox::readableOn(const QColor& background, const QColor& text)
   return contrast(black, background) >= contrast(white, background) ? black : white;
 }
 
-void PropQSliderBox::mousePressEvent(QMouseEvent* event)
+bool PropQSliderBox::paintsFlat() const
+{
+  return orientation() == Qt::Horizontal && m_groove.isValid();
+}
+
+QRect PropQSliderBox::styleHandleRect() const
 {
   QStyleOptionSlider option;
   initStyleOption(&option);
-  const QRect handle = style()->subControlRect(QStyle::CC_Slider, &option, QStyle::SC_SliderHandle, this);
-  if (handle.contains(event->localPos().toPoint()))
+  return style()->subControlRect(QStyle::CC_Slider, &option, QStyle::SC_SliderHandle, this);
+}
+
+QRect PropQSliderBox::handleRect() const
+{
+  const QRect styled = styleHandleRect();
+  return paintsFlat() ? QRect(styled.left(), 0, styled.width(), height()) : styled;
+}
+
+void PropQSliderBox::mousePressEvent(QMouseEvent* event)
+{
+  if (!handleRect().contains(event->localPos().toPoint()))
+  {
+    event->ignore();
+    return;
+  }
+  if (!paintsFlat())
   {
     QSlider::mousePressEvent(event);
     return;
   }
-  event->ignore();
+  // The style grabs its handle only where it would draw it, a band across the
+  // middle; the flat handle is as tall as the slider. Only the position along
+  // the slider matters to the drag, so the press is moved into the band.
+  const QPointF inBand(event->localPos().x(), styleHandleRect().center().y());
+  QMouseEvent press(event->type(), inBand, event->windowPos(), event->screenPos(), event->button(),
+                    event->buttons(), event->modifiers(), event->source());
+  QSlider::mousePressEvent(&press);
+  event->setAccepted(press.isAccepted());
 }
 
 void PropQSliderBox::paintEvent(QPaintEvent* event)
 {
-  QSlider::paintEvent(event);
+  const QRect handle = handleRect();
+  const bool flat = paintsFlat();
+  if (!flat)
+    QSlider::paintEvent(event);
   QPainter painter(this);
+  // Painted here rather than by a style sheet: a panel holds many sliders,
+  // and a sheet is parsed and polished for each one.
+  const int split = qBound(0, handle.right() + 1, width());
+  if (flat)
+  {
+    painter.fillRect(rect(), m_groove);
+    painter.fillRect(QRect(0, 0, split, height()), m_filled.isValid() ? m_filled : m_groove);
+  }
   QFont font = this->font();
   font.setPointSizeF((height() + 1) * 0.5);
   const bool showVaries = m_varies && !isSliderDown() && !m_keyboardMoved;
@@ -86,10 +124,6 @@ void PropQSliderBox::paintEvent(QPaintEvent* event)
 
   // The filled part ends inside the handle, which has the filled colour:
   // the text changes colour where the groove begins.
-  QStyleOptionSlider option;
-  initStyleOption(&option);
-  const QRect handle = style()->subControlRect(QStyle::CC_Slider, &option, QStyle::SC_SliderHandle, this);
-  const int split = qBound(0, handle.right() + 1, width());
   const QRect filled(0, 0, split, height());
   const QRect rest(split, 0, width() - split, height());
   const QColor groove = m_groove.isValid() ? m_groove : palette().color(QPalette::Base);

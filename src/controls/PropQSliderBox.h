@@ -27,10 +27,11 @@ public:
   bool isKeyboardEditing() const { return m_keyboardMoved; }
 
   /**
-   * The colours the slider's sheet paints: the groove, and the part up to
-   * and including the handle. The number is painted in the text colour
-   * wherever that reads at 4.5:1 or better on them, and in black or white
-   * where it would not.
+   * The colours of the flat look: the groove, and the part up to and
+   * including the handle, which then takes the slider's full height. Without
+   * them a slider keeps its style's look. The number is painted in the text
+   * colour wherever that reads at 4.5:1 or better on them, and in black or
+   * white where it would not.
    */
   void setColors(const QColor& groove, const QColor& filled, const QColor& text);
   QColor grooveColor() const { return m_groove; }
@@ -56,6 +57,11 @@ protected:
 
 private:
   void finishKeyboardEdit();
+  /** Flat when horizontal and coloured; a vertical slider keeps its style's look. */
+  bool paintsFlat() const;
+  QRect styleHandleRect() const;
+  /** Where the handle is drawn and where a press grabs it. */
+  QRect handleRect() const;
 
   bool m_varies = false;
   bool m_keyboardMoved = false;

@@ -5,17 +5,7 @@
 #include "PropUiActionToolButtonsCtrl.h"
 #include "PropUiThemeColors.h"
 #include <QHBoxLayout>
-#include <QStyle>
 #include <limits>
-
-namespace
-{
-
-// Taller than any row a panel gives the slider, so that the groove fills it
-// (the part beyond the slider is clipped).
-constexpr int kGrooveHeight = 480;
-
-} // namespace
 
 PropUiQSliderCtrl::PropUiQSliderCtrl(QWidget* parent) : PropUiQControl(parent) {}
 
@@ -27,8 +17,7 @@ bool PropUiQSliderCtrl::setupUi()
   auto* layout = adoptLayout(new QHBoxLayout);
   layout->setContentsMargins(0, 0, 0, 0);
   layout->setSpacing(0);
-  // Made with its parent: a slider adopted later by the layout would have
-  // its style sheet parsed a second time.
+  // Made with its parent: a slider adopted later by the layout is polished twice.
   m_slider = new PropQSliderBox(this);
   m_slider->setObjectName(QStringLiteral("slider"));
   m_slider->setOrientation(Qt::Horizontal);
@@ -37,16 +26,6 @@ bool PropUiQSliderCtrl::setupUi()
   HostVisualManager* theme = hostVisualManager();
   const QColor accent = propui::colorFromWord(theme->accentColor());
   const QColor handle = theme->isDarkTheme() ? accent.lighter(150) : accent.lighter(80);
-  // Asked before the sheet replaces the style: a handle narrower than the
-  // style's own is too small to grab.
-  const int handleWidth = m_slider->style()->pixelMetric(QStyle::PM_SliderLength, nullptr, m_slider);
-  m_slider->setStyleSheet(
-    QStringLiteral("QSlider::groove:horizontal{height: %1px;background: %2;border-radius: 0px;}"
-                   "QSlider::handle:horizontal{background: %3;width: %4px;border-radius: 0px;border: 0px;border-color: %3;}"
-                   "QSlider::sub-page:horizontal{background: %3;border-radius: 0px;}")
-      .arg(kGrooveHeight)
-      .arg(accent.name(), handle.name())
-      .arg(handleWidth));
   m_slider->setColors(accent, handle, propui::colorFromWord(theme->textColor(0)));
 
   PropVariant min, max;

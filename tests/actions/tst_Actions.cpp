@@ -354,11 +354,19 @@ private slots:
     QFont bigger = button->font();
     bigger.setPointSize(bigger.pointSize() * 2);
     button->setFont(bigger);
+    // The font alone, before any refresh, makes the caption fit again.
+    QVERIFY(button->width() >= button->fontMetrics().horizontalAdvance(QStringLiteral("Zoom to the whole drawing")));
     row->updateData();
     QVERIFY(button->width() >= button->fontMetrics().horizontalAdvance(QStringLiteral("Zoom to the whole drawing")));
 
+    const int captionOnly = button->width();
     action->iconToGive = QIcon(QPixmap::fromImage(drawnIcon()));
     row->updateData();
+    // A push button makes room for the picture beside its caption; a tool button shows only the picture.
+    if (push)
+      QVERIFY(button->width() > captionOnly);
+    else
+      QCOMPARE(button->width(), 15);
     auto* tool = qobject_cast<QToolButton*>(button);
     QCOMPARE(pictureOf(tool ? tool->defaultAction()->icon() : button->icon()), drawnIcon());
   }

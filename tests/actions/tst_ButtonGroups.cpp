@@ -158,6 +158,18 @@ private slots:
     row->updateData();
     QCOMPARE(checkedOf(row.data()), buttons[2]);
     QCOMPARE(buttons[2]->text(), QStringLiteral("mi"));
+
+    // Characters beyond 16 bits take two places in a QString and one in the bag's text.
+    const QString wide = QStringLiteral("\U0001D400") + QStringLiteral("-profile");
+    bag.item(item).listNames[2] = wide;
+    row->updateData();
+    QCOMPARE(buttons[2]->text(), wide);
+    QCOMPARE(buttons[2]->toolTip(), wide);
+    QCOMPARE(checkedOf(row.data()), buttons[2]);
+    QSignalSpy stays(buttons[2], &QAbstractButton::toggled);
+    row->updateData();
+    QCOMPARE(checkedOf(row.data()), buttons[2]);
+    QCOMPARE(stays.count(), 0);
   }
 
   // A row is one Tab stop on its buttons, never on the frame that cannot show focus.
