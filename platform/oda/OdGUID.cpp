@@ -1,7 +1,6 @@
 #include "OdGUID.h"
 
 #include <cstring>
-#include <cwchar>
 
 const OdGUID OdGUID::kNull;
 
@@ -24,14 +23,43 @@ OdGUID::OdGUID(int data1, short data2, short data3, unsigned char b0, unsigned c
   std::memcpy(m_data4, bytes, sizeof m_data4);
 }
 
+namespace
+{
+
+/** Writes the value's `digits` lowest hex digits, upper case; answers the position after them. */
+wchar_t* putHex(wchar_t* at, unsigned long value, int digits)
+{
+  static const wchar_t kDigits[] = L"0123456789ABCDEF";
+  for (int i = digits - 1; i >= 0; --i, value >>= 4)
+    at[i] = kDigits[value & 0xF];
+  return at + digits;
+}
+
+} // namespace
+
+// Every control is found by this text: written by hand rather than through
+// swprintf, which costs more than the lookup it serves.
 OdString OdGUID::toString(int format) const
 {
-  wchar_t buf[48];
-  std::swprintf(buf, 48, L"%08X-%04X-%04X-%02X%02X-%02X%02X%02X%02X%02X%02X", m_data1, unsigned(m_data2),
-                unsigned(m_data3), m_data4[0], m_data4[1], m_data4[2], m_data4[3], m_data4[4], m_data4[5],
-                m_data4[6], m_data4[7]);
+  wchar_t buf[40];
+  wchar_t* at = buf;
   if (format == 0)
-    return OdString(L"{") + OdString(buf) + OdString(L"}");
+    *at++ = L'{';
+  at = putHex(at, m_data1, 8);
+  *at++ = L'-';
+  at = putHex(at, m_data2, 4);
+  *at++ = L'-';
+  at = putHex(at, m_data3, 4);
+  *at++ = L'-';
+  for (int i = 0; i < 8; ++i)
+  {
+    if (i == 2)
+      *at++ = L'-';
+    at = putHex(at, m_data4[i], 2);
+  }
+  if (format == 0)
+    *at++ = L'}';
+  *at = L'\0';
   return OdString(buf);
 }
 
