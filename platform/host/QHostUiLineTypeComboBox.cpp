@@ -76,15 +76,7 @@ void QHostUiLineTypeComboBox::rebuild()
 
 int QHostUiLineTypeComboBox::findLinetype(const OdDbObjectId& id) const
 {
-  // Asked twice on every refresh; a model match would compare keys as variants of any type.
-  const qulonglong handle = id.getHandle();
-  for (int row = 0; row < count(); ++row)
-  {
-    const QVariant entry = itemData(row, Qt::UserRole);
-    if (entry.userType() == QMetaType::ULongLong && entry.toULongLong() == handle)
-      return row;
-  }
-  return -1;
+  return findKeyFast(id.getHandle());
 }
 
 void QHostUiLineTypeComboBox::setLinetypeByLayer(const OdDbObjectId& id, bool resolved)
