@@ -123,8 +123,9 @@ private slots:
   void aComboFindsItsEntriesAfterEveryChange()
   {
     host_qt_ui_core::QHostComboBox combo;
-    const QStringList probes{QStringLiteral("solid"), QStringLiteral("DASHED"), QStringLiteral("Dots"),
-                             QStringLiteral("Straße"), QStringLiteral("STRASSE"), QString(), QStringLiteral("Hidden")};
+    const QStringList probes{QStringLiteral("solid"),  QStringLiteral("DASHED"),  QStringLiteral("Dots"),
+                             QStringLiteral("Straße"), QStringLiteral("STRASSE"), QString(),
+                             QStringLiteral("Hidden")};
     auto agrees = [&](const char* step) {
       for (const QString& probe : probes)
         if (combo.findTextFast(probe) != combo.findText(probe, Qt::MatchFixedString))
