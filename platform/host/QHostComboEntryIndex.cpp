@@ -2,6 +2,7 @@
 
 #include <QAbstractItemModel>
 #include <QComboBox>
+#include <algorithm>
 
 namespace host_qt_ui_core
 {
@@ -22,6 +23,13 @@ uint foldedHash(const QString& text)
     hash = hash * 31 + QChar::toCaseFolded(code);
   }
   return hash;
+}
+
+template <class Key>
+int firstRowOf(const QVector<QPair<Key, int> >& rows, Key key)
+{
+  const auto found = std::lower_bound(rows.cbegin(), rows.cend(), qMakePair(key, -1));
+  return found != rows.cend() && found->first == key ? found->second : -1;
 }
 
 } // namespace
@@ -73,20 +81,23 @@ void QHostComboEntryIndex::rebuild(const QComboBox& combo)
   m_keys.clear();
   const int rows = combo.count();
   m_texts.reserve(rows);
-  for (int row = rows - 1; row >= 0; --row) // downwards, so that the first of equal rows stays
+  for (int row = 0; row < rows; ++row)
   {
-    m_texts.insert(foldedHash(combo.itemText(row)), row);
+    m_texts.append(qMakePair(foldedHash(combo.itemText(row)), row));
     const QVariant key = combo.itemData(row, Qt::UserRole);
     if (key.userType() == QMetaType::ULongLong)
-      m_keys.insert(key.toULongLong(), row);
+      m_keys.append(qMakePair(key.toULongLong(), row));
   }
+  // By hash or key, then by row: the first of equal entries comes first.
+  std::sort(m_texts.begin(), m_texts.end());
+  std::sort(m_keys.begin(), m_keys.end());
   m_stale = false;
 }
 
 int QHostComboEntryIndex::rowOfText(const QComboBox& combo, const QString& text)
 {
   rebuild(combo);
-  const int row = m_texts.value(foldedHash(text), -1);
+  const int row = firstRowOf(m_texts, foldedHash(text));
   if (row < 0 || combo.itemText(row).compare(text, Qt::CaseInsensitive) == 0)
     return row;
   // Two texts of one hash: the model tells which row is the first that matches.
@@ -96,7 +107,7 @@ int QHostComboEntryIndex::rowOfText(const QComboBox& combo, const QString& text)
 int QHostComboEntryIndex::rowOfKey(const QComboBox& combo, qulonglong key)
 {
   rebuild(combo);
-  return m_keys.value(key, -1);
+  return firstRowOf(m_keys, key);
 }
 
 } // namespace host_qt_ui_core

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "HostExport.h"
-#include <QHash>
 #include <QMetaObject>
+#include <QPair>
 #include <QPointer>
 #include <QVector>
 
@@ -41,8 +41,9 @@ private:
   int m_column = 0;
   QVector<QMetaObject::Connection> m_watch;
   bool m_stale = true;
-  QHash<uint, int> m_texts; // by a hash of the folded text, checked against the row when found
-  QHash<qulonglong, int> m_keys;
+  // Sorted (hash or key, row) pairs: one block each to fill and free, where a hash table frees node by node.
+  QVector<QPair<uint, int> > m_texts; // by a hash of the folded text, checked against the row when found
+  QVector<QPair<qulonglong, int> > m_keys;
 };
 
 } // namespace host_qt_ui_core
