@@ -26,7 +26,7 @@ uint foldedHash(const QString& text)
 }
 
 template <class Key>
-int firstRowOf(const QVector<QPair<Key, int> >& rows, Key key)
+int firstRowOf(const QVector<QPair<Key, int>>& rows, Key key)
 {
   const auto found = std::lower_bound(rows.cbegin(), rows.cend(), qMakePair(key, -1));
   return found != rows.cend() && found->first == key ? found->second : -1;

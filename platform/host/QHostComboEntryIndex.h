@@ -42,8 +42,8 @@ private:
   QVector<QMetaObject::Connection> m_watch;
   bool m_stale = true;
   // Sorted (hash or key, row) pairs: one block each to fill and free, where a hash table frees node by node.
-  QVector<QPair<uint, int> > m_texts; // by a hash of the folded text, checked against the row when found
-  QVector<QPair<qulonglong, int> > m_keys;
+  QVector<QPair<uint, int>> m_texts; // by a hash of the folded text, checked against the row when found
+  QVector<QPair<qulonglong, int>> m_keys;
 };
 
 } // namespace host_qt_ui_core
