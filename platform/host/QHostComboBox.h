@@ -1,6 +1,7 @@
 #pragma once
 
 #include "HostExport.h"
+#include "QHostComboEntryIndex.h"
 #include <QComboBox>
 
 namespace host_qt_ui_core
@@ -22,6 +23,10 @@ public:
   bool isMouseWheelDisabled() const { return m_wheelDisabled; }
   /** Editable, completing from its own entries; typing never adds an entry. */
   void setEditableWithCompleter(bool on = true);
+  /** The first entry whose text is `text` ignoring case, as findText(text, Qt::MatchFixedString) finds it. */
+  int findTextFast(const QString& text) const { return m_entries.rowOfText(*this, text); }
+  /** The first entry whose user data is the unsigned 64-bit `key`; -1 when none. */
+  int findKeyFast(qulonglong key) const { return m_entries.rowOfKey(*this, key); }
 
 protected:
   void wheelEvent(QWheelEvent* event) override;
@@ -29,6 +34,7 @@ protected:
 
 private:
   bool m_wheelDisabled = false;
+  mutable QHostComboEntryIndex m_entries;
 };
 
 } // namespace host_qt_ui_core

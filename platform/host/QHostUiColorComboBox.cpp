@@ -2,6 +2,7 @@
 
 #include "QHostUiChoosers.h"
 #include "hostColors.h"
+#include "hostQtPicture.h"
 #include <QCoreApplication>
 #include <QTimer>
 
@@ -61,6 +62,7 @@ void QHostUiColorComboBox::rebuild()
   const OdCmColor current = getSelectedColor();
   const QSignalBlocker quiet(this);
   clear();
+  m_byLayerPicture = 0;
   if (m_options & ColorByLayer)
     addItem(hostQtGetColorIcon(m_byLayerResolved ? m_byLayerShows : OdCmColor(), kSwatch, kSwatch),
             hostQtColorName(OdCmColor(OdCmEntityColor::kByLayer)), keyOf(OdCmColor(OdCmEntityColor::kByLayer)));
@@ -85,15 +87,7 @@ void QHostUiColorComboBox::rebuild()
 
 int QHostUiColorComboBox::findColor(const OdCmColor& color) const
 {
-  // Asked on every refresh; a model match would compare keys as variants of any type.
-  const qulonglong key = color.color();
-  for (int row = 0; row < count(); ++row)
-  {
-    const QVariant entry = itemData(row, Qt::UserRole);
-    if (entry.userType() == QMetaType::ULongLong && entry.toULongLong() == key)
-      return row;
-  }
-  return -1;
+  return findKeyFast(color.color());
 }
 
 int QHostUiColorComboBox::insertColor(const OdCmColor& color)
@@ -149,16 +143,22 @@ OdCmColor QHostUiColorComboBox::getSelectedColor() const
 
 void QHostUiColorComboBox::setColorByLayer(const OdCmColor& layerColor, bool resolved)
 {
+  const bool sameColour = resolved == m_byLayerResolved && (!resolved || layerColor == m_byLayerShows);
   m_byLayerShows = layerColor;
   m_byLayerResolved = resolved;
   // Offered, ByLayer is the first entry; otherwise it is listed only when it was added as a colour.
   const int byLayer = (m_options & ColorByLayer) ? 0 : findColor(OdCmColor(OdCmEntityColor::kByLayer));
   if (byLayer < 0)
     return;
-  // Every refresh of the control lands here, and nearly always finds the picture already shown.
+  // Every refresh of the control lands here, and nearly always with the picture already shown.
+  const QRgb ink = hostQtPictureInk().rgba();
+  if (sameColour && ink == m_byLayerInk && itemIcon(byLayer).cacheKey() == m_byLayerPicture)
+    return;
   const QIcon picture = hostQtGetColorIcon(resolved ? layerColor : OdCmColor(), kSwatch, kSwatch);
   if (itemIcon(byLayer).cacheKey() != picture.cacheKey())
     setItemIcon(byLayer, picture);
+  m_byLayerInk = ink;
+  m_byLayerPicture = picture.cacheKey();
 }
 
 void QHostUiColorComboBox::onOwnActivated(int index)

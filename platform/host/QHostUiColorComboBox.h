@@ -2,6 +2,7 @@
 
 #include "OdCmColor.h"
 #include "QHostComboBox.h"
+#include <QRgb>
 #include <vector>
 
 class OdDbDatabase;
@@ -77,6 +78,8 @@ private:
   std::vector<OdCmColor> m_added;
   OdCmColor m_byLayerShows;
   bool m_byLayerResolved = false;
+  QRgb m_byLayerInk = 0;
+  qint64 m_byLayerPicture = 0;
   int m_previous = -1;
 };
 

@@ -4,6 +4,7 @@
 #include "OdDbLinetypeTableRecord.h"
 #include "OdStringQt.h"
 #include "QHostUiChoosers.h"
+#include "hostQtPicture.h"
 #include <QCoreApplication>
 #include <QTimer>
 
@@ -66,6 +67,7 @@ void QHostUiLineTypeComboBox::rebuild()
   const OdDbObjectId current = selectedLineType();
   const QSignalBlocker quiet(this);
   clear();
+  m_byLayerPicture = 0;
   m_list->init(int(m_options), m_database);
   m_list->appendTo(this);
   if (m_options & LineTypeOther)
@@ -76,15 +78,7 @@ void QHostUiLineTypeComboBox::rebuild()
 
 int QHostUiLineTypeComboBox::findLinetype(const OdDbObjectId& id) const
 {
-  // Asked twice on every refresh; a model match would compare keys as variants of any type.
-  const qulonglong handle = id.getHandle();
-  for (int row = 0; row < count(); ++row)
-  {
-    const QVariant entry = itemData(row, Qt::UserRole);
-    if (entry.userType() == QMetaType::ULongLong && entry.toULongLong() == handle)
-      return row;
-  }
-  return -1;
+  return findKeyFast(id.getHandle());
 }
 
 void QHostUiLineTypeComboBox::setLinetypeByLayer(const OdDbObjectId& id, bool resolved)
@@ -95,9 +89,32 @@ void QHostUiLineTypeComboBox::setLinetypeByLayer(const OdDbObjectId& id, bool re
   if (row < 0)
     return;
   // Every refresh of the control lands here, and nearly always finds the picture already shown.
-  const QIcon picture = QHostLineTypeListModel::linetypePicture(resolved ? m_database->openLinetype(id) : nullptr);
+  const OdDbLinetypeTableRecord* linetype = resolved ? m_database->openLinetype(id) : nullptr;
+  if (byLayerShows(linetype, row))
+    return;
+  const QIcon picture = QHostLineTypeListModel::linetypePicture(linetype);
   if (itemIcon(row).cacheKey() != picture.cacheKey())
     setItemIcon(row, picture);
+  m_byLayerInk = hostQtPictureInk().rgba();
+  m_byLayerPicture = picture.cacheKey();
+  m_byLayerPattern = linetype ? linetype->patternLength() : 0.0;
+  m_byLayerDashes.clear();
+  for (int i = 0; linetype && i < linetype->numDashes(); ++i)
+    m_byLayerDashes.append(linetype->dashLengthAt(i));
+}
+
+bool QHostUiLineTypeComboBox::byLayerShows(const OdDbLinetypeTableRecord* linetype, int row) const
+{
+  // The picture is drawn from the dashes alone, so equal dashes show the same picture.
+  const int dashes = linetype ? linetype->numDashes() : 0;
+  const double pattern = linetype ? linetype->patternLength() : 0.0;
+  if (m_byLayerPicture == 0 || dashes != m_byLayerDashes.size() || pattern != m_byLayerPattern ||
+      hostQtPictureInk().rgba() != m_byLayerInk || itemIcon(row).cacheKey() != m_byLayerPicture)
+    return false;
+  for (int i = 0; i < dashes; ++i)
+    if (linetype->dashLengthAt(i) != m_byLayerDashes[i])
+      return false;
+  return true;
 }
 
 int QHostUiLineTypeComboBox::setSelectedLineType(const OdDbObjectId& id)

@@ -4,8 +4,11 @@
 #include "QHostComboBox.h"
 #include "QHostLineTypeListModel.h"
 #include <QPointer>
+#include <QRgb>
+#include <QVector>
 
 class OdDbDatabase;
+class OdDbLinetypeTableRecord;
 
 namespace host_qt_ui
 {
@@ -41,12 +44,18 @@ public:
 private:
   void rebuild();
   int findLinetype(const OdDbObjectId& id) const;
+  /** Whether the ByLayer entry at `row` already shows the picture of these dashes. */
+  bool byLayerShows(const OdDbLinetypeTableRecord* linetype, int row) const;
   void onOwnActivated(int index);
 
   LineTypeOptions m_options = LineTypeOptions(LineTypeByLayer | LineTypeByBlock);
   QPointer<QHostLineTypeListModel> m_list;
   OdDbDatabase* m_database = nullptr;
   int m_previous = -1;
+  QRgb m_byLayerInk = 0;
+  qint64 m_byLayerPicture = 0;
+  double m_byLayerPattern = 0.0;
+  QVector<double> m_byLayerDashes;
 };
 
 } // namespace host_qt_ui

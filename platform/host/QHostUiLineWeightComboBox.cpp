@@ -1,6 +1,7 @@
 #include "QHostUiLineWeightComboBox.h"
 
 #include "OdDbDatabase.h"
+#include "hostQtPicture.h"
 
 namespace host_qt_ui
 {
@@ -35,6 +36,8 @@ void QHostUiLineWeightComboBox::rebuild()
   const OdDb::LineWeight current = getSelectedWeight();
   const QSignalBlocker quiet(this);
   clear();
+  m_byLayerShown = ShownWeight();
+  m_byDefaultShown = ShownWeight();
   m_list->init(int(m_options));
   m_list->appendTo(this);
   setCurrentIndex(hadCurrent ? m_list->findRow(current) : -1);
@@ -44,26 +47,37 @@ void QHostUiLineWeightComboBox::setLineweightByLayer(OdDb::LineWeight weight, bo
 {
   // The entries are the list's rows, in its order: its rows are found without asking the combo's model.
   const int row = m_list->findRow(OdDb::kLnWtByLayer);
-  if (row >= 0)
-    showPicture(row, QHostLineWeightListModel::weightPicture(resolved ? weight : OdDb::kLnWtByLayer));
+  const OdDb::LineWeight shown = resolved ? weight : OdDb::kLnWtByLayer;
+  if (row >= 0 && !m_byLayerShown.holds(*this, row, shown))
+    m_byLayerShown.remember(*this, row, shown, QHostLineWeightListModel::weightPicture(shown));
 }
 
 void QHostUiLineWeightComboBox::setLineweightByDefault(OdDb::LineWeight weight)
 {
   const int row = m_list->findRow(OdDb::kLnWtByLwDefault);
-  if (row < 0)
+  if (row < 0 || m_byDefaultShown.holds(*this, row, weight))
     return;
-  showPicture(row, QHostLineWeightListModel::weightPicture(weight));
+  m_byDefaultShown.remember(*this, row, weight, QHostLineWeightListModel::weightPicture(weight));
   const QString toolTip = QHostLineWeightListModel::weightText(weight);
   if (itemData(row, Qt::ToolTipRole).toString() != toolTip)
     setItemData(row, toolTip, Qt::ToolTipRole);
 }
 
-void QHostUiLineWeightComboBox::showPicture(int row, const QIcon& picture)
+bool QHostUiLineWeightComboBox::ShownWeight::holds(const QComboBox& combo, int row, OdDb::LineWeight wanted) const
 {
-  // Every refresh of the control lands here, and nearly always finds the picture already shown.
-  if (itemIcon(row).cacheKey() != picture.cacheKey())
-    setItemIcon(row, picture);
+  // Every refresh of the control lands here, and nearly always with the picture already shown.
+  return picture != 0 && wanted == weight && hostQtPictureInk().rgba() == ink &&
+         combo.itemIcon(row).cacheKey() == picture;
+}
+
+void QHostUiLineWeightComboBox::ShownWeight::remember(QComboBox& combo, int row, OdDb::LineWeight wanted,
+                                                      const QIcon& shown)
+{
+  if (combo.itemIcon(row).cacheKey() != shown.cacheKey())
+    combo.setItemIcon(row, shown);
+  weight = wanted;
+  ink = hostQtPictureInk().rgba();
+  picture = shown.cacheKey();
 }
 
 int QHostUiLineWeightComboBox::setSelectedWeight(OdDb::LineWeight weight)

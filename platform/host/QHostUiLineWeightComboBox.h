@@ -4,6 +4,7 @@
 #include "QHostComboBox.h"
 #include "QHostLineWeightListModel.h"
 #include <QPointer>
+#include <QRgb>
 
 class OdDbDatabase;
 
@@ -38,10 +39,21 @@ public:
 
 private:
   void rebuild();
-  void showPicture(int row, const QIcon& picture);
+  /** What an entry standing for another width was last drawn with. */
+  struct ShownWeight
+  {
+    bool holds(const QComboBox& combo, int row, OdDb::LineWeight wanted) const;
+    void remember(QComboBox& combo, int row, OdDb::LineWeight wanted, const QIcon& shown);
+
+    OdDb::LineWeight weight = OdDb::kLnWtByLayer;
+    QRgb ink = 0;
+    qint64 picture = 0;
+  };
 
   LineWeightOptions m_options = LineWeightOptions(LineWeightByLayer | LineWeightByBlock | LineWeightDefault);
   QPointer<QHostLineWeightListModel> m_list;
+  ShownWeight m_byLayerShown;
+  ShownWeight m_byDefaultShown;
 };
 
 } // namespace host_qt_ui

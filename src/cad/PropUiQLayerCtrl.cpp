@@ -164,7 +164,7 @@ int PropUiQLayerCtrl::addTempItem(const PropVariant& value)
   OdDbObjectId id;
   if (propVariantToObjectId(value, id) && !id.isNull())
   {
-    const int listed = m_combo->findData(QVariant::fromValue<qulonglong>(id.getHandle()), Qt::UserRole);
+    const int listed = m_combo->findKeyFast(id.getHandle());
     if (listed >= 0)
       return listed;
   }

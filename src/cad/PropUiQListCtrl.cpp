@@ -88,7 +88,7 @@ QStandardItemModel* PropUiQListCtrl::model() const
 void PropUiQListCtrl::updateUi()
 {
   PropUiQControl::updateUi();
-  readCheckStates();
+  readCheckStates(false);
 }
 
 void PropUiQListCtrl::updateData()
@@ -100,39 +100,56 @@ void PropUiQListCtrl::updateData()
   PropVariant value;
   if (!readValue(value))
     return;
-  // Rebuilding moves the selection and the current row; that is not the user choosing.
+  // Updating the rows moves the selection and the current row; that is not the user choosing.
   const ApplyingScope rebuilding(this);
   const PropVariant current = m_current;
   const OdArray<PropVariant> selected = m_selected;
-  rows->removeRows(0, rows->rowCount());
   const QVariantList entries = value.isVaries() ? QVariantList() : entriesOf(value);
+  if (rows->rowCount() > entries.size())
+    rows->removeRows(entries.size(), rows->rowCount() - entries.size());
   const bool checkable = m_options & PropUiOption::kListCheckBoxes;
   const bool pins = m_options & PropUiOption::kListPins;
+  const Qt::ItemFlags flags =
+    Qt::ItemIsSelectable | Qt::ItemIsEnabled | (checkable ? Qt::ItemIsUserCheckable : Qt::NoItemFlags);
+  // A refresh mostly finds the rows it showed: they are changed where they differ, not made again.
   QList<QStandardItem*> made;
-  made.reserve(entries.size());
+  QVector<PropVariant> values(entries.size());
   for (int i = 0; i < entries.size(); ++i)
   {
-    PropVariant entry;
+    PropVariant& entry = values[i];
     PropUiVariantConverter::toPropVariant(entries[i], entry);
     const QString text = m_formatter ? m_formatter->getElementText(m_index, entry, OdUInt64(i)) : QString();
-    const QVariant icon = m_formatter ? m_formatter->getElementIcon(m_index, entry, OdUInt64(i)) : QVariant();
-    auto* row = new QStandardItem(icon.value<QIcon>(), text.isNull() ? entries[i].toString() : text);
-    row->setData(entries[i], kValueRole);
-    Qt::ItemFlags flags = Qt::ItemIsSelectable | Qt::ItemIsEnabled;
-    if (checkable)
+    const QIcon icon =
+      (m_formatter ? m_formatter->getElementIcon(m_index, entry, OdUInt64(i)) : QVariant()).value<QIcon>();
+    const QString shown = text.isNull() ? entries[i].toString() : text;
+    QStandardItem* row = i < rows->rowCount() ? rows->item(i) : nullptr;
+    if (!row)
     {
-      flags |= Qt::ItemIsUserCheckable;
-      row->setData(Qt::Unchecked, Qt::CheckStateRole);
+      row = new QStandardItem(icon, shown);
+      row->setData(entries[i], kValueRole);
+      if (checkable)
+        row->setData(Qt::Unchecked, Qt::CheckStateRole);
+      if (pins)
+        row->setData(entry == m_pinned, kPinRole);
+      row->setFlags(flags);
+      made.append(row);
+      continue;
     }
-    if (pins)
+    if (row->text() != shown)
+      row->setText(shown);
+    if (row->icon().cacheKey() != icon.cacheKey())
+      row->setIcon(icon);
+    if (row->data(kValueRole) != entries[i])
+      row->setData(entries[i], kValueRole);
+    if (pins && row->data(kPinRole) != QVariant(entry == m_pinned))
       row->setData(entry == m_pinned, kPinRole);
-    row->setFlags(flags);
-    made.append(row);
+    if (row->flags() != flags)
+      row->setFlags(flags);
   }
   for (QStandardItem* row : made)
     rows->appendRow(row);
-  restoreSelection(current, selected);
-  readCheckStates();
+  restoreSelection(values, current, selected);
+  readCheckStates(true);
   // The view lays the new rows out later; only then can it show the current one. Without one,
   // a refresh posts nothing.
   QPointer<QListView> view = m_view;
@@ -144,7 +161,8 @@ void PropUiQListCtrl::updateData()
   });
 }
 
-void PropUiQListCtrl::restoreSelection(const PropVariant& current, const OdArray<PropVariant>& selected)
+void PropUiQListCtrl::restoreSelection(const QVector<PropVariant>& values, const PropVariant& current,
+                                       const OdArray<PropVariant>& selected)
 {
   QStandardItemModel* rows = model();
   QItemSelectionModel* selection = m_view ? m_view->selectionModel() : nullptr;
@@ -152,14 +170,14 @@ void PropUiQListCtrl::restoreSelection(const PropVariant& current, const OdArray
     return;
   QItemSelection kept;
   QModelIndex currentIndex;
-  for (int r = 0; r < rows->rowCount(); ++r)
+  const bool anyChosen = !(current == PropVariant()) || !selected.isEmpty();
+  for (int r = 0; anyChosen && r < values.size(); ++r)
   {
     const QModelIndex index = rows->index(r, 0);
-    const PropVariant value = propValueOf(index);
-    if (!currentIndex.isValid() && value == current)
+    if (!currentIndex.isValid() && values[r] == current)
       currentIndex = index;
     for (const PropVariant& chosen : selected)
-      if (chosen == value)
+      if (chosen == values[r])
       {
         kept.merge(QItemSelection(index, index), QItemSelectionModel::Select);
         break;
@@ -167,12 +185,15 @@ void PropUiQListCtrl::restoreSelection(const PropVariant& current, const OdArray
   }
   if (currentIndex.isValid())
     selection->setCurrentIndex(currentIndex, QItemSelectionModel::NoUpdate);
-  selection->select(kept, QItemSelectionModel::ClearAndSelect);
+  else if (selection->currentIndex().isValid())
+    selection->setCurrentIndex(QModelIndex(), QItemSelectionModel::NoUpdate); // its row now holds another value
+  if (!kept.isEmpty() || selection->hasSelection())
+    selection->select(kept, QItemSelectionModel::ClearAndSelect);
   // What is shown now is what was chosen; values whose rows went are no longer chosen.
   m_current = currentIndex.isValid() ? current : PropVariant();
   m_selected.clear();
   for (const QModelIndex& index : selection->selectedIndexes())
-    m_selected.append(propValueOf(index));
+    m_selected.append(values.value(index.row()));
 }
 
 bool PropUiQListCtrl::rowElements(PropKeyArray& elements) const
@@ -188,26 +209,26 @@ bool PropUiQListCtrl::rowElements(PropKeyArray& elements) const
   return int(elements.size()) == rows->rowCount();
 }
 
-void PropUiQListCtrl::readCheckStates()
+void PropUiQListCtrl::readCheckStates(bool uncheckUnread)
 {
   QStandardItemModel* rows = model();
   if (!rows || !m_bag || !(m_options & PropUiOption::kListCheckBoxes))
     return;
-  PropVariant value;
-  if (!readValue(value) || value.isVaries())
-    return;
-  PropKeyArray elements;
-  if (!rowElements(elements))
-    return;
   // Setting the boxes from the bag is not the user ticking them.
   const ApplyingScope reading(this);
+  PropVariant value;
+  PropKeyArray elements;
+  const bool matches = readValue(value) && !value.isVaries() && rowElements(elements);
+  if (!matches && !uncheckUnread)
+    return;
   for (int r = 0; r < rows->rowCount(); ++r)
   {
     PropVariant checked;
-    if (!m_bag->getElementValue(m_index, elements[r], checked) || checked.scalarType() != PropVariant::kBool ||
-        checked.isArray() || checked.isVaries())
+    const bool read = matches && m_bag->getElementValue(m_index, elements[r], checked) &&
+                      checked.scalarType() == PropVariant::kBool && !checked.isArray() && !checked.isVaries();
+    if (!read && !uncheckUnread)
       continue;
-    const Qt::CheckState state = checked.getBool() ? Qt::Checked : Qt::Unchecked;
+    const Qt::CheckState state = read && checked.getBool() ? Qt::Checked : Qt::Unchecked;
     QStandardItem* row = rows->item(r);
     if (row && row->data(Qt::CheckStateRole) != QVariant(state))
       row->setData(state, Qt::CheckStateRole);

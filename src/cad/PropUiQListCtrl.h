@@ -7,6 +7,7 @@
 #include "PropVariant.h"
 #include <QItemSelection>
 #include <QPointer>
+#include <QVector>
 
 #include <QListView>
 class QStandardItemModel;
@@ -57,13 +58,18 @@ public:
   static constexpr int kPinRole = Qt::UserRole + 2;
 
 private:
-  /** Sets the check boxes from the bag, when the bag's elements match the rows. */
-  void readCheckStates();
+  /**
+   * Sets the check boxes from the bag, when the bag's elements match the rows;
+   * with `uncheckUnread`, a box the bag says nothing about is cleared.
+   */
+  void readCheckStates(bool uncheckUnread);
   /** The elements behind the rows, or false when the bag's list does not match them. */
   bool rowElements(PropKeyArray& elements) const;
   void writeCheckStates(int first, int last);
   void reportPins(int first, int last);
-  void restoreSelection(const PropVariant& current, const OdArray<PropVariant>& selected);
+  /** Chooses again, among the rows holding `values`, the current value and the selected ones that are still there. */
+  void restoreSelection(const QVector<PropVariant>& values, const PropVariant& current,
+                        const OdArray<PropVariant>& selected);
   int typeId() const;
 
   QPointer<QListView> m_view;

@@ -223,14 +223,29 @@ void PropUiQMultiTextComboCtrl::showChosen(const QVector<bool>& chosen)
   QStandardItemModel* model = entries();
   if (!model)
     return;
-  for (int i = 0; i < chosen.size() && i < model->rowCount(); ++i)
+  // The summary is made on the way, as summary() would make it from the boxes.
+  QString text;
+  bool first = true;
+  for (int i = 0; i < model->rowCount(); ++i)
   {
-    const Qt::CheckState state = chosen[i] ? Qt::Checked : Qt::Unchecked;
-    if (model->item(i)->checkState() != state)
-      model->item(i)->setCheckState(state);
+    QStandardItem* item = model->item(i);
+    bool on = item->checkState() == Qt::Checked;
+    if (i < chosen.size() && on != chosen[i])
+    {
+      on = chosen[i];
+      item->setCheckState(on ? Qt::Checked : Qt::Unchecked);
+    }
+    if (!on || i >= m_names.size())
+      continue;
+    if (!first)
+      text += QLatin1String(", ");
+    text += m_names[i];
+    first = false;
   }
-  static_cast<CheckListCombo*>(m_combo.data())->setSummary(m_varies ? PropUiTexts::varies() : summary(), m_varies);
-  m_combo->setToolTip(m_varies ? QString() : summary());
+  static_cast<CheckListCombo*>(m_combo.data())->setSummary(m_varies ? PropUiTexts::varies() : text, m_varies);
+  const QString tip = m_varies ? QString() : text;
+  if (m_combo->toolTip() != tip)
+    m_combo->setToolTip(tip);
 }
 
 QString PropUiQMultiTextComboCtrl::summary() const

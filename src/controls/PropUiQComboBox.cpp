@@ -141,7 +141,7 @@ void PropUiQComboBox::updateData()
     {
       if (isVaries())
         setVaries(false);
-      int found = m_combo->findData(toQString(text), Qt::DisplayRole, Qt::MatchFixedString);
+      int found = m_combo->findTextFast(toQString(text));
       if (found < 0)
         found = addTempItem(value);
       if (found >= 0)

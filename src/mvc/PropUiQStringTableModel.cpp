@@ -86,12 +86,38 @@ Qt::ItemFlags PropUiQStringTableModel::flags(const QModelIndex& index) const
 
 void PropUiQStringTableModel::setCells(const QStringList& cells, int rows, int columns)
 {
-  beginResetModel();
-  if (cells != m_cells)
+  rows = std::max(0, rows);
+  columns = std::max(0, columns);
+  if (rows != m_rows || columns != m_columns)
+  {
+    beginResetModel();
     m_cells = cells;
-  m_rows = std::max(0, rows);
-  m_columns = std::max(0, columns);
-  endResetModel();
+    m_rows = rows;
+    m_columns = columns;
+    endResetModel();
+    return;
+  }
+  // The same shape, as nearly every refresh brings: only the cells that differ are announced,
+  // and the views keep their current cell, selection and scroll position.
+  int first = -1, last = -1;
+  const int shown = std::max(m_cells.size(), cells.size());
+  for (int cell = 0; cell < shown; ++cell)
+    if (cell >= m_cells.size() || cell >= cells.size() || m_cells.at(cell) != cells.at(cell))
+    {
+      first = first < 0 ? cell : first;
+      last = cell;
+    }
+  if (first < 0)
+    return;
+  m_cells = cells;
+  if (m_columns == 0)
+    return;
+  const int top = first / m_columns, bottom = std::min(last / m_columns, m_rows - 1);
+  if (top > bottom)
+    return;
+  const bool oneRow = top == bottom;
+  emit dataChanged(index(top, oneRow ? first % m_columns : 0), index(bottom, oneRow ? last % m_columns : m_columns - 1),
+                   {Qt::DisplayRole, Qt::EditRole});
 }
 
 void PropUiQStringTableModel::setHeaders(const QStringList& labels, Qt::Orientation orientation)

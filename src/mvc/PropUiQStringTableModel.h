@@ -26,7 +26,7 @@ public:
   bool setItemData(const QModelIndex& index, const QMap<int, QVariant>& roles) override;
   Qt::ItemFlags flags(const QModelIndex& index) const override;
 
-  /** Replaces the whole table (a reset). */
+  /** Replaces the cells: a new shape resets the model, the same shape announces only the cells that changed. */
   void setCells(const QStringList& cells, int rows, int columns);
   /**
    * Replaces the column labels (Qt::Horizontal) or the row labels. The

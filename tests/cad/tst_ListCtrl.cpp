@@ -90,6 +90,56 @@ private slots:
     QCOMPARE(model->rowCount(), 1);
   }
 
+  // A refresh changes the rows it already shows in place: each must still end up as a fresh read would make it.
+  void aRefreshFollowsTheValueRowByRow()
+  {
+    RecordingBag bag;
+    const int item = addLayouts(bag, kLayouts, {true, false, true});
+    RecordingBag::Item& it = bag.item(item);
+    QScopedPointer<PropUiQListCtrl> list(boundControl<PropUiQListCtrl>(bag, item, PropUiOption::kListCheckBoxes));
+    QStandardItemModel* model = list->model();
+    QItemSelectionModel* selection = list->listView()->selectionModel();
+    selection->setCurrentIndex(model->index(2, 0), QItemSelectionModel::ClearAndSelect);
+    QCOMPARE(list->currentValue().getString(), OdString(L"Layout2"));
+
+    auto texts = [&] {
+      QStringList shown;
+      for (int r = 0; r < model->rowCount(); ++r)
+        shown << model->index(r, 0).data().toString() + QLatin1Char('=') +
+                   model->index(r, 0).data(PropUiQListCtrl::kValueRole).toString();
+      return shown;
+    };
+    // One inserted before the current row, one renamed: the current row is found by its value.
+    const QStringList grown{QStringLiteral("Model"), QStringLiteral("Sheet"), QStringLiteral("Layout9"),
+                            QStringLiteral("Layout2")};
+    it.value = textsValue(grown);
+    it.elements << 13;
+    it.elementValues[11] = boolValue(true);
+    it.elementValues[12] = textValue(QStringLiteral("no box"));
+    it.elementValues[13] = boolValue(true);
+    it.elementCount = 4;
+    list->updateData();
+    QCOMPARE(texts(), (QStringList{QStringLiteral("Model=Model"), QStringLiteral("Sheet=Sheet"),
+                                   QStringLiteral("Layout9=Layout9"), QStringLiteral("Layout2=Layout2")}));
+    QCOMPARE(statesOf(*list), (QList<Qt::CheckState>{Qt::Checked, Qt::Checked, Qt::Unchecked, Qt::Checked}));
+    QCOMPARE(selection->currentIndex().row(), 3);
+    QCOMPARE(list->currentValue().getString(), OdString(L"Layout2"));
+    QCOMPARE(int(list->selectedValues().size()), 1);
+
+    // Shrunk past the current row: nothing is current, and no row keeps a stale box or value.
+    it.value = textsValue({QStringLiteral("Sheet")});
+    it.elementValues[10] = boolValue(false);
+    it.elements = {10};
+    it.elementCount = 1;
+    list->updateData();
+    QCOMPARE(texts(), QStringList{QStringLiteral("Sheet=Sheet")});
+    QCOMPARE(statesOf(*list), QList<Qt::CheckState>{Qt::Unchecked});
+    QVERIFY(!selection->currentIndex().isValid());
+    QVERIFY(list->currentValue() == PropVariant());
+    QCOMPARE(int(list->selectedValues().size()), 0);
+    QVERIFY(!bag.called(QStringLiteral("setElementValue")));
+  }
+
   void checkStatesFromTheBag_data()
   {
     QTest::addColumn<QString>("disagreement");

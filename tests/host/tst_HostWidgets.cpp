@@ -15,6 +15,7 @@
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QStandardItemModel>
 #include <QStyleOptionComboBox>
 #include <QTimer>
 #include <QToolButton>
@@ -116,6 +117,50 @@ private slots:
     QTest::keyClicks(&combo, QStringLiteral("Zigzag"));
     QTest::keyClick(&combo, Qt::Key_Return);
     QCOMPARE(combo.count(), 2);
+  }
+
+  // The kept index must follow every way the entries change, and still agree with the model's own search.
+  void aComboFindsItsEntriesAfterEveryChange()
+  {
+    host_qt_ui_core::QHostComboBox combo;
+    const QStringList probes{QStringLiteral("solid"),  QStringLiteral("DASHED"),  QStringLiteral("Dots"),
+                             QStringLiteral("Straße"), QStringLiteral("STRASSE"), QString(),
+                             QStringLiteral("Hidden")};
+    auto agrees = [&](const char* step) {
+      for (const QString& probe : probes)
+        if (combo.findTextFast(probe) != combo.findText(probe, Qt::MatchFixedString))
+          return QString::fromLatin1("%1: %2").arg(QLatin1String(step), probe);
+      for (qulonglong key = 0; key < 6; ++key)
+        if (combo.findKeyFast(key) != combo.findData(QVariant::fromValue(key), Qt::UserRole))
+          return QString::fromLatin1("%1: key %2").arg(QLatin1String(step)).arg(key);
+      return QString();
+    };
+    combo.addItem(QStringLiteral("Solid"), QVariant::fromValue<qulonglong>(1));
+    combo.addItem(QStringLiteral("Dashed"), QVariant::fromValue<qulonglong>(2));
+    combo.addItem(QStringLiteral("STRASSE"), QVariant::fromValue<qulonglong>(3));
+    QCOMPARE(agrees("filled"), QString());
+    QCOMPARE(combo.findTextFast(QStringLiteral("dashed")), 1);
+    combo.insertItem(0, QStringLiteral("dashed"), QVariant::fromValue<qulonglong>(4));
+    QCOMPARE(agrees("an equal text inserted first"), QString());
+    QCOMPARE(combo.findTextFast(QStringLiteral("Dashed")), 0);
+    combo.addItem(QString()); // a temporary entry: no text of its own yet, no key
+    QCOMPARE(agrees("an empty entry"), QString());
+    combo.setItemText(2, QStringLiteral("Hidden"));
+    combo.setItemData(2, QVariant::fromValue<qulonglong>(5), Qt::UserRole);
+    QCOMPARE(agrees("renamed"), QString());
+    QCOMPARE(combo.findKeyFast(5), 2);
+    combo.setItemIcon(2, QIcon());
+    combo.removeItem(0);
+    QCOMPARE(agrees("removed"), QString());
+    QCOMPARE(combo.findKeyFast(4), -1);
+    combo.clear();
+    QCOMPARE(agrees("cleared"), QString());
+    QCOMPARE(combo.findTextFast(QStringLiteral("Solid")), -1);
+    auto* other = new QStandardItemModel(&combo);
+    other->appendRow(new QStandardItem(QStringLiteral("Dots")));
+    combo.setModel(other);
+    QCOMPARE(agrees("another model"), QString());
+    QCOMPARE(combo.findTextFast(QStringLiteral("dots")), 0);
   }
 
   void doubleClickSelectsTheWholeText()

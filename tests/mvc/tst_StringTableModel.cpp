@@ -36,6 +36,35 @@ private slots:
     model.setCells(QStringList(), 0, 0);
   }
 
+  // A refresh brings the same shape: views must hear of every changed cell, and keep their place otherwise.
+  void sameShapeChangesCellsInPlace()
+  {
+    PropUiQStringTableModel model;
+    QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::Fatal);
+    model.setCells(QString("a b c d e f").split(' '), 3, 2);
+    QSignalSpy resets(&model, &QAbstractItemModel::modelReset);
+    QSignalSpy changed(&model, &QAbstractItemModel::dataChanged);
+    model.setCells(QString("a b c d e f").split(' '), 3, 2);
+    QCOMPARE(changed.size(), 0);
+    model.setCells(QString("a x c d e f").split(' '), 3, 2);
+    QCOMPARE(changed.size(), 1);
+    QCOMPARE(changed[0][0].toModelIndex(), model.index(0, 1));
+    QCOMPARE(changed[0][1].toModelIndex(), model.index(0, 1));
+    model.setCells(QString("a x y d e z").split(' '), 3, 2);
+    QCOMPARE(changed.size(), 2);
+    QCOMPARE(changed[1][0].toModelIndex(), model.index(1, 0));
+    QCOMPARE(changed[1][1].toModelIndex(), model.index(2, 1));
+    QCOMPARE(model.index(2, 1).data().toString(), QStringLiteral("z"));
+    QCOMPARE(resets.size(), 0);
+    model.setCells(QString("a x y d").split(' '), 3, 2); // cells gone read invalid, and say so
+    QCOMPARE(changed.size(), 3);
+    QCOMPARE(changed[2][1].toModelIndex(), model.index(2, 1));
+    QVERIFY(!model.index(2, 0).data().isValid());
+    model.setCells(QString("a x y d").split(' '), 2, 2);
+    QCOMPARE(resets.size(), 1);
+    QCOMPARE(model.rowCount(), 2);
+  }
+
   void missingCellsReadInvalid()
   {
     PropUiQStringTableModel model;
