@@ -55,7 +55,7 @@ QSet<PropUiAccessibility*>& pending()
   return waiting;
 }
 
-bool runPosted = false;
+bool callPosted = false;
 
 /** What a control edits: a caption is tied to the control beside it that edits the same. */
 struct Edited
@@ -81,22 +81,53 @@ uint qHash(const Edited& edited, uint seed = 0)
   return ::qHash(quintptr(edited.bag), seed) ^ ::qHash(edited.index) ^ ::qHash(quint64(edited.element));
 }
 
-using Editors = QHash<Edited, QVector<PropUiQControl*> >;
+using ByItem = QHash<Edited, QVector<PropUiQControl*> >;
 
-/** The editing controls among a widget's direct children, in order, by what they edit. */
-Editors editorsIn(const QWidget* parent)
+/** The controls among a widget's direct children, in order, by what they edit. */
+struct Row
 {
-  Editors editors;
+  ByItem captions;
+  ByItem editors;
+};
+
+Row controlsIn(const QWidget* parent)
+{
+  Row row;
   for (PropUiQControl* sibling : parent->findChildren<PropUiQControl*>(QString(), Qt::FindDirectChildrenOnly))
-    if (!qobject_cast<PropUiQLabel*>(sibling))
-      editors[Edited(sibling)].append(sibling);
-  return editors;
+    (qobject_cast<PropUiQLabel*>(sibling) ? row.captions : row.editors)[Edited(sibling)].append(sibling);
+  return row;
 }
 
-// While the pending updates run, the captions of one panel share one look
+// While the waiting updates run, the controls of one panel share one look
 // at the panel's children: looking anew for each caption would cost the
 // square of the rows. Forgotten as soon as any control goes away.
-QHash<const QWidget*, Editors>* editorsByPanel = nullptr;
+QHash<const QWidget*, Row>* rowsByPanel = nullptr;
+
+Row siblingsOf(const QWidget* control)
+{
+  const QWidget* parent = control->parentWidget();
+  if (!rowsByPanel)
+    return controlsIn(parent);
+  auto known = rowsByPanel->find(parent);
+  if (known == rowsByPanel->end())
+    known = rowsByPanel->insert(parent, controlsIn(parent));
+  return *known;
+}
+
+/** The widget of a control that a caption names: its first focusable one of its own. */
+QWidget* firstEditor(const PropUiQControl* control)
+{
+  for (QWidget* widget : control->findChildren<QWidget*>())
+    if (widget->focusPolicy() != Qt::NoFocus && ownerOf(widget) == control)
+      return widget;
+  return nullptr;
+}
+
+QLabel* untiedLabelOf(const PropUiQControl* caption)
+{
+  auto* label = caption->findChild<QLabel*>(QString(), Qt::FindDirectChildrenOnly);
+  return label && !label->buddy() ? label : nullptr;
+}
 
 } // namespace
 
@@ -110,13 +141,19 @@ PropUiAccessibility::~PropUiAccessibility()
 {
   if (m_pending)
     pending().remove(this);
-  if (editorsByPanel)
-    editorsByPanel->clear();
+  if (rowsByPanel)
+    rowsByPanel->clear();
 }
 
 void PropUiAccessibility::forgetTexts()
 {
   m_textsKnown = false;
+}
+
+void PropUiAccessibility::rebuilt()
+{
+  m_textsKnown = false;
+  m_captionSought = false;
 }
 
 void PropUiAccessibility::schedule()
@@ -125,26 +162,42 @@ void PropUiAccessibility::schedule()
     return;
   m_pending = true;
   pending().insert(this);
-  if (runPosted || !QCoreApplication::instance())
+  if (callPosted || !QCoreApplication::instance())
     return;
-  runPosted = true;
-  QMetaObject::invokeMethod(QCoreApplication::instance(), &PropUiAccessibility::runPending, Qt::QueuedConnection);
+  callPosted = true;
+  QMetaObject::invokeMethod(QCoreApplication::instance(), &PropUiAccessibility::runPosted, Qt::QueuedConnection);
 }
 
-void PropUiAccessibility::runPending()
+void PropUiAccessibility::runPosted()
 {
-  runPosted = false;
+  callPosted = false;
+  runWaiting();
+}
+
+// Showing a panel lays out every row before any posted call runs, and a
+// caption tied to its editor after that asks its row for a new layout: a
+// posted request per row, each searching the whole queue. Before the first
+// layout a tie asks for nothing, so the first control to be polished runs
+// every update that is waiting.
+void PropUiAccessibility::polished()
+{
+  if (m_pending && !rowsByPanel)
+    runWaiting();
+}
+
+void PropUiAccessibility::runWaiting()
+{
   // An update may delete another control or schedule one anew: each is taken out of the set before it runs.
   const QList<PropUiAccessibility*> waiting = pending().values();
-  QHash<const QWidget*, Editors> editors;
-  editorsByPanel = &editors;
+  QHash<const QWidget*, Row> rows;
+  rowsByPanel = &rows;
   for (PropUiAccessibility* accessibility : waiting)
     if (pending().remove(accessibility))
     {
       accessibility->m_pending = false;
       accessibility->update();
     }
-  editorsByPanel = nullptr;
+  rowsByPanel = nullptr;
 }
 
 void PropUiAccessibility::update()
@@ -184,7 +237,10 @@ void PropUiAccessibility::update()
       given.append(*earlier);
   }
   m_given = given;
-  tieCaption();
+  if (qobject_cast<PropUiQLabel*>(m_control))
+    tieCaption();
+  else
+    tieToCaption();
 }
 
 void PropUiAccessibility::readTexts()
@@ -253,34 +309,30 @@ QString PropUiAccessibility::nameOf(const QWidget* widget) const
 // so that assistive technology reads it as that control's label.
 void PropUiAccessibility::tieCaption() const
 {
-  auto* caption = qobject_cast<PropUiQLabel*>(m_control);
-  QWidget* parent = caption ? caption->parentWidget() : nullptr;
-  if (!parent)
+  const QWidget* parent = m_control->parentWidget();
+  QLabel* label = parent ? untiedLabelOf(m_control) : nullptr;
+  if (!label)
     return;
-  auto* label = caption->findChild<QLabel*>(QString(), Qt::FindDirectChildrenOnly);
-  if (!label || label->buddy())
+  for (const PropUiQControl* sibling : siblingsOf(m_control).editors.value(Edited(m_control)))
+    if (QWidget* editor = firstEditor(sibling))
+    {
+      label->setBuddy(editor);
+      return;
+    }
+}
+
+// The same tie from the editor's side, for a caption that was updated
+// before its editor was made.
+void PropUiAccessibility::tieToCaption()
+{
+  if (m_captionSought || !m_control->parentWidget())
     return;
-  QVector<PropUiQControl*> siblings;
-  if (editorsByPanel)
-  {
-    auto known = editorsByPanel->find(parent);
-    if (known == editorsByPanel->end())
-      known = editorsByPanel->insert(parent, editorsIn(parent));
-    siblings = known->value(Edited(caption));
-  }
-  else
-  {
-    siblings = editorsIn(parent).value(Edited(caption));
-  }
-  for (PropUiQControl* sibling : siblings)
-  {
-    for (QWidget* widget : sibling->findChildren<QWidget*>())
-      if (widget->focusPolicy() != Qt::NoFocus && ownerOf(widget) == sibling)
-      {
-        label->setBuddy(widget);
-        return;
-      }
-  }
+  m_captionSought = true;
+  const QVector<PropUiQControl*> captions = siblingsOf(m_control).captions.value(Edited(m_control));
+  QWidget* editor = captions.isEmpty() ? nullptr : firstEditor(m_control);
+  for (const PropUiQControl* caption : captions)
+    if (QLabel* label = editor ? untiedLabelOf(caption) : nullptr)
+      label->setBuddy(editor);
 }
 
 QString PropUiAccessibility::announcement(const QString& description, bool varies, bool readOnly)

@@ -18,8 +18,9 @@ class QWidget;
  *
  * The control asks after each set-up and refresh; the work runs once, after
  * the current event, when the derived control has finished building and
- * showing its state. The updates of all controls asking in one event share
- * one posted call.
+ * showing its state, or, for a control not shown yet, when it is first
+ * polished. The updates of all controls asking in one event share one
+ * posted call.
  */
 class PropUiAccessibility
 {
@@ -33,10 +34,17 @@ public:
 
   /** The next update re-reads caption and description from the bag. */
   void forgetTexts();
+  /** The control built its children anew: the next update re-reads the texts and looks for the caption again. */
+  void rebuilt();
   /** Updates after the current event; asking again before then changes nothing. */
   void schedule();
   /** Updates now. */
   void update();
+  /**
+   * The control is about to be shown for the first time: every waiting
+   * update runs now, before Qt lays the panel out.
+   */
+  void polished();
 
   /** What a widget's accessible description says: the description, then the states. */
   static QString announcement(const QString& description, bool varies, bool readOnly);
@@ -52,13 +60,15 @@ private:
     QString description;
   };
 
-  static void runPending();
+  static void runPosted();
+  static void runWaiting();
   void readTexts();
   const Given* givenTo(const QWidget* widget) const;
   /** Names and describes the widget; answers what it now carries of ours. */
   Given describe(QWidget* widget, bool varies) const;
   QString nameOf(const QWidget* widget) const;
   void tieCaption() const;
+  void tieToCaption();
 
   PropUiQControl* m_control;
   QString m_caption;
@@ -66,4 +76,6 @@ private:
   QVector<Given> m_given;
   bool m_textsKnown = false;
   bool m_pending = false;
+  /** An editor looks for its caption once per set-up, after it has a parent. */
+  bool m_captionSought = false;
 };

@@ -111,7 +111,7 @@ bool PropUiQControl::setupUi()
   if (m_actionsToolbar)
     m_actionsToolbar->setupUi();
   // The derived control builds its children after this: name them once it has.
-  m_accessibility->forgetTexts();
+  m_accessibility->rebuilt();
   m_accessibility->schedule();
   return true;
 }
@@ -170,6 +170,13 @@ void PropUiQControl::updateData()
     m_actionsToolbar->updateData();
   // The derived control shows the varies state after this call returns.
   m_accessibility->schedule();
+}
+
+bool PropUiQControl::event(QEvent* event)
+{
+  if (event->type() == QEvent::Polish)
+    m_accessibility->polished();
+  return PropUiQWidget::event(event);
 }
 
 int PropUiQControl::getOptions() const

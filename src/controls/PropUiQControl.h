@@ -147,6 +147,8 @@ public:
   void setMessagesSuppressed(bool suppressed) { m_messagesSuppressed = suppressed; }
 
 protected:
+  bool event(QEvent* event) override;
+
   /** True from the start of the base's destruction on: no bag call may follow. */
   bool isClosing() const { return m_closing; }
 

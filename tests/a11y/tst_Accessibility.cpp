@@ -52,6 +52,21 @@ QString valueOf(QAccessibleInterface* iface)
   return iface->text(QAccessible::Value);
 }
 
+/** Counts the layout requests delivered to the objects it watches. */
+class LayoutRequests : public QObject
+{
+public:
+  int count = 0;
+
+protected:
+  bool eventFilter(QObject*, QEvent* event) override
+  {
+    if (event->type() == QEvent::LayoutRequest)
+      ++count;
+    return false;
+  }
+};
+
 } // namespace
 
 class TestAccessibility : public QObject
@@ -182,6 +197,75 @@ private slots:
     QTest::newRow("combo, caption first") << PropUiGuidTextCombo << true << true;
     QTest::newRow("switch, caption after") << PropUiGuidSwitch << false << true;
     QTest::newRow("caption of another item") << PropUiGuidDouble << false << false;
+  }
+
+  // Tying a caption once the panel is laid out asks every row for a second
+  // layout, each request searching the queue of posted events: a large
+  // panel then costs the square of its rows to show and to tear down.
+  void captionsAreTiedBeforeThePanelIsLaidOut()
+  {
+    // GIVEN a panel built row by row while hidden, as a host builds it on a new selection
+    RecordingBag bag;
+    QWidget panel;
+    auto* grid = new QGridLayout(&panel);
+    QList<PropUiQLabel*> captions;
+    QList<PropUiQWidget*> controls;
+    for (int row = 0; row < 3; ++row)
+    {
+      const int item = bag.addItem(QStringLiteral("Width %1").arg(row), intValue(row));
+      auto* caption = new PropUiQLabel(&panel);
+      caption->setPropBagItem(&bag, item);
+      caption->setupUi();
+      PropUiQWidget* control = boundKind(PropUiGuidInteger, bag, item);
+      QVERIFY(control);
+      control->setParent(&panel);
+      grid->addWidget(caption, row, 0);
+      grid->addWidget(control, row, 1);
+      captions << caption;
+      controls << control;
+    }
+    LayoutRequests requests;
+    for (PropUiQLabel* caption : captions)
+      caption->installEventFilter(&requests);
+
+    // WHEN it is shown and the events that follow have run
+    panel.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&panel));
+    QCoreApplication::processEvents();
+    QCoreApplication::processEvents();
+
+    // THEN each caption labels its editor and no row was laid out twice
+    for (int row = 0; row < captions.size(); ++row)
+      QCOMPARE(captions[row]->findChild<QLabel*>()->buddy(), focusable(controls[row]).value(0));
+    QCOMPARE(requests.count, 0);
+  }
+
+  void aCaptionShownBeforeItsEditorIsTiedWhenTheEditorComes()
+  {
+    // GIVEN a caption alone in a shown panel, its update done
+    RecordingBag bag;
+    const int item = addRichItem(bag, kCaption, kDescription);
+    QWidget panel;
+    auto* layout = new QHBoxLayout(&panel);
+    auto* caption = new PropUiQLabel(&panel);
+    caption->setPropBagItem(&bag, item);
+    caption->setupUi();
+    layout->addWidget(caption);
+    panel.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&panel));
+    QCoreApplication::processEvents();
+    auto* label = caption->findChild<QLabel*>();
+    QCOMPARE(label->buddy(), static_cast<QWidget*>(nullptr));
+
+    // WHEN the editor of the same item joins the row
+    PropUiQWidget* control = boundKind(PropUiGuidDouble, bag, item);
+    QVERIFY(control);
+    control->setParent(&panel);
+    layout->addWidget(control);
+    QTRY_VERIFY(label->buddy());
+
+    // THEN the caption names it
+    QCOMPARE(label->buddy(), focusable(control).value(0));
   }
 
   void captionIsTheBuddyOfItsControl()
