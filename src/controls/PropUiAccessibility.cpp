@@ -222,6 +222,13 @@ void PropUiAccessibility::update()
       return;
     }
   }
+  // Another language since the last update makes every text stale.
+  const QString readOnly = tr("read-only");
+  if (readOnly != m_readOnlyText)
+  {
+    m_readOnlyText = readOnly;
+    ++m_texts;
+  }
   const bool varies = m_control->isVaries();
   const QList<QWidget*> widgets = m_control->findChildren<QWidget*>();
   // Widgets gone since the last update (a row that lost buttons) drop out
@@ -248,7 +255,7 @@ void PropUiAccessibility::readTexts()
   PropBag* bag = m_control->propBag();
   const int index = m_control->itemIndex();
   OdString name;
-  m_caption = bag->getName(index, name) ? toQString(name) : QString();
+  QString caption = bag->getName(index, name) ? toQString(name) : QString();
   if (m_control->isPropertyElement())
   {
     PropKeyArray keys;
@@ -259,12 +266,18 @@ void PropUiAccessibility::readTexts()
       {
         const QString element = toQString(captions[i]);
         if (!element.isEmpty())
-          m_caption = m_caption.isEmpty() ? element : m_caption + QLatin1Char(' ') + element;
+          caption = caption.isEmpty() ? element : caption + QLatin1Char(' ') + element;
         break;
       }
   }
-  OdString description;
-  m_description = bag->getDescription(index, description) ? toQString(description) : QString();
+  OdString text;
+  const QString description = bag->getDescription(index, text) ? toQString(text) : QString();
+  if (caption != m_caption || description != m_description)
+  {
+    m_caption = caption;
+    m_description = description;
+    ++m_texts;
+  }
   m_textsKnown = true;
 }
 
@@ -277,14 +290,36 @@ const PropUiAccessibility::Given* PropUiAccessibility::givenTo(const QWidget* wi
 
 PropUiAccessibility::Given PropUiAccessibility::describe(QWidget* widget, bool varies) const
 {
+  Given now{widget, QString(), QString(), m_texts, varies, isReadOnly(widget), QString(), QString()};
+  auto* button = qobject_cast<const QAbstractButton*>(widget);
+  if (button && !qobject_cast<const QCheckBox*>(button))
+  {
+    now.buttonText = button->text();
+    now.buttonTip = button->toolTip();
+  }
   const Given* earlier = givenTo(widget);
-  Given given = earlier ? *earlier : Given{widget, QString(), QString()};
+  if (earlier && unchanged(*earlier, now))
+    return *earlier;
+  if (earlier)
+  {
+    now.name = earlier->name;
+    now.description = earlier->description;
+  }
   const QString name = nameOf(widget);
   if (!name.isEmpty())
-    setOwn(widget, given.name, widget->accessibleName(), name, &QWidget::setAccessibleName);
-  setOwn(widget, given.description, widget->accessibleDescription(),
-         announcement(m_description, varies, isReadOnly(widget)), &QWidget::setAccessibleDescription);
-  return given;
+    setOwn(widget, now.name, widget->accessibleName(), name, &QWidget::setAccessibleName);
+  setOwn(widget, now.description, widget->accessibleDescription(), announcement(m_description, varies, now.readOnly),
+         &QWidget::setAccessibleDescription);
+  return now;
+}
+
+// A refresh mostly changes only the value: when nothing that the texts are
+// made from changed, and the widget still carries them, there is nothing to do.
+bool PropUiAccessibility::unchanged(const Given& earlier, const Given& now) const
+{
+  return earlier.texts == now.texts && earlier.varies == now.varies && earlier.readOnly == now.readOnly &&
+         earlier.buttonText == now.buttonText && earlier.buttonTip == now.buttonTip &&
+         now.widget->accessibleName() == earlier.name && now.widget->accessibleDescription() == earlier.description;
 }
 
 // A button of a row (a choice, an action) is told apart from its neighbours

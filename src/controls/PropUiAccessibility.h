@@ -52,12 +52,21 @@ public:
   static bool isReadOnly(const QWidget* widget);
 
 private:
-  /** What this class gave a widget last, so a later update can tell its own text from one that someone else set. */
+  /**
+   * What this class gave a widget last, so a later update can tell its own
+   * text from one that someone else set, and what it was made from, so an
+   * update in which none of that changed leaves the widget alone.
+   */
   struct Given
   {
     const QWidget* widget;
     QString name;
     QString description;
+    quint32 texts;
+    bool varies;
+    bool readOnly;
+    QString buttonText;
+    QString buttonTip;
   };
 
   static void runPosted();
@@ -66,6 +75,7 @@ private:
   const Given* givenTo(const QWidget* widget) const;
   /** Names and describes the widget; answers what it now carries of ours. */
   Given describe(QWidget* widget, bool varies) const;
+  bool unchanged(const Given& earlier, const Given& now) const;
   QString nameOf(const QWidget* widget) const;
   void tieCaption() const;
   void tieToCaption();
@@ -73,6 +83,9 @@ private:
   PropUiQControl* m_control;
   QString m_caption;
   QString m_description;
+  /** Counts the changes of caption, description and language. */
+  quint32 m_texts = 0;
+  QString m_readOnlyText;
   QVector<Given> m_given;
   bool m_textsKnown = false;
   bool m_pending = false;

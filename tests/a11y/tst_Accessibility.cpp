@@ -317,6 +317,37 @@ private slots:
     QCOMPARE(labelled.first().first->object(), static_cast<QObject*>(editors.first()));
   }
 
+  // A refresh leaves alone what did not change; these changes alone must still be heard.
+  void aRefreshChangingOnlyAnEntryOrTheDescriptionIsHeard()
+  {
+    // GIVEN a row of radio buttons, its widgets named and described
+    RecordingBag bag;
+    const int item = addRichItem(bag, kCaption, kDescription);
+    QScopedPointer<PropUiQWidget> control(boundKind(PropUiGuidRadioButtons, bag, item));
+    QVERIFY(control);
+    QCoreApplication::processEvents();
+    const QList<QAbstractButton*> buttons = control->findChildren<QAbstractButton*>();
+    QVERIFY(buttons.size() > 1);
+    QCOMPARE(buttons[1]->accessibleName(), kCaption + QStringLiteral(": Entry 1"));
+
+    // WHEN only the second entry's text changes
+    bag.item(item).listNames[1] = QStringLiteral("Spoke");
+    control->updateData();
+    QCoreApplication::processEvents();
+    // THEN its button is renamed, and its neighbour keeps its name
+    QCOMPARE(buttons[1]->accessibleName(), kCaption + QStringLiteral(": Spoke"));
+    QCOMPARE(buttons[0]->accessibleName(), kCaption + QStringLiteral(": Entry 0"));
+
+    // WHEN only the description changes
+    bag.item(item).description = QStringLiteral("Where the spokes meet");
+    control->updateUi();
+    control->updateData();
+    QCoreApplication::processEvents();
+    // THEN every button says the new one
+    for (QAbstractButton* button : buttons)
+      QVERIFY2(descriptionOf(button).startsWith(QStringLiteral("Where the spokes meet")), qPrintable(where(button)));
+  }
+
   // A composite names its rows after their axis, a host may name a widget
   // itself: a refresh keeps those, and renames only what the control named.
   void namesOthersGaveAreKeptAndOwnNamesFollowTheItem()
