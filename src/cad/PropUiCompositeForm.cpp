@@ -40,9 +40,11 @@ host_qt_ui_core::QHostSpinBox* PropUiCompositeForm::addGroupRow(QFormLayout* for
 void PropUiCompositeForm::addElementRow(QFormLayout* form, QWidget* owner, PropBag* bag, int index,
                                         unsigned long element, const QString& caption, PropUiQControl* child)
 {
+  // Set up before it is bound, the caption builds without reading the item's
+  // name, which the element's caption replaces at once.
   auto* label = new PropUiQLabel(owner);
-  label->setPropBagItem(bag, index, element);
   label->setupUi();
+  label->setPropBagItem(bag, index, element);
   label->setText(caption);
   // Qt takes a parent's children down in their stacking order. The caption
   // goes before its editor, so that the editor's end does not make Qt untie

@@ -57,6 +57,14 @@ QSet<PropUiAccessibility*>& pending()
 
 bool callPosted = false;
 
+// Captions whose editor was not there yet when they looked for it: only
+// while one waits does a new editor look for its caption.
+QSet<const PropUiQControl*>& captionsWaiting()
+{
+  static QSet<const PropUiQControl*> waiting;
+  return waiting;
+}
+
 /** What a control edits: a caption is tied to the control beside it that edits the same. */
 struct Edited
 {
@@ -141,6 +149,7 @@ PropUiAccessibility::~PropUiAccessibility()
 {
   if (m_pending)
     pending().remove(this);
+  captionsWaiting().remove(m_control);
   if (rowsByPanel)
     rowsByPanel->clear();
 }
@@ -344,16 +353,21 @@ QString PropUiAccessibility::nameOf(const QWidget* widget) const
 // so that assistive technology reads it as that control's label.
 void PropUiAccessibility::tieCaption() const
 {
-  const QWidget* parent = m_control->parentWidget();
-  QLabel* label = parent ? untiedLabelOf(m_control) : nullptr;
+  QLabel* label = untiedLabelOf(m_control);
   if (!label)
+  {
+    captionsWaiting().remove(m_control);
     return;
-  for (const PropUiQControl* sibling : siblingsOf(m_control).editors.value(Edited(m_control)))
-    if (QWidget* editor = firstEditor(sibling))
-    {
-      label->setBuddy(editor);
-      return;
-    }
+  }
+  if (m_control->parentWidget())
+    for (const PropUiQControl* sibling : siblingsOf(m_control).editors.value(Edited(m_control)))
+      if (QWidget* editor = firstEditor(sibling))
+      {
+        label->setBuddy(editor);
+        captionsWaiting().remove(m_control);
+        return;
+      }
+  captionsWaiting().insert(m_control);
 }
 
 // The same tie from the editor's side, for a caption that was updated
@@ -363,11 +377,16 @@ void PropUiAccessibility::tieToCaption()
   if (m_captionSought || !m_control->parentWidget())
     return;
   m_captionSought = true;
+  if (captionsWaiting().isEmpty())
+    return;
   const QVector<PropUiQControl*> captions = siblingsOf(m_control).captions.value(Edited(m_control));
   QWidget* editor = captions.isEmpty() ? nullptr : firstEditor(m_control);
   for (const PropUiQControl* caption : captions)
     if (QLabel* label = editor ? untiedLabelOf(caption) : nullptr)
+    {
       label->setBuddy(editor);
+      captionsWaiting().remove(caption);
+    }
 }
 
 QString PropUiAccessibility::announcement(const QString& description, bool varies, bool readOnly)
