@@ -239,7 +239,10 @@ private slots:
       QCOMPARE(control->isVaries(), outcome != Accepted);
     QCOMPARE(bag.written.size(), outcome == Accepted ? 1 : 0);
     if (outcome == RefusedByValidate)
+    {
       QTRY_COMPARE(messages.shown.size(), 1);
+      QCOMPARE(messages.shown[0].text, it.validateMessage);
+    }
   }
 };
 
