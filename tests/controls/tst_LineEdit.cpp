@@ -213,9 +213,8 @@ private slots:
     const int item = bag.addItem(QStringLiteral("Radius"), realValue(2.0, true));
     FocusedControl<PropUiQDoubleCtrl> window(bag, item);
     auto* control = window.control;
+    // The look itself is the varies-look table's; here, what reading and passing through leave alone.
     QVERIFY(control->isVaries());
-    QVERIFY(control->lineEdit()->text().isEmpty());
-    QCOMPARE(control->lineEdit()->placeholderText(), QStringLiteral("*varies*"));
     QVERIFY(!bag.called(QStringLiteral("formatValue")));
 
     // Passing through the field without typing writes nothing and keeps the state.
