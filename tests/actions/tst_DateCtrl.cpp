@@ -65,22 +65,6 @@ private slots:
     QCOMPARE(bag.count(QStringLiteral("setValue")), 1);
   }
 
-  void theWheelIsLeftToThePanel()
-  {
-    RecordingBag bag;
-    const int item = addRevised(bag);
-    QScopedPointer<PropUiQDateCtrl> control(boundControl<PropUiQDateCtrl>(bag, item));
-    PropQDateEdit* edit = control->dateEdit();
-    QVERIFY((edit->focusPolicy() & Qt::WheelFocus) != Qt::WheelFocus);
-    const QPoint centre = edit->rect().center();
-    QWheelEvent wheel(centre, edit->mapToGlobal(centre), QPoint(), QPoint(0, 120), Qt::NoButton, Qt::NoModifier,
-                      Qt::NoScrollPhase, false);
-    QApplication::sendEvent(edit, &wheel);
-    QVERIFY(!wheel.isAccepted());
-    QCOMPARE(edit->date(), QDate(2021, 3, 5));
-    QVERIFY(bag.written.isEmpty());
-  }
-
   void arrowStepsAreOneWrite()
   {
     RecordingBag bag;

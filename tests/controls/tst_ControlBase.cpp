@@ -1,3 +1,6 @@
+#include "ControlWindow.h"
+#include "EveryKind.h"
+#include "OdRxModule.h"
 #include "PropUiOptions.h"
 #include "PropUiActionToolButtonsCtrl.h"
 #include "PropUiCommonToolTipFilter.h"
@@ -5,7 +8,9 @@
 #include "PropUiQControl.h"
 #include "PropUiQDefaultFormatter.h"
 #include "MessageCatcher.h"
+#include "PropWidgetsEntry.h"
 #include "RecordingBag.h"
+#include "RichItem.h"
 #include <QtTest>
 #include <QtWidgets>
 
@@ -28,6 +33,61 @@ class TestControlBase : public QObject
   Q_OBJECT
 
 private slots:
+  void initTestCase() { odrxCreateModuleObject()->initApp(); }
+  void cleanupTestCase() { odrxCreateModuleObject()->uninitApp(); }
+
+  void theWheelIsLeftToThePanel_data()
+  {
+    addEveryKindRows();
+    QTest::newRow("multi-line double") << PropUiGuidDouble;
+  }
+
+  // A user scrolling the panel passes over every control: none may take the
+  // turn for itself, change what it shows, write, or pull the focus to it.
+  void theWheelIsLeftToThePanel()
+  {
+    QFETCH(OdGUID, guid);
+    const bool multiLine = QByteArray(QTest::currentDataTag()).startsWith("multi-line");
+    RecordingBag bag;
+    const int item = addRichItem(bag, QStringLiteral("Rich"));
+    if (guid == PropUiGuidDate)
+      bag.item(item).value = textValue(QStringLiteral("05.03.2021"));
+    PropUiQWidget* control = boundKind(guid, bag, item, multiLine ? PropUiOption::kMultiLine : 0);
+    if (!control)
+      QSKIP("kind not registered");
+    ControlWindow window(control);
+    QVERIFY(window.showActive());
+    window.other->setFocus();
+    QTRY_VERIFY(window.other->hasFocus());
+    for (QLineEdit* e : control->findChildren<QLineEdit*>()) qInfo("DBG %s", qPrintable(e->text()));
+    const QImage before = control->grab().toImage();
+    bag.clearCalls();
+    for (QWidget* widget : control->findChildren<QWidget*>())
+    {
+      if (!widget->isVisible())
+        continue;
+      const QString where = QString::fromLatin1(widget->metaObject()->className()) + QLatin1Char(' ') + widget->objectName();
+      // Combo boxes keep Qt's wheel focus; the turn still chooses nothing in them.
+      if (!qobject_cast<QComboBox*>(widget))
+        QVERIFY2((widget->focusPolicy() & Qt::WheelFocus) != Qt::WheelFocus, qPrintable(where));
+      for (int delta : {120, -120, 120})
+      {
+        const QPoint centre = widget->rect().center();
+        QWheelEvent wheel(centre, widget->mapToGlobal(centre), QPoint(), QPoint(0, delta), Qt::NoButton,
+                          Qt::NoModifier, Qt::NoScrollPhase, false);
+        QApplication::sendEvent(widget, &wheel);
+        // A view may scroll its own rows; anything else hands the turn on to the panel.
+        if (!qobject_cast<QAbstractScrollArea*>(widget) && !qobject_cast<QAbstractScrollArea*>(widget->parentWidget()))
+          QVERIFY2(!wheel.isAccepted(), qPrintable(where));
+      }
+    }
+    QVERIFY(window.other->hasFocus());
+    QVERIFY2(!bag.called(QStringLiteral("validate")) && !bag.called(QStringLiteral("setValue"))
+               && !bag.called(QStringLiteral("setElementValue")),
+             qPrintable(bag.calls.join(QLatin1Char(' '))));
+    QCOMPARE(control->grab().toImage(), before);
+  }
+
   void bindingFormsAndPropagation()
   {
     RecordingBag bag;

@@ -309,37 +309,6 @@ private slots:
       QCOMPARE(bag.written.last().getInt32(), value);
   }
 
-  void theWheelIsLeftToThePanel_data()
-  {
-    QTest::addColumn<bool>("slider");
-    QTest::newRow("slider") << true;
-    QTest::newRow("spin box") << false;
-  }
-
-  void theWheelIsLeftToThePanel()
-  {
-    QFETCH(bool, slider);
-    RecordingBag bag;
-    const int item = slider ? addOpacity(bag) : addSegments(bag, 20);
-    PropUiQControl* made = slider ? static_cast<PropUiQControl*>(boundControl<PropUiQSliderCtrl>(bag, item))
-                                  : static_cast<PropUiQControl*>(boundControl<PropUiQIntegerCtrl>(bag, item));
-    ControlWindow window(made);
-    QVERIFY(window.showActive());
-    QWidget* target = slider ? static_cast<QWidget*>(window.findChild<PropQSliderBox*>())
-                             : static_cast<QWidget*>(window.findChild<PropQSpinBox*>());
-    window.other->setFocus();
-    QTRY_VERIFY(window.other->hasFocus());
-    // Wheel focus would take the focus from the editor the user is in.
-    QVERIFY((target->focusPolicy() & Qt::WheelFocus) != Qt::WheelFocus);
-    const QPoint centre = target->rect().center();
-    QWheelEvent wheel(centre, target->mapToGlobal(centre), QPoint(), QPoint(0, 120), Qt::NoButton, Qt::NoModifier,
-                      Qt::NoScrollPhase, false);
-    QApplication::sendEvent(target, &wheel);
-    QVERIFY(!wheel.isAccepted());
-    QCOMPARE(slider ? window.findChild<PropQSliderBox*>()->value() : window.findChild<PropQSpinBox*>()->value(), 20);
-    QVERIFY(bag.written.isEmpty());
-  }
-
   void sliderShowsOnlyWhatTheBagConfirmed()
   {
     MessageCatcher messages;
