@@ -193,20 +193,6 @@ private slots:
     QCOMPARE(row->findChildren<QAbstractButton*>().size(), 1);
   }
 
-  void pushButtonsCanShowIconsOnly()
-  {
-    RecordingBag bag;
-    const int item = addActions(bag, 2);
-    for (int options : {0, 0x40000})
-    {
-      QScopedPointer<PropUiActionButtonGroupCtrl> row(actionRow(true, bag, item, options));
-      const QList<QAbstractButton*> buttons = buttonsOf(*row);
-      QCOMPARE(buttons.size(), 2);
-      QCOMPARE(buttons[1]->toolTip(), QStringLiteral("Command 1"));
-      QCOMPARE(buttons[1]->text(), options ? QString() : QStringLiteral("Command 1"));
-    }
-  }
-
   void noFocusOptionKeepsButtonsOutOfTheTabChain()
   {
     RecordingBag bag;
@@ -286,12 +272,14 @@ private slots:
     QTest::addColumn<bool>("picture");
     QTest::addColumn<QString>("caption");
     QTest::addColumn<bool>("captionShown");
-    QTest::newRow("tool, own picture") << false << true << QStringLiteral("Zoom") << false;
-    QTest::newRow("tool, caption only") << false << false << QStringLiteral("Zoom") << true;
-    QTest::newRow("tool, neither") << false << false << QString() << false;
-    QTest::newRow("push, own picture") << true << true << QStringLiteral("Zoom") << true;
-    QTest::newRow("push, caption only") << true << false << QStringLiteral("Zoom") << true;
-    QTest::newRow("push, neither") << true << false << QString() << false;
+    QTest::addColumn<int>("options");
+    QTest::newRow("tool, own picture") << false << true << QStringLiteral("Zoom") << false << 0;
+    QTest::newRow("tool, caption only") << false << false << QStringLiteral("Zoom") << true << 0;
+    QTest::newRow("tool, neither") << false << false << QString() << false << 0;
+    QTest::newRow("push, own picture") << true << true << QStringLiteral("Zoom") << true << 0;
+    QTest::newRow("push, caption only") << true << false << QStringLiteral("Zoom") << true << 0;
+    QTest::newRow("push, neither") << true << false << QString() << false << 0;
+    QTest::newRow("push, pictures only") << true << false << QStringLiteral("Zoom") << false << 0x40000;
   }
 
   void actionButtonsShowTheirPictureOrElseTheirCaption()
@@ -300,13 +288,14 @@ private slots:
     QFETCH(bool, picture);
     QFETCH(QString, caption);
     QFETCH(bool, captionShown);
+    QFETCH(int, options);
     RecordingBag bag;
     const int item = bag.addItem(QStringLiteral("Tools"));
     auto* action = new TestAction(caption);
     if (picture)
       action->iconToGive = QIcon(QPixmap::fromImage(drawnIcon()));
     bag.item(item).actions.append(OdSharedPtr<PropAction>(action));
-    QScopedPointer<PropUiActionButtonGroupCtrl> row(actionRow(push, bag, item));
+    QScopedPointer<PropUiActionButtonGroupCtrl> row(actionRow(push, bag, item, options));
     QAbstractButton* button = buttonsOf(*row).value(0);
     QVERIFY(button);
     QCOMPARE(button->toolTip(), caption);

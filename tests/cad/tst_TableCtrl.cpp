@@ -61,7 +61,6 @@ private slots:
     QCOMPARE(table->tableModel()->headerData(1, Qt::Horizontal).toString(), QStringLiteral("Value"));
     QVERIFY(!table->tableModel()->headerData(0, Qt::Vertical).isValid());
     QVERIFY(table->tableView()->editTriggers() != QAbstractItemView::NoEditTriggers);
-    QCOMPARE(table->tableView()->accessibleName(), QStringLiteral("Title block"));
   }
 
   // A refresh hands the view new labels only: labels that changed, or came or went, must show.
