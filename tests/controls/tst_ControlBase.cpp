@@ -110,7 +110,6 @@ private slots:
 
     PropUiQDefaultFormatter other(nullptr);
     control.setFormatter(&other);
-    QCOMPARE(control.getFormatter(), &other);
     control.setFormatter(nullptr);
     control.setPropBagItem(&bag, 0); // no formatter: the step is skipped
     QCOMPARE(other.propBag(), nullptr);
