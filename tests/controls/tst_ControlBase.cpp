@@ -59,7 +59,6 @@ private slots:
     QVERIFY(window.showActive());
     window.other->setFocus();
     QTRY_VERIFY(window.other->hasFocus());
-    for (QLineEdit* e : control->findChildren<QLineEdit*>()) qInfo("DBG %s", qPrintable(e->text()));
     const QImage before = control->grab().toImage();
     bag.clearCalls();
     for (QWidget* widget : control->findChildren<QWidget*>())
