@@ -329,12 +329,27 @@ public:
 
 private:
   void clear() override { m_refreshers.clear(); }
+  // A hand-written panel that assistive technology can read names its
+  // editors and ties each caption to its editor, as bench_controls' plain
+  // rows and our controls do.
   void addRow(QWidget* section, QGridLayout* grid, int index, int row) override
   {
     OdString name;
     m_bag.getName(index, name);
-    grid->addWidget(new QLabel(toQString(name), section), row, 0);
-    grid->addWidget(makeEditor(section, index), row, 1);
+    const QString caption = toQString(name);
+    auto* label = new QLabel(caption, section);
+    QWidget* editor = makeEditor(section, index);
+    QList<QWidget*> focusable = editor->findChildren<QWidget*>();
+    focusable.prepend(editor);
+    for (QWidget* widget : focusable)
+      if (widget->focusPolicy() != Qt::NoFocus)
+      {
+        if (!label->buddy())
+          label->setBuddy(widget);
+        widget->setAccessibleName(caption);
+      }
+    grid->addWidget(label, row, 0);
+    grid->addWidget(editor, row, 1);
   }
 
   QString textOf(int index)
