@@ -163,6 +163,7 @@ void PropUiAccessibility::rebuilt()
 {
   m_textsKnown = false;
   m_captionSought = false;
+  captionsWaiting().remove(m_control);
 }
 
 void PropUiAccessibility::schedule()
@@ -359,6 +360,9 @@ void PropUiAccessibility::tieCaption() const
     captionsWaiting().remove(m_control);
     return;
   }
+  // It looked already and found no editor: an editor that comes later ties it.
+  if (captionsWaiting().contains(m_control))
+    return;
   if (m_control->parentWidget())
     for (const PropUiQControl* sibling : siblingsOf(m_control).editors.value(Edited(m_control)))
       if (QWidget* editor = firstEditor(sibling))

@@ -34,7 +34,10 @@ public:
 
   /** The next update re-reads caption and description from the bag. */
   void forgetTexts();
-  /** The control built its children anew: the next update re-reads the texts and looks for the caption again. */
+  /**
+   * The control was built anew or bound to another item: the next update
+   * re-reads the texts and looks for the caption or the editor again.
+   */
   void rebuilt();
   /** Updates after the current event; asking again before then changes nothing. */
   void schedule();

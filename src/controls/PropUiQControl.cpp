@@ -139,7 +139,7 @@ void PropUiQControl::setPropBagItem(PropBag* bag, int index)
   m_bag = bag;
   m_index = index;
   m_isPropertyElement = false;
-  m_accessibility->forgetTexts();
+  m_accessibility->rebuilt();
 }
 
 void PropUiQControl::setPropBagItem(PropBag* bag, int index, unsigned long element)
@@ -156,7 +156,7 @@ void PropUiQControl::setPropBagItem(PropBag* bag, int index, unsigned long eleme
   m_index = index;
   m_element = element;
   m_isPropertyElement = true;
-  m_accessibility->forgetTexts();
+  m_accessibility->rebuilt();
 }
 
 void PropUiQControl::disableActionsToolbar(bool disable)

@@ -304,12 +304,16 @@ private slots:
     // THEN the caption labels the control's editor, for the keyboard and for assistive technology
     auto* label = caption->findChild<QLabel*>();
     QVERIFY(label);
+    const QList<QWidget*> editors = focusable(control);
     if (!sameItem)
     {
       QCOMPARE(label->buddy(), static_cast<QWidget*>(nullptr));
+      // Bound to the control's item afterwards, it finds the control
+      caption->setPropBagItem(&bag, item);
+      caption->updateUi();
+      QTRY_COMPARE(label->buddy(), editors.value(0));
       return;
     }
-    const QList<QWidget*> editors = focusable(control);
     QVERIFY(!editors.isEmpty());
     QCOMPARE(label->buddy(), editors.first());
     const auto labelled = QAccessible::queryAccessibleInterface(label)->relations(QAccessible::Labelled);
