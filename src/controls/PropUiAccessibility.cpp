@@ -166,6 +166,12 @@ void PropUiAccessibility::rebuilt()
   captionsWaiting().remove(m_control);
 }
 
+void PropUiAccessibility::languageChanged()
+{
+  ++m_texts;
+  schedule();
+}
+
 void PropUiAccessibility::schedule()
 {
   if (m_pending)
@@ -231,13 +237,6 @@ void PropUiAccessibility::update()
       qWarning("PropWidgets: the item's caption could not be read");
       return;
     }
-  }
-  // Another language since the last update makes every text stale.
-  const QString readOnly = tr("read-only");
-  if (readOnly != m_readOnlyText)
-  {
-    m_readOnlyText = readOnly;
-    ++m_texts;
   }
   const bool varies = m_control->isVaries();
   const QList<QWidget*> widgets = m_control->findChildren<QWidget*>();

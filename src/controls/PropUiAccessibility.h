@@ -39,6 +39,8 @@ public:
    * re-reads the texts and looks for the caption or the editor again.
    */
   void rebuilt();
+  /** Another language: every text is made anew, after the current event. */
+  void languageChanged();
   /** Updates after the current event; asking again before then changes nothing. */
   void schedule();
   /** Updates now. */
@@ -88,7 +90,6 @@ private:
   QString m_description;
   /** Counts the changes of caption, description and language. */
   quint32 m_texts = 0;
-  QString m_readOnlyText;
   QVector<Given> m_given;
   bool m_textsKnown = false;
   bool m_pending = false;

@@ -176,6 +176,8 @@ bool PropUiQControl::event(QEvent* event)
 {
   if (event->type() == QEvent::Polish)
     m_accessibility->polished();
+  else if (event->type() == QEvent::LanguageChange)
+    m_accessibility->languageChanged();
   return PropUiQWidget::event(event);
 }
 

@@ -1,3 +1,4 @@
+#include "ControlWindow.h"
 #include "OdRxModule.h"
 #include "PropUiQLineEdit.h"
 #include "PropUiTranslations.h"
@@ -171,6 +172,26 @@ private slots:
 
     QVERIFY(!varies.isEmpty());
     QVERIFY2(varies != QStringLiteral("*varies*"), qPrintable(varies));
+  }
+
+  // Assistive technology hears the new language at once, not at the next refresh.
+  void aShownControlAnnouncesInTheNewLanguage()
+  {
+    RecordingBag bag;
+    const int item = bag.addItem(QStringLiteral("Radius"), realValue(2));
+    bag.item(item).editable = false;
+    PropUiQLineEdit* control = boundControl<PropUiQLineEdit>(bag, item);
+    ControlWindow window(control);
+    QVERIFY(window.showActive());
+    const auto announced = [control]() { return control->lineEdit()->accessibleDescription().section(QStringLiteral(", "), -1); };
+    QTRY_COMPARE(announced(), QStringLiteral("read-only"));
+
+    QTranslator* translator = propUiInstallTranslator(QLocale(QLocale::German, QLocale::Germany));
+    QVERIFY(translator);
+    QTRY_COMPARE(announced(), QStringLiteral("schreibgeschützt"));
+    QCoreApplication::removeTranslator(translator);
+    delete translator;
+    QTRY_COMPARE(announced(), QStringLiteral("read-only"));
   }
 };
 
