@@ -147,6 +147,7 @@ public:
   void setMessagesSuppressed(bool suppressed) { m_messagesSuppressed = suppressed; }
 
 protected:
+  /** Names the widgets for assistive technology before the control is first laid out, and again in a new language. */
   bool event(QEvent* event) override;
 
   /** True from the start of the base's destruction on: no bag call may follow. */
