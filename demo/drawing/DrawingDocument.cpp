@@ -1,6 +1,54 @@
 #include "DrawingDocument.h"
 
+#include <algorithm>
 #include <utility>
+
+namespace
+{
+
+/** Counts what drawing @p entities takes at nesting @p depth, each block counted once per depth. */
+class DrawnEntityCounter
+{
+public:
+  DrawnEntityCounter(const std::map<QString, DrawingBlock>& blocks, quint64 limit) : m_blocks(blocks), m_limit(limit) {}
+
+  quint64 count(const std::vector<DrawingEntity>& entities, int depth)
+  {
+    quint64 total = 0;
+    for (const DrawingEntity& entity : entities)
+    {
+      // a multi-line text is drawn line by line
+      const int lines = entity.kind == EntityKind::MText ? entity.text.count(QLatin1String("\\P")) + 1 : 1;
+      total = std::min(m_limit, total + quint64(lines));
+      if (entity.kind == EntityKind::Insert && depth < DrawingDocument::kMaxBlockDepth)
+        total = std::min(m_limit, total + blockCount(entity.blockName, depth + 1));
+      if (total == m_limit)
+        break;
+    }
+    return total;
+  }
+
+private:
+  quint64 blockCount(const QString& name, int depth)
+  {
+    const auto found = m_blocks.find(name);
+    if (found == m_blocks.end())
+      return 0;
+    const auto key = std::make_pair(name, depth);
+    const auto known = m_counts.find(key);
+    if (known != m_counts.end())
+      return known->second;
+    const quint64 counted = count(found->second.entities, depth);
+    m_counts[key] = counted;
+    return counted;
+  }
+
+  const std::map<QString, DrawingBlock>& m_blocks;
+  const quint64 m_limit;
+  std::map<std::pair<QString, int>, quint64> m_counts;
+};
+
+} // namespace
 
 DrawingDocument::DrawingDocument(QObject* parent) : QObject(parent), m_database(std::make_unique<OdDbDatabase>()) {}
 
@@ -24,6 +72,11 @@ quint64 DrawingDocument::addEntity(DrawingEntity entity)
   m_indexOfHandle[entity.handle] = m_entities.size();
   m_entities.push_back(std::move(entity));
   return m_entities.back().handle;
+}
+
+quint64 DrawingDocument::drawnEntityCount(quint64 limit) const
+{
+  return DrawnEntityCounter(m_blocks, limit).count(m_entities, 0);
 }
 
 void DrawingDocument::replaceEntities(const std::vector<DrawingEntity>& changed)

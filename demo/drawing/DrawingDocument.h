@@ -42,6 +42,16 @@ public:
   const std::map<QString, DrawingBlock>& blocks() const { return m_blocks; }
   DrawingBlock& block(const QString& name) { return m_blocks[name]; }
 
+  /** Inserts nested deeper than this are a loop in the drawing, not a design, and are not drawn. */
+  static constexpr int kMaxBlockDepth = 8;
+  /**
+   * How many entities drawing the model space takes: an insert counts as its
+   * block's entities, nested as deep as they are drawn, and a multi-line text
+   * as its lines. The count stops at
+   * @p limit, as blocks that insert each other many times make it grow beyond any number.
+   */
+  quint64 drawnEntityCount(quint64 limit) const;
+
   /** Puts the given entities in place of those with the same handles; unknown handles are skipped. */
   void replaceEntities(const std::vector<DrawingEntity>& changed);
 

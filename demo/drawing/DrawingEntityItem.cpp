@@ -18,8 +18,6 @@ namespace
 
 // Texts are laid out once in this font at a fixed size and scaled to their height.
 constexpr double kFontPixels = 64.0;
-// Nested inserts deeper than this are a loop in the drawing, not a design.
-constexpr int kMaxBlockDepth = 8;
 // More dashes than this on one entity are a grey blur on screen; the outline is drawn solid instead.
 constexpr double kMaxDashes = 20000.0;
 // On screen, below these sizes in pixels an entity is drawn as a dot and a dash pattern as a solid line.
@@ -73,8 +71,9 @@ void addArc(QPainterPath& path, const QPointF& centre, double radius, double sta
   const QPointF start(centre.x() + radius * std::cos(a), centre.y() + radius * std::sin(a));
   if (moveFirst)
     path.moveTo(start);
-  // QPainterPath counts angles with Y down; in drawing coordinates that flips their sign
-  path.arcTo(box, -startDegrees, -sweepDegrees);
+  // QPainterPath counts angles with Y down; in drawing coordinates that flips their sign.
+  // It counts quarter turns in an int, which a drawing's angle of many turns overflows.
+  path.arcTo(box, -std::fmod(startDegrees, 360.0), -sweepDegrees);
 }
 
 void addBulge(QPainterPath& path, const QPointF& from, const QPointF& to, double bulge)
@@ -115,7 +114,8 @@ QPainterPath dashed(const QPainterPath& outline, const std::vector<double>& patt
   double period = 0;
   for (double d : pattern)
     period += std::abs(d);
-  if (pattern.empty() || period <= 0 || outline.length() / period > kMaxDashes)
+  // each element of the pattern is a dash, or a gap, once per repetition
+  if (pattern.empty() || period <= 0 || outline.length() / period * double(pattern.size()) > kMaxDashes)
     return outline;
   const double dot = period / 100.0;
   QPainterPath result;
@@ -179,7 +179,7 @@ public:
 
   void add(const DrawingEntity& e, const QTransform& toScene, const Inherited& parent, int depth)
   {
-    if (!e.visible || depth > kMaxBlockDepth)
+    if (!e.visible || depth > DrawingDocument::kMaxBlockDepth)
       return;
     // an entity of a block on layer 0 takes the insert's layer
     const OdDbObjectId layerId = depth > 0 && e.layer == m_db.getLayerZeroId() ? parent.layer : e.layer;
@@ -482,13 +482,28 @@ private:
       for (int i = 0; i < linetype->numDashes(); ++i)
         pattern.push_back(linetype->dashLengthAt(i) * style.linetypeScale);
 
+    double period = 0;
+    for (double d : pattern)
+      period += std::abs(d);
+    QPen pen(style.color, pixels, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin);
+    pen.setCosmetic(true);
+    // A block's entities mostly share one look, and an insert of it draws them thousands of
+    // times over: in one stroke they cost a path, not a path, two pens and a copy each.
+    if (!m_strokes.empty() && m_strokes.back().pen == pen && m_strokes.back().period == period)
+    {
+      m_strokes.back().outline.addPath(outline);
+      if (period > 0)
+        m_strokes.back().dashed.addPath(dashed(outline, pattern));
+      return;
+    }
+
     DrawingEntityItem::Stroke stroke;
     stroke.outline = outline;
-    stroke.dashed = dashed(outline, pattern);
-    for (double d : pattern)
-      stroke.period += std::abs(d);
-    stroke.pen = QPen(style.color, pixels, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin);
-    stroke.pen.setCosmetic(true);
+    // a continuous line is never drawn dashed
+    if (period > 0)
+      stroke.dashed = dashed(outline, pattern);
+    stroke.period = period;
+    stroke.pen = pen;
     QColor glow = m_look.highlight;
     glow.setAlpha(150);
     stroke.glow = QPen(glow, std::max(pixels, 1.0) + 4.0, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin);
