@@ -1,6 +1,7 @@
 #include "DxfReader.h"
 
 #include "DrawingDocument.h"
+#include "DxfGroupScanner.h"
 #include "DxfStrings.h"
 #include "OdDbDatabase.h"
 #include "OdDbLayerTableRecord.h"
@@ -9,12 +10,14 @@
 #include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
+#include <QRegularExpression>
 #include <algorithm>
 #include <cmath>
 #include <dl_creationadapter.h>
 #include <dl_dxf.h>
 #include <exception>
 #include <optional>
+#include <sstream>
 
 namespace
 {
@@ -23,6 +26,12 @@ QString tr(const char* text)
 {
   return QCoreApplication::translate("DxfReader", text);
 }
+
+// Far beyond any real drawing, and well within what a QByteArray holds.
+constexpr qint64 kLargestFile = qint64(512) << 20;
+// A canvas works out everything it draws when it opens a drawing, an
+// insert's block as often as it is inserted: this many take seconds.
+constexpr quint64 kMostDrawnEntities = 250000;
 
 /**
  * The group values that dxflib does not hand over (visibility, the full
@@ -461,31 +470,63 @@ bool fail(QString* error, const QString& message)
   return false;
 }
 
-} // namespace
-
-bool readDxf(const QString& path, DrawingDocument& document, QString* error, int* skipped)
+/** Hands one group to dxflib, through the stream reader that reads a group at a time. */
+void feed(DL_Dxf& dxf, DocumentBuilder& builder, int code, const std::string& value)
 {
-  const QString shown = QFileInfo(path).fileName();
-  QFile file(path);
-  if (!file.open(QIODevice::ReadOnly))
-    return fail(error, tr("Cannot open %1: %2").arg(shown, file.errorString()));
-  if (file.peek(18) == "AutoCAD Binary DXF")
+  std::istringstream pair(std::to_string(code) + '\n' + value + '\n');
+  dxf.readDxfGroups(pair, &builder);
+}
+
+/**
+ * Whether dxflib may see the comment: it reads a version of its own from
+ * "dxflib 1.2.3.4", and throws or reads memory it never set on anything
+ * shorter; comments mean nothing else to it or to a drawing.
+ */
+bool isLibraryVersion(const std::string& comment)
+{
+  static const QRegularExpression version(QStringLiteral("^dxflib \\d{1,3}\\.\\d{1,3}\\.\\d{1,3}\\.\\d{1,3}$"));
+  return version.match(QString::fromStdString(comment)).hasMatch();
+}
+
+bool read(const QByteArray& data, const QString& shown, const QString& path, DrawingDocument& document,
+          QString* error, int* skipped)
+{
+  if (data.startsWith("AutoCAD Binary DXF"))
     return fail(error, tr("%1 is a binary DXF file; only text DXF files can be opened.").arg(shown));
-  file.close();
 
   // read aside, so that a file that turns out bad leaves the open drawing as it was
   DrawingDocument read;
   DocumentBuilder builder(read.database());
+  DxfGroupScanner scanner(data);
   try
   {
     DL_Dxf dxf;
-    if (!dxf.in(QFile::encodeName(path).toStdString(), &builder))
-      return fail(error, tr("Cannot read %1.").arg(shown));
+    // dxflib sets up its state only when asked to read a whole stream; this one is empty
+    std::istringstream nothing;
+    dxf.in(nothing, &builder);
+    // Files of other programs carry no version of dxflib, which it then reads from memory it never
+    // set; this one is its own, so that it reads them all alike.
+    feed(dxf, builder, 999, "dxflib " DL_VERSION);
+    // dxflib reads a file by lines and tells what it read only by the entities it makes; group by
+    // group, the builder sees the groups as dxflib does and a fault has its line.
+    DxfGroup group;
+    while (scanner.next(group))
+    {
+      builder.processCodeValuePair(unsigned(group.code), group.value);
+      if (group.code != 999 || isLibraryVersion(group.value))
+        feed(dxf, builder, group.code, group.value);
+    }
   }
   catch (const std::exception&)
   {
-    // dxflib sizes its buffers from counts in the file, which a damaged file can make absurd
-    return fail(error, tr("%1 is damaged and cannot be read.").arg(shown));
+    return fail(error, tr("%1 is damaged at line %2 and cannot be read.").arg(shown).arg(scanner.line()));
+  }
+  if (!scanner.fault().isEmpty())
+  {
+    // a file that fails at its first group was never a drawing
+    if (scanner.line() == 1)
+      return fail(error, tr("%1 is not a DXF drawing.").arg(shown));
+    return fail(error, tr("%1 is damaged at line %2: %3.").arg(shown).arg(scanner.line()).arg(scanner.fault()));
   }
   if (!builder.sawSection)
     return fail(error, tr("%1 is not a DXF drawing.").arg(shown));
@@ -501,9 +542,36 @@ bool readDxf(const QString& path, DrawingDocument& document, QString* error, int
     read.block(name) = std::move(block);
   for (DrawingEntity& entity : builder.modelSpace)
     read.addEntity(std::move(entity));
+  if (read.drawnEntityCount(kMostDrawnEntities + 1) > kMostDrawnEntities)
+    return fail(error, tr("%1 takes more than %L2 entities to draw, each block counted as often as it is inserted.")
+                           .arg(shown)
+                           .arg(kMostDrawnEntities));
   read.setFileName(path);
   if (skipped)
     *skipped = builder.skipped;
   document.takeContents(read);
   return true;
+}
+
+} // namespace
+
+bool readDxfData(const QByteArray& data, const QString& shownName, DrawingDocument& document, QString* error,
+                 int* skipped)
+{
+  return read(data, shownName, QString(), document, error, skipped);
+}
+
+bool readDxf(const QString& path, DrawingDocument& document, QString* error, int* skipped)
+{
+  const QString shown = QFileInfo(path).fileName();
+  QFile file(path);
+  if (!file.open(QIODevice::ReadOnly))
+    return fail(error, tr("Cannot open %1: %2").arg(shown, file.errorString()));
+  // the file is read whole, into memory that must hold it
+  if (file.size() > kLargestFile)
+    return fail(error, tr("%1 is larger than %2 MB, more than this editor opens.").arg(shown).arg(kLargestFile >> 20));
+  const QByteArray data = file.readAll();
+  if (file.error() != QFileDevice::NoError)
+    return fail(error, tr("Cannot read %1: %2").arg(shown, file.errorString()));
+  return read(data, shown, path, document, error, skipped);
 }

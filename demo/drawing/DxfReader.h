@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QByteArray>
 #include <QString>
 
 class DrawingDocument;
@@ -10,6 +11,13 @@ class DrawingDocument;
  * circles, arcs, polylines, texts, multi-line texts, inserts and dimensions.
  * Entities of other kinds are skipped; @p skipped, when given, receives their
  * count. On failure the document is left as it was, @p error (when given) says
- * why and the result is false.
+ * why (for a damaged file, at which line) and the result is false.
  */
 bool readDxf(const QString& path, DrawingDocument& document, QString* error, int* skipped = nullptr);
+
+/**
+ * The same for a drawing already in memory; @p shownName is what messages call
+ * it, and the document gets no file name.
+ */
+bool readDxfData(const QByteArray& data, const QString& shownName, DrawingDocument& document, QString* error,
+                 int* skipped = nullptr);
