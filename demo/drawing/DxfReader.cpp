@@ -10,6 +10,7 @@
 #include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
+#include <QLocale>
 #include <QRegularExpression>
 #include <algorithm>
 #include <cmath>
@@ -519,14 +520,14 @@ bool read(const QByteArray& data, const QString& shown, const QString& path, Dra
   }
   catch (const std::exception&)
   {
-    return fail(error, tr("%1 is damaged at line %2 and cannot be read.").arg(shown).arg(scanner.line()));
+    return fail(error, tr("%1 is damaged at line %2 and cannot be read.").arg(shown, QString::number(scanner.line())));
   }
   if (!scanner.fault().isEmpty())
   {
     // a file that fails at its first group was never a drawing
     if (scanner.line() == 1)
       return fail(error, tr("%1 is not a DXF drawing.").arg(shown));
-    return fail(error, tr("%1 is damaged at line %2: %3.").arg(shown).arg(scanner.line()).arg(scanner.fault()));
+    return fail(error, tr("%1 is damaged at line %2: %3.").arg(shown, QString::number(scanner.line()), scanner.fault()));
   }
   if (!builder.sawSection)
     return fail(error, tr("%1 is not a DXF drawing.").arg(shown));
@@ -543,9 +544,8 @@ bool read(const QByteArray& data, const QString& shown, const QString& path, Dra
   for (DrawingEntity& entity : builder.modelSpace)
     read.addEntity(std::move(entity));
   if (read.drawnEntityCount(kMostDrawnEntities + 1) > kMostDrawnEntities)
-    return fail(error, tr("%1 takes more than %L2 entities to draw, each block counted as often as it is inserted.")
-                           .arg(shown)
-                           .arg(kMostDrawnEntities));
+    return fail(error, tr("%1 takes more than %2 entities to draw, each block counted as often as it is inserted.")
+                           .arg(shown, QLocale().toString(kMostDrawnEntities)));
   read.setFileName(path);
   if (skipped)
     *skipped = builder.skipped;
@@ -569,7 +569,7 @@ bool readDxf(const QString& path, DrawingDocument& document, QString* error, int
     return fail(error, tr("Cannot open %1: %2").arg(shown, file.errorString()));
   // the file is read whole, into memory that must hold it
   if (file.size() > kLargestFile)
-    return fail(error, tr("%1 is larger than %2 MB, more than this editor opens.").arg(shown).arg(kLargestFile >> 20));
+    return fail(error, tr("%1 is larger than %2 MB, more than this editor opens.").arg(shown, QString::number(kLargestFile >> 20)));
   const QByteArray data = file.readAll();
   if (file.error() != QFileDevice::NoError)
     return fail(error, tr("Cannot read %1: %2").arg(shown, file.errorString()));
