@@ -1,0 +1,60 @@
+#!/usr/bin/env bash
+# Fuzzes the demo's DXF reader for SECONDS (60 by default): builds the harness
+# tests/fuzz/fuzz_DxfReader.cpp with clang, libFuzzer, ASan and UBSan into
+# build-fuzz/, seeds it with the parts library's drawings and the demo's own,
+# and prints what the run did. Every input that crashed, hung or ran out of
+# memory is kept in build-fuzz/dxf-crashes/; the script then fails. Replay one
+# with build-fuzz/bin/fuzz_DxfReader FILE, and keep it in tests/fuzz/dxf-regressions/.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+seconds=${1:-60}
+
+packages=(clang cmake ninja-build qtbase5-dev pkg-config libdxflib-dev librecad-data fonts-dejavu-core)
+missing=()
+for p in "${packages[@]}"; do
+  dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q "install ok installed" || missing+=("$p")
+done
+if [ ${#missing[@]} -gt 0 ]; then
+  SUDO=""
+  [ "$(id -u)" -ne 0 ] && SUDO="sudo"
+  $SUDO apt-get update -qq
+  DEBIAN_FRONTEND=noninteractive $SUDO apt-get install -y -qq "${missing[@]}"
+fi
+
+build=build-fuzz
+# The library's tree is instrumented for coverage and checked; only the harness links libFuzzer's main.
+cmake -S . -B "$build" -G Ninja -DCMAKE_CXX_COMPILER=clang++ -DCMAKE_BUILD_TYPE=RelWithDebInfo \
+  -DBUILD_TESTING=OFF -DPROP_FUZZ_DXF=ON \
+  "-DCMAKE_CXX_FLAGS=-fsanitize=fuzzer-no-link,address,undefined -fno-sanitize-recover=undefined -fno-omit-frame-pointer" \
+  > /dev/null
+cmake --build "$build" --target fuzz_DxfReader -j 2
+
+corpus=$build/dxf-corpus
+crashes=$build/dxf-crashes
+mkdir -p "$corpus" "$crashes"
+seeds=(demo/drawing/samples tests/fuzz/dxf-regressions)
+[ -d /usr/share/librecad/library ] && seeds+=(/usr/share/librecad/library)
+known=$(ls "$crashes")
+log=$build/fuzz-dxf.log
+
+export QT_QPA_PLATFORM=offscreen
+export ASAN_OPTIONS=detect_leaks=1:halt_on_error=1:detect_stack_use_after_return=1
+export UBSAN_OPTIONS=halt_on_error=1:print_stacktrace=1
+export LSAN_OPTIONS="suppressions=$PWD/tests/lsan.supp:print_suppressions=0"
+echo "fuzzing for $seconds s; progress in $log"
+# Forked, a crash ends one job and the run goes on; -max_len holds the largest parts-library drawing.
+status=0
+"$build/bin/fuzz_DxfReader" "$corpus" "${seeds[@]}" -fork=1 -ignore_crashes=1 -ignore_timeouts=1 -ignore_ooms=1 \
+  -max_total_time="$seconds" -max_len=1048576 -timeout=30 -dict=tests/fuzz/dxf.dict \
+  -artifact_prefix="$crashes/" -print_final_stats=1 -print_funcs=0 > "$log" 2>&1 || status=$?
+
+new=$(comm -13 <(echo "$known") <(ls "$crashes"))
+echo "last figures: $(grep -E '^#[0-9]+' "$log" | tail -n 1)"
+grep -E '^stat::' "$log" || true
+echo "corpus: $(find "$corpus" -type f | wc -l) inputs in $corpus"
+if [ -n "$new" ] || [ "$status" -ne 0 ]; then
+  echo "faults (exit status $status), kept in $crashes/:"
+  echo "$new"
+  exit 1
+fi
+echo "no faults"

@@ -1,0 +1,129 @@
+// Opens one input through the demo's DXF reader, as a user opening a file,
+// and when it opens, does with the drawing what the editor does next: saves
+// it, opens the save and draws every entity. Any of those failing on what the
+// reader accepted is a fault, and so is a refusal without a message or one
+// that touched the drawing open before. Given file paths, the program reads
+// each once (libFuzzer's replay), which is how a saved crash is looked at.
+
+#include "DrawingDocument.h"
+#include "DrawingEntityItem.h"
+#include "DxfReader.h"
+#include "DxfWriter.h"
+#include <QDir>
+#include <QGuiApplication>
+#include <QImage>
+#include <QPainter>
+#include <QStyleOptionGraphicsItem>
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+#include <memory>
+#include <unistd.h>
+#include <vector>
+
+namespace
+{
+
+void check(bool condition, const char* what, const QString& detail = QString())
+{
+  if (condition)
+    return;
+  std::fprintf(stderr, "fuzz_DxfReader: %s %s\n", what, qPrintable(detail));
+  std::abort();
+}
+
+// Every input paints thousands of warnings (points at infinity, empty paths): they are not faults.
+void quiet(QtMsgType type, const QMessageLogContext&, const QString& message)
+{
+  if (type == QtFatalMsg)
+    check(false, "Qt gave up:", message);
+}
+
+/** Where the save goes: memory, one file per process, as libFuzzer may run several. */
+QString savePath()
+{
+  const QString folder = QDir(QStringLiteral("/dev/shm")).exists() ? QStringLiteral("/dev/shm") : QDir::tempPath();
+  return QStringLiteral("%1/fuzz_DxfReader-%2.dxf").arg(folder).arg(getpid());
+}
+
+/** Paints @p item as a canvas does, with @p area of the scene filling the image. */
+void paint(QImage& image, DrawingEntityItem& item, const QRectF& area)
+{
+  QPainter painter(&image);
+  painter.setRenderHint(QPainter::Antialiasing);
+  if (area.width() > 0 && area.height() > 0)
+  {
+    const double scale = std::min(image.width() / area.width(), image.height() / area.height());
+    painter.scale(scale, scale);
+    painter.translate(-area.topLeft());
+  }
+  QStyleOptionGraphicsItem option;
+  option.exposedRect = item.boundingRect();
+  item.paint(&painter, &option, nullptr);
+}
+
+/** Builds every entity's item and paints it, over the whole drawing and over its own box, selected or not. */
+void draw(const DrawingDocument& document)
+{
+  static QImage image(48, 48, QImage::Format_ARGB32_Premultiplied);
+  const DrawingLook look;
+  std::vector<std::unique_ptr<DrawingEntityItem>> items;
+  QRectF extents;
+  for (const DrawingEntity& entity : document.entities())
+  {
+    items.push_back(std::make_unique<DrawingEntityItem>(entity.handle));
+    items.back()->rebuild(document, entity, look);
+    if (items.back()->isVisible())
+      extents |= items.back()->boundingRect();
+  }
+  for (const auto& item : items)
+  {
+    if (!item->isVisible())
+      continue;
+    paint(image, *item, extents);
+    item->setHighlighted(true);
+    paint(image, *item, item->boundingRect());
+    const QRectF box = item->boundingRect();
+    item->hits(box.center(), box.width() / 100 + 1e-3);
+  }
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerInitialize(int*, char***)
+{
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  qInstallMessageHandler(quiet);
+  static int argc = 1;
+  static char name[] = "fuzz_DxfReader";
+  static char* argv[] = {name, nullptr};
+  new QGuiApplication(argc, argv);
+  return 0;
+}
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+{
+  const QByteArray bytes = QByteArray::fromRawData(reinterpret_cast<const char*>(data), int(size));
+  DrawingDocument document;
+  DrawingEntity open;
+  open.points = {{0, 0, 0}, {1, 1, 0}};
+  document.addEntity(open);
+  const OdDbDatabase* openDatabase = &document.database();
+
+  QString error;
+  if (!readDxfData(bytes, QStringLiteral("input.dxf"), document, &error))
+  {
+    check(!error.isEmpty(), "refused without a message");
+    check(&document.database() == openDatabase && document.entities().size() == 1, "refused, but changed the drawing:",
+          error);
+    return 0;
+  }
+
+  const QString path = savePath();
+  check(writeDxf(path, document, &error), "accepted, but cannot be saved:", error);
+  DrawingDocument reopened;
+  check(readDxf(path, reopened, &error), "accepted, but its save does not open:", error);
+  check(reopened.entities().size() == document.entities().size(), "accepted, but its save lost entities");
+  draw(document);
+  return 0;
+}
