@@ -62,7 +62,7 @@ const DrawingEntity* DrawingDocument::entity(quint64 handle) const
 
 quint64 DrawingDocument::addEntity(DrawingEntity entity)
 {
-  if (entity.handle == 0 || m_indexOfHandle.count(entity.handle))
+  if (!keepsHandle(entity.handle) || m_indexOfHandle.count(entity.handle))
     entity.handle = m_lastHandle + 1;
   m_lastHandle = std::max(m_lastHandle, entity.handle);
   if (entity.layer.isNull())

@@ -5,6 +5,7 @@
 #include <QObject>
 #include <QString>
 #include <QVector>
+#include <limits>
 #include <map>
 #include <memory>
 #include <vector>
@@ -35,8 +36,13 @@ public:
   const std::vector<DrawingEntity>& entities() const { return m_entities; }
   /** Null when no entity has the handle. */
   const DrawingEntity* entity(quint64 handle) const;
-  /** Adds at the end; a zero or taken handle is replaced by a new one. Returns the handle. */
+  /** Adds at the end; a handle that is taken or not keepsHandle() is replaced by a new one. Returns the handle. */
   quint64 addEntity(DrawingEntity entity);
+  /**
+   * Whether a handle can be an entity's: not zero, and not in the top half
+   * of the range, where the new handles counting on from it would run out.
+   */
+  static bool keepsHandle(quint64 handle) { return handle != 0 && handle <= std::numeric_limits<quint64>::max() / 2; }
 
   /** Block definitions by name, as the file spells it. */
   const std::map<QString, DrawingBlock>& blocks() const { return m_blocks; }

@@ -489,6 +489,27 @@ bool isLibraryVersion(const std::string& comment)
   return version.match(QString::fromStdString(comment)).hasMatch();
 }
 
+/**
+ * Gives the entities of blocks without a handle the document keeps a handle
+ * above every other: a save would write them with numbers it hands out as it
+ * goes, and a second save of what the first one wrote would number its tables
+ * differently.
+ */
+void numberBlockEntities(DrawingDocument& document)
+{
+  quint64 last = 0;
+  for (const DrawingEntity& entity : document.entities())
+    last = std::max(last, entity.handle);
+  for (const auto& block : document.blocks())
+    for (const DrawingEntity& entity : block.second.entities)
+      if (DrawingDocument::keepsHandle(entity.handle))
+        last = std::max(last, entity.handle);
+  for (const auto& block : document.blocks())
+    for (DrawingEntity& entity : document.block(block.first).entities)
+      if (!DrawingDocument::keepsHandle(entity.handle))
+        entity.handle = ++last;
+}
+
 bool read(const QByteArray& data, const QString& shown, const QString& path, DrawingDocument& document,
           QString* error, int* skipped)
 {
@@ -527,7 +548,8 @@ bool read(const QByteArray& data, const QString& shown, const QString& path, Dra
     // a file that fails at its first group was never a drawing
     if (scanner.line() == 1)
       return fail(error, tr("%1 is not a DXF drawing.").arg(shown));
-    return fail(error, tr("%1 is damaged at line %2: %3.").arg(shown, QString::number(scanner.line()), scanner.fault()));
+    return fail(error,
+                tr("%1 is damaged at line %2: %3.").arg(shown, QString::number(scanner.line()), scanner.fault()));
   }
   if (!builder.sawSection)
     return fail(error, tr("%1 is not a DXF drawing.").arg(shown));
@@ -543,6 +565,7 @@ bool read(const QByteArray& data, const QString& shown, const QString& path, Dra
     read.block(name) = std::move(block);
   for (DrawingEntity& entity : builder.modelSpace)
     read.addEntity(std::move(entity));
+  numberBlockEntities(read);
   if (read.drawnEntityCount(kMostDrawnEntities + 1) > kMostDrawnEntities)
     return fail(error, tr("%1 takes more than %2 entities to draw, each block counted as often as it is inserted.")
                            .arg(shown, QLocale().toString(kMostDrawnEntities)));
@@ -569,7 +592,8 @@ bool readDxf(const QString& path, DrawingDocument& document, QString* error, int
     return fail(error, tr("Cannot open %1: %2").arg(shown, file.errorString()));
   // the file is read whole, into memory that must hold it
   if (file.size() > kLargestFile)
-    return fail(error, tr("%1 is larger than %2 MB, more than this editor opens.").arg(shown, QString::number(kLargestFile >> 20)));
+    return fail(error, tr("%1 is larger than %2 MB, more than this editor opens.")
+                           .arg(shown, QString::number(kLargestFile >> 20)));
   const QByteArray data = file.readAll();
   if (file.error() != QFileDevice::NoError)
     return fail(error, tr("Cannot read %1: %2").arg(shown, file.errorString()));
