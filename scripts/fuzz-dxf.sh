@@ -42,10 +42,11 @@ export ASAN_OPTIONS=detect_leaks=1:halt_on_error=1:detect_stack_use_after_return
 export UBSAN_OPTIONS=halt_on_error=1:print_stacktrace=1
 export LSAN_OPTIONS="suppressions=$PWD/tests/lsan.supp:print_suppressions=0"
 echo "fuzzing for $seconds s; progress in $log"
-# Forked, a crash ends one job and the run goes on; -max_len holds the largest parts-library drawing.
+# Forked, a crash ends one job and the run goes on; -max_len holds the largest parts-library drawing,
+# which takes seconds under the sanitizers: a minute is a hang.
 status=0
 "$build/bin/fuzz_DxfReader" "$corpus" "${seeds[@]}" -fork=1 -ignore_crashes=1 -ignore_timeouts=1 -ignore_ooms=1 \
-  -max_total_time="$seconds" -max_len=1048576 -timeout=30 -dict=tests/fuzz/dxf.dict \
+  -max_total_time="$seconds" -max_len=1048576 -timeout=60 -dict=tests/fuzz/dxf.dict \
   -artifact_prefix="$crashes/" -print_final_stats=1 -print_funcs=0 > "$log" 2>&1 || status=$?
 
 new=$(comm -13 <(echo "$known") <(ls "$crashes"))

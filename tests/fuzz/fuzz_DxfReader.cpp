@@ -1,23 +1,25 @@
 // Opens one input through the demo's DXF reader, as a user opening a file,
 // and when it opens, does with the drawing what the editor does next: saves
-// it, opens the save and draws every entity. Any of those failing on what the
-// reader accepted is a fault, and so is a refusal without a message or one
-// that touched the drawing open before. Given file paths, the program reads
-// each once (libFuzzer's replay), which is how a saved crash is looked at.
+// it, opens the save (whose save must be the same bytes) and draws every
+// entity. Any of those failing on what the reader accepted is a fault, and so
+// is a refusal without a message or one that touched the drawing open before.
+// Given file paths, the program reads each once (libFuzzer's replay), which is
+// how a saved crash is looked at.
 
 #include "DrawingDocument.h"
 #include "DrawingEntityItem.h"
 #include "DxfReader.h"
 #include "DxfWriter.h"
+#include <QApplication>
 #include <QDir>
-#include <QGuiApplication>
+#include <QFile>
+#include <QGraphicsScene>
 #include <QImage>
 #include <QPainter>
 #include <QStyleOptionGraphicsItem>
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
-#include <memory>
 #include <unistd.h>
 #include <vector>
 
@@ -46,7 +48,13 @@ QString savePath()
   return QStringLiteral("%1/fuzz_DxfReader-%2.dxf").arg(folder).arg(getpid());
 }
 
-/** Paints @p item as a canvas does, with @p area of the scene filling the image. */
+QByteArray contentsOf(const QString& path)
+{
+  QFile file(path);
+  return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+/** Paints @p item over @p area of the scene, which fills the image: an entity seen close up. */
 void paint(QImage& image, DrawingEntityItem& item, const QRectF& area)
 {
   QPainter painter(&image);
@@ -62,28 +70,41 @@ void paint(QImage& image, DrawingEntityItem& item, const QRectF& area)
   item.paint(&painter, &option, nullptr);
 }
 
-/** Builds every entity's item and paints it, over the whole drawing and over its own box, selected or not. */
+/**
+ * Does what a canvas does with a drawing: builds every entity's item into a
+ * scene, draws the whole, selects what a rectangle around it encloses, draws
+ * that, and draws each entity close up and picks it at its middle.
+ */
 void draw(const DrawingDocument& document)
 {
   static QImage image(48, 48, QImage::Format_ARGB32_Premultiplied);
   const DrawingLook look;
-  std::vector<std::unique_ptr<DrawingEntityItem>> items;
-  QRectF extents;
+  QGraphicsScene scene;
+  std::vector<DrawingEntityItem*> items;
   for (const DrawingEntity& entity : document.entities())
   {
-    items.push_back(std::make_unique<DrawingEntityItem>(entity.handle));
+    items.push_back(new DrawingEntityItem(entity.handle));
     items.back()->rebuild(document, entity, look);
-    if (items.back()->isVisible())
-      extents |= items.back()->boundingRect();
+    scene.addItem(items.back());
   }
-  for (const auto& item : items)
+  const QRectF extents = scene.itemsBoundingRect();
+  {
+    QPainter painter(&image);
+    scene.render(&painter, image.rect(), extents);
+  }
+  for (QGraphicsItem* enclosed : scene.items(extents, Qt::ContainsItemBoundingRect))
+    if (auto* item = qgraphicsitem_cast<DrawingEntityItem*>(enclosed))
+      item->setHighlighted(true);
+  {
+    QPainter painter(&image);
+    scene.render(&painter, image.rect(), extents);
+  }
+  for (DrawingEntityItem* item : items)
   {
     if (!item->isVisible())
       continue;
-    paint(image, *item, extents);
-    item->setHighlighted(true);
-    paint(image, *item, item->boundingRect());
     const QRectF box = item->boundingRect();
+    paint(image, *item, box);
     item->hits(box.center(), box.width() / 100 + 1e-3);
   }
 }
@@ -97,7 +118,7 @@ extern "C" int LLVMFuzzerInitialize(int*, char***)
   static int argc = 1;
   static char name[] = "fuzz_DxfReader";
   static char* argv[] = {name, nullptr};
-  new QGuiApplication(argc, argv);
+  new QApplication(argc, argv);
   return 0;
 }
 
@@ -114,8 +135,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   if (!readDxfData(bytes, QStringLiteral("input.dxf"), document, &error))
   {
     check(!error.isEmpty(), "refused without a message");
-    check(&document.database() == openDatabase && document.entities().size() == 1, "refused, but changed the drawing:",
-          error);
+    check(&document.database() == openDatabase && document.entities().size() == 1,
+          "refused, but changed the drawing:", error);
     return 0;
   }
 
@@ -124,6 +145,13 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   DrawingDocument reopened;
   check(readDxf(path, reopened, &error), "accepted, but its save does not open:", error);
   check(reopened.entities().size() == document.entities().size(), "accepted, but its save lost entities");
+  // what a save writes, it reads back as it was: saving that again writes the same bytes
+  const QByteArray saved = contentsOf(path);
+  check(writeDxf(path, reopened, &error), "accepted, but its reopened save cannot be saved:", error);
+  check(contentsOf(path) == saved, "accepted, but its save reads back as another drawing");
+  // the palette and the canvas find entities by their handles
+  for (const DrawingEntity& entity : document.entities())
+    check(entity.handle != 0 && document.entity(entity.handle) == &entity, "accepted, but two entities share a handle");
   draw(document);
   return 0;
 }
