@@ -163,7 +163,7 @@ public:
       else if (value == "ENDSEC")
       {
         m_inEntities = false;
-        m_polylineOpen = false;
+        m_sectionEnding = true;
       }
       else if (value == "EOF")
         sawEnd = true;
@@ -177,6 +177,18 @@ public:
       m_sectionNamePending = false;
     }
     m_current.take(code, value);
+  }
+
+  // dxflib calls this after each object it made, the one before the end of a section too
+  void endSection() override
+  {
+    if (!m_sectionEnding)
+      return;
+    // a block that never ended ends with its section, before it takes the model space's entities
+    m_sectionEnding = false;
+    m_block = nullptr;
+    m_skippingBlock = false;
+    m_polylineOpen = false;
   }
 
   void addLayer(const DL_LayerData& data) override
@@ -443,6 +455,8 @@ private:
   /** False when the entity is not kept (paper space, or inside a layout block). */
   bool add(DrawingEntity e)
   {
+    // vertices after another entity belong to no polyline
+    m_polylineOpen = false;
     if (m_skippingBlock || (!m_block && m_finished.paperSpace))
     {
       ++skipped;
@@ -462,6 +476,7 @@ private:
   bool m_polylineOpen = false;
   bool m_inEntities = false;
   bool m_sectionNamePending = false;
+  bool m_sectionEnding = false;
 };
 
 bool fail(QString* error, const QString& message)
