@@ -4,6 +4,7 @@
 #include "QHostMessageBalloon.h"
 #include <QApplication>
 #include <QMessageBox>
+#include <QPointer>
 
 namespace host_qt_ui
 {
@@ -58,11 +59,16 @@ int QHostMessageBoxOd::show(Kind kind, const OdString& message, int buttons, QWi
     return Ok;
   }
   const auto standardButtons = QMessageBox::StandardButtons(buttons ? buttons : int(Ok));
-  QWidget* parent = QApplication::activeWindow();
-  const QString title = QApplication::applicationDisplayName();
-  if (kind == Critical)
-    return QMessageBox::critical(parent, title, text, standardButtons);
-  return QMessageBox::information(parent, title, text, standardButtons);
+  // The active window is the host's, not ours: it may be deleted while the box
+  // waits, and takes the box with it, so the box is not kept on the stack.
+  const QPointer<QMessageBox> box =
+    new QMessageBox(kind == Critical ? QMessageBox::Critical : QMessageBox::Information,
+                    QApplication::applicationDisplayName(), text, standardButtons, QApplication::activeWindow());
+  const int answer = box->exec();
+  if (!box)
+    return Cancel;
+  delete box;
+  return answer == -1 ? int(Cancel) : answer;
 }
 
 } // namespace host_qt_ui

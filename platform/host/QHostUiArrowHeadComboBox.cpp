@@ -2,6 +2,7 @@
 
 #include "QHostUiChoosers.h"
 #include <QCoreApplication>
+#include <QPointer>
 #include <QTimer>
 
 namespace host_qt_ui
@@ -102,7 +103,12 @@ void QHostUiArrowHeadComboBox::onOwnActivated(int index)
   QTimer::singleShot(0, this, [this]() {
     const int before = m_previous;
     OdDbObjectId id;
-    if (!QHostUiChoosers::chooseArrowBlock(this, m_list->currentDatabase(), id))
+    const QPointer<QHostUiArrowHeadComboBox> self(this);
+    const bool chosen = QHostUiChoosers::chooseArrowBlock(this, m_list->currentDatabase(), id);
+    // The picker may have been deleted while its chooser was open.
+    if (!self)
+      return;
+    if (!chosen)
     {
       setCurrentIndex(before);
       return;

@@ -12,6 +12,7 @@
 #include <QInputDialog>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QPointer>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -97,34 +98,48 @@ private:
   }
 };
 
+// The dialogs live on the heap and are watched: a parent deleted while
+// their event loop runs (a host rebuilding its panel, a deferred deletion)
+// takes them with it, which would free a dialog on the stack a second time.
 bool modalColorChooser(QWidget* parent, OdCmColor& color)
 {
-  QDialog dialog(parent);
-  dialog.setWindowTitle(tr("Select Colour"));
-  auto* layout = new QVBoxLayout(&dialog);
-  auto* palette = new AciPalette(&dialog);
+  const QPointer<QDialog> dialog = new QDialog(parent);
+  dialog->setWindowTitle(tr("Select Colour"));
+  auto* layout = new QVBoxLayout(dialog);
+  auto* palette = new AciPalette(dialog);
   palette->current = color.isByACI() ? color.colorIndex() : 0;
   layout->addWidget(palette);
-  auto* trueColor = new QPushButton(tr("True Colour..."), &dialog);
+  auto* trueColor = new QPushButton(tr("True Colour..."), dialog);
   trueColor->setAccessibleName(tr("True Colour"));
   layout->addWidget(trueColor);
-  auto* buttons = new QDialogButtonBox(QDialogButtonBox::Cancel, &dialog);
+  auto* buttons = new QDialogButtonBox(QDialogButtonBox::Cancel, dialog);
   layout->addWidget(buttons);
   OdCmColor chosen = color;
-  QObject::connect(buttons, &QDialogButtonBox::rejected, &dialog, &QDialog::reject);
-  palette->picked = [&](int index) {
+  QObject::connect(buttons, &QDialogButtonBox::rejected, dialog, &QDialog::reject);
+  palette->picked = [&chosen, dialog](int index) {
     chosen.setColorIndex(OdInt16(index));
-    dialog.accept();
+    dialog->accept();
   };
-  QObject::connect(trueColor, &QPushButton::clicked, &dialog, [&]() {
-    const QColor start = hostQtColor(color).isValid() ? hostQtColor(color) : QColor(Qt::white);
-    const QColor picked = QColorDialog::getColor(start, &dialog, tr("True Colour"));
-    if (!picked.isValid())
+  const OdCmColor start = color;
+  QObject::connect(trueColor, &QPushButton::clicked, dialog, [&chosen, dialog, start]() {
+    const QPointer<QColorDialog> trueColors = new QColorDialog(dialog);
+    trueColors->setWindowTitle(tr("True Colour"));
+    trueColors->setCurrentColor(hostQtColor(start).isValid() ? hostQtColor(start) : QColor(Qt::white));
+    const bool picked = trueColors->exec() == QDialog::Accepted;
+    if (!trueColors)
       return;
-    chosen.setRGB(OdUInt8(picked.red()), OdUInt8(picked.green()), OdUInt8(picked.blue()));
-    dialog.accept();
+    const QColor rgb = trueColors->selectedColor();
+    delete trueColors;
+    if (!picked || !rgb.isValid() || !dialog)
+      return;
+    chosen.setRGB(OdUInt8(rgb.red()), OdUInt8(rgb.green()), OdUInt8(rgb.blue()));
+    dialog->accept();
   });
-  if (dialog.exec() != QDialog::Accepted)
+  const bool accepted = dialog->exec() == QDialog::Accepted;
+  if (!dialog)
+    return false;
+  delete dialog;
+  if (!accepted)
     return false;
   color = chosen;
   return true;

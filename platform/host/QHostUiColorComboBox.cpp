@@ -4,6 +4,8 @@
 #include "hostColors.h"
 #include "hostQtPicture.h"
 #include <QCoreApplication>
+#include <QPointer>
+#include <QVector>
 #include <QTimer>
 
 namespace host_qt_ui
@@ -24,6 +26,47 @@ QVariant chooserKey()
 {
   return QVariant(QStringLiteral("select-colour"));
 }
+
+/**
+ * Postpones the deferred deletion of a widget and of everything that would
+ * take it down (its ancestors) until the hold ends, when it is asked for again.
+ */
+class DeferredDeleteHold : public QObject
+{
+public:
+  explicit DeferredDeleteHold(QWidget* widget) : m_widget(widget)
+  {
+    QCoreApplication::instance()->installEventFilter(this);
+  }
+
+  ~DeferredDeleteHold() override
+  {
+    for (const QPointer<QObject>& held : qAsConst(m_held))
+      if (held)
+        held->deleteLater();
+  }
+
+  DeferredDeleteHold(const DeferredDeleteHold&) = delete;
+  DeferredDeleteHold& operator=(const DeferredDeleteHold&) = delete;
+
+protected:
+  bool eventFilter(QObject* watched, QEvent* event) override
+  {
+    if (event->type() != QEvent::DeferredDelete || !m_widget)
+      return false;
+    for (QObject* doomed = m_widget; doomed; doomed = doomed->parent())
+      if (doomed == watched)
+      {
+        m_held.append(watched);
+        return true;
+      }
+    return false;
+  }
+
+private:
+  QPointer<QWidget> m_widget;
+  QVector<QPointer<QObject> > m_held;
+};
 
 } // namespace
 
@@ -179,7 +222,23 @@ void QHostUiColorComboBox::runChooser(bool announce)
 {
   const int before = m_previous;
   OdCmColor color = getSelectedColor();
-  if (!QHostUiChoosers::chooseColor(this, color))
+  const QPointer<QHostUiColorComboBox> self(this);
+  bool picked = false;
+  if (announce)
+  {
+    picked = QHostUiChoosers::chooseColor(this, color);
+  }
+  else
+  {
+    // Inside the activation, QComboBox goes on with itself once its receivers
+    // are done: the picker must outlive the chooser's event loop.
+    const DeferredDeleteHold hold(this);
+    picked = QHostUiChoosers::chooseColor(this, color);
+  }
+  // A deletion the host asked for before the chooser opened has happened in its event loop.
+  if (!self)
+    return;
+  if (!picked)
   {
     setCurrentIndex(before);
     return;

@@ -6,6 +6,7 @@
 #include "QHostUiChoosers.h"
 #include "hostQtPicture.h"
 #include <QCoreApplication>
+#include <QPointer>
 #include <QTimer>
 
 namespace host_qt_ui
@@ -148,11 +149,14 @@ void QHostUiLineTypeComboBox::onOwnActivated(int index)
   setCurrentIndex(m_previous);
   QTimer::singleShot(0, this, [this]() {
     OdDbObjectId id = selectedLineType();
-    if (!QHostUiChoosers::chooseLineType(this, m_database, id))
+    const QPointer<QHostUiLineTypeComboBox> self(this);
+    const bool picked = QHostUiChoosers::chooseLineType(this, m_database, id);
+    // The picker may have been deleted while its chooser was open.
+    if (!self || !picked)
       return;
-    const int picked = setSelectedLineType(id);
-    if (picked >= 0)
-      emit activated(picked);
+    const int shown = setSelectedLineType(id);
+    if (shown >= 0)
+      emit activated(shown);
   });
 }
 

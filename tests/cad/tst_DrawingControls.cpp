@@ -274,6 +274,45 @@ private slots:
     QCOMPARE(combo->currentText(), QStringLiteral("Dots"));
   }
 
+  void aPickerDeletedWhileItsChooserIsOpenGoesQuietly_data()
+  {
+    QTest::addColumn<Kind>("kind");
+    QTest::addColumn<int>("options");
+    QTest::newRow("colour, chooser after the activation") << Colour << 0xB;
+    QTest::newRow("colour, chooser inside the activation") << Colour << 0x3;
+    QTest::newRow("linetype") << Linetype << -1;
+    QTest::newRow("arrowhead") << Arrowhead << -1;
+  }
+
+  // A host rebuilds its palette after a pick: the deletion it asked for comes
+  // while the chooser's own event loop runs. The real, modal chooser opens here.
+  void aPickerDeletedWhileItsChooserIsOpenGoesQuietly()
+  {
+    QFETCH(Kind, kind);
+    QFETCH(int, options);
+    Fixture f;
+    f.db.addBlock(OdString(L"Flag"));
+    QPointer<PropUiQComboBox> control = f.bound(kind, f.listedValue(kind), options);
+    QComboBox* combo = control->comboBox();
+    // The user cancels whatever chooser is still open after a few turns of its loop.
+    int turns = 0;
+    QTimer user;
+    connect(&user, &QTimer::timeout, [&turns]() {
+      if (QWidget* modal = QApplication::activeModalWidget(); modal && ++turns > 3)
+        modal->close();
+    });
+    user.start(0);
+
+    control->deleteLater();
+    combo->setCurrentIndex(combo->count() - 1);
+    emit combo->activated(combo->count() - 1);
+    QTRY_VERIFY(!control);
+
+    QVERIFY(!QApplication::activeModalWidget());
+    if (options != 0x3)
+      QVERIFY(f.bag.written.isEmpty());
+  }
+
   void aVaryingValueIsNeverATemporaryEntry_data() { addKindRows({Colour, Linetype, Arrowhead, Layer}); }
 
   void aVaryingValueIsNeverATemporaryEntry()
