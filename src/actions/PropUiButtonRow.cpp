@@ -47,12 +47,23 @@ void fitButtonRow(PropUiQControl* control, QHBoxLayout* row, QButtonGroup* group
 {
   if (row->count() == count)
     return;
+  // A refresh may run inside Qt's handling of an event for the very button
+  // it no longer needs (the focus moving onto it commits an edit that
+  // shortens the list): the button leaves the row and the group at once,
+  // and is deleted once that event is over.
   while (row->count() > count)
   {
     QLayoutItem* item = row->takeAt(count);
-    if (auto* button = qobject_cast<QAbstractButton*>(item->widget()))
-      forget(button);
-    delete item->widget();
+    if (QWidget* widget = item->widget())
+    {
+      if (auto* button = qobject_cast<QAbstractButton*>(widget))
+      {
+        forget(button);
+        group->removeButton(button);
+      }
+      widget->hide();
+      widget->deleteLater();
+    }
     delete item;
   }
   while (row->count() < count)

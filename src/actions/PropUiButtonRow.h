@@ -27,8 +27,8 @@ QHBoxLayout* buildButtonRow(PropUiQControl* control);
 QHBoxLayout* buttonRowOf(const QWidget* control, int options);
 
 /**
- * Makes the row hold `count` buttons: surplus ones at the end are forgotten
- * and deleted, missing ones are made by `create` and put into the group with
+ * Makes the row hold `count` buttons: surplus ones at the end are forgotten,
+ * taken out of the row and the group, and deleted later; missing ones are made by `create` and put into the group with
  * id -1. Buttons stay in place by position.
  */
 void fitButtonRow(PropUiQControl* control, QHBoxLayout* row, QButtonGroup* group, int count,

@@ -38,7 +38,8 @@ void PropUiQActionsToolBar::updateData()
   {
     QAction* surplus = m_toolBar->actions().at(available);
     m_toolBar->removeAction(surplus);
-    delete surplus;
+    // It may be the action being triggered just now.
+    surplus->deleteLater();
   }
   while (m_toolBar->actions().size() < available)
     m_toolBar->addAction(new PropUiQAction(m_toolBar));

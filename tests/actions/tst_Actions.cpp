@@ -11,6 +11,7 @@
 #include "PropUiQIntegerCtrl.h"
 #include "PropUiQLineEdit.h"
 #include "PropUiQRadioButtonsCtrl.h"
+#include "PropUiQTextCtrl.h"
 #include "ControlWindow.h"
 #include "RecordingBag.h"
 #include "TestValues.h"
@@ -190,7 +191,41 @@ private slots:
 
     row->updateData();
     QCOMPARE(group->buttons().size(), 1);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     QCOMPARE(row->findChildren<QAbstractButton*>().size(), 1);
+  }
+
+  // The focus moving onto a button of a field's toolbar commits the field;
+  // a host that refreshes the field as the bag takes the value, with a list
+  // that has lost that button, takes the button away while Qt moves the focus onto it.
+  void aButtonLosingItsActionMidFocusMoveOutlivesTheMove()
+  {
+    RecordingBag bag;
+    const int item = addActions(bag, 2);
+    bag.item(item).flags = PropItemFlag::kHasActions;
+    bag.item(item).value = textValue(QStringLiteral("before"));
+    auto* field = new PropUiQTextCtrl;
+    field->setPropBagItem(&bag, item);
+    field->setupUi();
+    field->updateUi();
+    field->updateData();
+    ControlWindow window(field);
+    QVERIFY(window.showActive());
+    auto* edit = field->findChild<QLineEdit*>();
+    edit->setFocus(Qt::MouseFocusReason);
+    QTest::keyClicks(edit, QStringLiteral("!"));
+    bag.duringValidate = [&]() {
+      bag.item(item).actions.resize(1);
+      field->updateData();
+    };
+    QPointer<QAbstractButton> last = buttonsOf(*field).last();
+
+    last->setFocus(Qt::MouseFocusReason);
+
+    QCOMPARE(bag.written.size(), 1);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QVERIFY(!last);
+    QCOMPARE(buttonsOf(*field).size(), 1);
   }
 
   void noFocusOptionKeepsButtonsOutOfTheTabChain()

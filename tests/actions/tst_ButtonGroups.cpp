@@ -110,6 +110,7 @@ private slots:
     bag.item(item).value = intValue(9);
     row->updateData();
     QCOMPARE(buttonsOf(row.data()).size(), 2);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     QCOMPARE(row->findChildren<QAbstractButton*>().size(), 2);
     QVERIFY(!checkedOf(row.data()));
   }
