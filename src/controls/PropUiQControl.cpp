@@ -26,15 +26,17 @@ PropUiQControl::PropUiQControl(QWidget* parent)
 
 // Toolbar, filters and formatter are Qt children; the bag is never ours.
 // Qt destroys the children after this body, and a child that has the focus
-// is told that it lost it. By then the derived control is gone and the bag
-// may be too, so such a child is cut off first: an unfinished edit is
-// dropped, not committed. Without the focus inside, nothing a child or its
-// filters act on reaches them before Qt has cut their connections itself,
-// and a panel torn down row by row does not search every row's children.
+// is told that it lost it; a control that is a window of its own is hidden
+// first, and its children hear of the deactivation. By then the derived
+// control is gone and the bag may be too, so such children are cut off
+// first: an unfinished edit is dropped, not committed. Otherwise nothing a
+// child or its filters act on reaches them before Qt has cut their
+// connections itself, and a panel torn down row by row does not search
+// every row's children.
 PropUiQControl::~PropUiQControl()
 {
   m_closing = true;
-  if (holdsFocus())
+  if (isWindow() || holdsFocus())
     disarmChildren();
   m_bag = nullptr;
 }

@@ -56,13 +56,28 @@ private slots:
     QFETCH(OdGUID, guid);
     MessageCatcher messages;
     ChooserCatcher choosers;
-    for (const char* way : {"delete", "deleteLater", "parent", "window"})
+    for (const char* way : {"delete", "deleteLater", "parent", "window", "own window"})
     {
       RecordingBag bag;
       const int item = addRichItem(bag, QStringLiteral("Rich"));
       PropUiQWidget* control = boundKind(guid, bag, item);
       if (!control)
         QSKIP("kind not registered");
+      const QString how = QString::fromLatin1(way);
+      QPointer<ControlWindow> watch;
+      if (how == QLatin1String("own window"))
+      {
+        // A floating editor nobody entered: hiding it as it goes tells its children.
+        control->show();
+        QVERIFY(QTest::qWaitForWindowExposed(control));
+        if (QWidget* focus = control->focusWidget())
+          focus->clearFocus();
+        bag.clearCalls();
+        delete control;
+        QCoreApplication::processEvents();
+        QVERIFY2(bag.calls.isEmpty(), qPrintable(how + QStringLiteral(": ") + bag.calls.join(QLatin1Char(' '))));
+        continue;
+      }
       auto* window = new ControlWindow(control);
       QVERIFY(window->showActive());
       if (QWidget* editor = firstEditor(control))
@@ -71,8 +86,7 @@ private slots:
         QTest::keyClicks(editor, QStringLiteral("12"));
       }
       bag.clearCalls();
-      QPointer<ControlWindow> watch(window);
-      const QString how = QString::fromLatin1(way);
+      watch = window;
       if (how == QLatin1String("delete"))
         delete control;
       else if (how == QLatin1String("deleteLater"))
