@@ -12,18 +12,16 @@
 namespace
 {
 
-// The internal pointer of an item row; element rows point at their item's anchor instead.
-char s_itemRowSentinel;
-
-
 const QVector<int> kChangedRoles = {Qt::DisplayRole, Qt::DecorationRole, PropItemIndexRole, PropSubIndexRole,
                                     PropIsSubItemRole};
 
-unsigned int elementCount(PropBag* bag, int item)
+int elementCount(PropBag* bag, int item)
 {
   PropKeyArray elements;
   OdStringArray captions;
-  return bag->getElements(item, elements, captions);
+  const unsigned int count = bag->getElements(item, elements, captions);
+  // A count beyond the list the bag handed over names rows that do not exist.
+  return int(std::min(count, unsigned(elements.size())));
 }
 
 } // namespace
@@ -32,39 +30,76 @@ struct PropertyBagModel::Private
 {
   PropertyBagModel* owner = nullptr;
   PropBag* bag = nullptr;
-  // Only the addresses count: an element row's pointer names its item by its distance from the start.
-  std::vector<char> anchors;
   PropUiQFormatter* formatter = nullptr;
-  // A view asks for an item's row count many times while it lays out, and a bag builds its element
-  // list (captions included) each time; -1 until asked, and again after a change notice.
+  // One entry for each item row the views were told of, holding its element count: -1 until a
+  // view asks (a bag builds its element list, captions included, on every call), and changed
+  // only together with the signals that tell the views. A bag whose counts change without a
+  // word is read again when the host says that its data changed.
   mutable std::vector<int> elementCounts;
 
+  int items() const { return int(elementCounts.size()); }
   int elementsOf(int item) const
   {
     int& count = elementCounts[std::size_t(item)];
     if (count < 0)
-      count = int(elementCount(bag, item));
+      count = elementCount(bag, item);
     return count;
   }
 
-  bool isItemRow(const QModelIndex& index) const { return index.internalPointer() == &s_itemRowSentinel; }
-  /** The item of an element row, -1 when its anchor is not one of ours. */
+  // An item row's internal id is 0; an element row's is its item's number plus one.
+  static bool isItemRow(const QModelIndex& index) { return index.internalId() == 0; }
+  /** The item of an element row, -1 when its id names no item. */
   int parentItemOf(const QModelIndex& index) const
   {
-    if (anchors.empty())
-      return -1;
-    const char* anchor = static_cast<const char*>(index.internalPointer());
-    const char* first = anchors.data();
-    if (anchor < first || anchor >= first + anchors.size())
-      return -1;
-    return int(anchor - first);
+    const quintptr id = index.internalId();
+    return id == 0 || id > elementCounts.size() ? -1 : int(id - 1);
   }
-  int anchoredItems() const { return int(anchors.size()); }
+
+  void followItemCount();
+  void followElementCount(int item);
 
   OdUInt64 chosenEntry(int item) const;
   QVariant itemRowData(int item, int column, int role, const QModelIndex& index) const;
   QVariant elementRowData(int item, int element, int column, int role) const;
 };
+
+void PropertyBagModel::Private::followItemCount()
+{
+  const int count = std::max(0, bag->getItemCount());
+  if (count > items())
+  {
+    owner->beginInsertRows(QModelIndex(), items(), count - 1);
+    elementCounts.resize(std::size_t(count), -1);
+    owner->endInsertRows();
+  }
+  else if (count < items())
+  {
+    owner->beginRemoveRows(QModelIndex(), count, items() - 1);
+    elementCounts.resize(std::size_t(count));
+    owner->endRemoveRows();
+  }
+}
+
+void PropertyBagModel::Private::followElementCount(int item)
+{
+  const int shown = elementCounts[std::size_t(item)];
+  if (shown < 0)
+    return; // no view has seen its elements
+  const int count = elementCount(bag, item);
+  const QModelIndex parent = owner->index(item, 0);
+  if (count > shown)
+  {
+    owner->beginInsertRows(parent, shown, count - 1);
+    elementCounts[std::size_t(item)] = count;
+    owner->endInsertRows();
+  }
+  else if (count < shown)
+  {
+    owner->beginRemoveRows(parent, count, shown - 1);
+    elementCounts[std::size_t(item)] = count;
+    owner->endRemoveRows();
+  }
+}
 
 PropertyBagModel::PropertyBagModel(QObject* parent) : QAbstractItemModel(parent), d(new Private)
 {
@@ -78,25 +113,18 @@ QModelIndex PropertyBagModel::index(int row, int column, const QModelIndex& pare
   if (!d->bag || row < 0 || column < 0 || column >= columnCount())
     return QModelIndex();
   if (!parent.isValid())
-  {
-    if (row >= d->anchoredItems())
-      return QModelIndex();
-    return createIndex(row, column, &s_itemRowSentinel);
-  }
-  if (parent.model() != this || !d->isItemRow(parent) || parent.row() >= d->anchoredItems() || parent.column() != 0)
-    return QModelIndex();
+    return row < d->items() ? createIndex(row, column, quintptr(0)) : QModelIndex();
   if (row >= rowCount(parent))
     return QModelIndex();
-  return createIndex(row, column, &d->anchors[std::size_t(parent.row())]);
+  return createIndex(row, column, quintptr(parent.row()) + 1);
 }
 
 QModelIndex PropertyBagModel::parent(const QModelIndex& child) const
 {
   if (!child.isValid() || child.model() != this || d->isItemRow(child))
     return QModelIndex();
-  // The anchor names the item directly; asking the roles would need a formatter to be bound.
   const int item = d->parentItemOf(child);
-  return item < 0 ? QModelIndex() : createIndex(item, 0, &s_itemRowSentinel);
+  return item < 0 ? QModelIndex() : createIndex(item, 0, quintptr(0));
 }
 
 int PropertyBagModel::rowCount(const QModelIndex& parent) const
@@ -104,8 +132,8 @@ int PropertyBagModel::rowCount(const QModelIndex& parent) const
   if (!d->bag)
     return 0;
   if (!parent.isValid())
-    return std::min(d->bag->getItemCount(), d->anchoredItems()); // rows beyond the bound count do not exist
-  if (parent.model() != this || !d->isItemRow(parent) || parent.column() != 0 || parent.row() >= d->anchoredItems())
+    return d->items();
+  if (parent.model() != this || !d->isItemRow(parent) || parent.column() != 0 || parent.row() >= d->items())
     return 0;
   return d->elementsOf(parent.row());
 }
@@ -138,14 +166,8 @@ Qt::ItemFlags PropertyBagModel::flags(const QModelIndex& index) const
 void PropertyBagModel::setPropBag(PropBag* bag)
 {
   beginResetModel();
-  d->anchors.clear();
-  d->elementCounts.clear();
   d->bag = bag;
-  if (bag)
-  {
-    d->anchors.resize(std::size_t(std::max(0, bag->getItemCount())));
-    d->elementCounts.assign(d->anchors.size(), -1);
-  }
+  d->elementCounts.assign(bag ? std::size_t(std::max(0, bag->getItemCount())) : 0, -1);
   endResetModel();
 }
 
@@ -154,21 +176,25 @@ void PropertyBagModel::setFormatter(PropUiQFormatter* formatter)
   d->formatter = formatter;
 }
 
+// Rows come and go only here and in setPropBag, each with its signals: views and
+// proxies keep what they were told, whatever the bag answers in between.
 void PropertyBagModel::itemChanged(int item)
 {
   if (!d->bag)
     return;
-  const int rows = std::min(d->bag->getItemCount(), d->anchoredItems());
-  if (item >= 0 && item < rows)
+  if (item == -1)
   {
-    d->elementCounts[std::size_t(item)] = -1;
-    emit dataChanged(index(item, 0), index(item, 1), kChangedRoles);
+    d->followItemCount();
+    for (int i = 0; i < d->items(); ++i)
+      d->followElementCount(i);
+    if (d->items() > 0)
+      emit dataChanged(index(0, 0), index(d->items() - 1, 1), kChangedRoles);
+    return;
   }
-  else if (item == -1 && rows > 0)
-  {
-    std::fill(d->elementCounts.begin(), d->elementCounts.end(), -1);
-    emit dataChanged(index(0, 0), index(rows - 1, 1), kChangedRoles);
-  }
+  if (item < 0 || item >= d->items())
+    return;
+  d->followElementCount(item);
+  emit dataChanged(index(item, 0), index(item, 1), kChangedRoles);
 }
 
 QVariant PropertyBagModel::data(const QModelIndex& index, int role) const
