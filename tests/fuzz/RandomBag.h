@@ -297,6 +297,11 @@ public:
     }
   }
 
+
+protected:
+  /** Starts the answers anew from a seed: a bag whose answers follow from what is asked. */
+  void reseed(unsigned int seed) { m_dice = Dice(seed); }
+
 private:
   /** A drawing context whose translations and disabled values are random too. */
   class DrawingContext : public hostDbPropBagCtx

@@ -2,22 +2,17 @@
 // at any moment, over a bag whose every answer is random. The PROP_FUZZ_*
 // variables that replay, lengthen, trace or narrow a run are listed in the README.
 
-#include "OdError.h"
-#include "OdRxDictionary.h"
 #include "OdRxModule.h"
 #include "PropUiQWidget.h"
 #include "PropUiRegistry.h"
 #include "PropWidgetsEntry.h"
-#include "PropWidgetsService.h"
-#include "ChooserCatcher.h"
+#include "FuzzHost.h"
 #include "MessageCatcher.h"
-#include "RandomBag.h"
 #include <QAbstractButton>
-#include <QApplication>
 #include <QComboBox>
 #include <QLineEdit>
+#include <QMetaMethod>
 #include <QPointer>
-#include <QRandomGenerator>
 #include <QVBoxLayout>
 #include <QtTest>
 #include <functional>
@@ -26,66 +21,24 @@
 namespace
 {
 
-/** Records every exception that would otherwise cross Qt's event loop. */
-class CatchingApplication : public QApplication
+/** A host's slot that deletes a control when one of its parts signals: a palette rebuilt after a pick. */
+class DeleteOnSignal : public QObject
 {
+  Q_OBJECT
+
 public:
-  using QApplication::QApplication;
+  explicit DeleteOnSignal(QWidget* doomed) : QObject(doomed), m_doomed(doomed) {}
 
-  bool notify(QObject* receiver, QEvent* event) override
+public Q_SLOTS:
+  void fire()
   {
-    const int type = int(event->type());
-    try
-    {
-      return QApplication::notify(receiver, event);
-    }
-    catch (const OdError& e)
-    {
-      escaped << QStringLiteral("OdError %1 out of event %2").arg(int(e.code())).arg(type);
-    }
-    catch (const std::exception& e)
-    {
-      escaped << QStringLiteral("%1 out of event %2").arg(QLatin1String(e.what())).arg(type);
-    }
-    catch (...)
-    {
-      escaped << QStringLiteral("unknown exception out of event %1").arg(type);
-    }
-    return true;
+    if (m_doomed)
+      m_doomed->deleteLater();
   }
 
-  QStringList escaped;
+private:
+  QPointer<QWidget> m_doomed;
 };
-
-CatchingApplication* application()
-{
-  return static_cast<CatchingApplication*>(QCoreApplication::instance());
-}
-
-unsigned int environmentNumber(const char* name, unsigned int fallback)
-{
-  bool ok = false;
-  const unsigned int value = qEnvironmentVariable(name).toUInt(&ok, 0);
-  return ok ? value : fallback;
-}
-
-/** The GUIDs the registry holds, so a newly registered kind is driven without changing this test. */
-std::vector<OdGUID> registeredKinds()
-{
-  const QStringList skipped = qEnvironmentVariable("PROP_FUZZ_SKIP_KINDS").toUpper().split(QLatin1Char(','));
-  std::vector<OdGUID> kinds;
-  const OdRxObjectPtr found = odrxSysRegistry()->getAt(OdString(PROPWIDGETS_SERVICE_KEY));
-  const PropWidgetsServicePtr service = PropWidgetsService::cast(found.get());
-  if (!service)
-    return kinds;
-  for (const auto& entry : service->factories())
-  {
-    OdGUID guid;
-    if (guid.fromString(entry.first) && !skipped.contains(toQString(guid.toString(1)).toUpper()))
-      kinds.push_back(guid);
-  }
-  return kinds;
-}
 
 struct Bound
 {
@@ -145,6 +98,9 @@ public:
 
   void closePanel()
   {
+    for (const QPointer<QWidget>& window : m_windows)
+      destroyNow(window);
+    m_windows.clear();
     destroyNow(m_panel);
     processEvents();
     forgetDestroyed();
@@ -171,8 +127,10 @@ private:
             {"click", 8, &Session::click},
             {"comboKey", 5, &Session::comboKey},
             {"popup", 2, &Session::popup},
+            {"lastEntry", 2, &Session::lastEntry},
             {"wheel", 4, &Session::wheel},
             {"editThenRefresh", 4, &Session::editThenRefresh},
+            {"deleteOnSignal", 3, &Session::deleteOnSignal},
             {"delete", 3, &Session::deleteControl},
             {"deleteLater", 2, &Session::deleteControlLater},
             {"deletePanel", 1, &Session::deletePanel},
@@ -206,7 +164,11 @@ private:
       return;
     }
     control->installEventFilter(this);
-    m_panel->layout()->addWidget(control);
+    // A host may show a control as a window of its own (a floating editor).
+    if (m_dice.chance(0.05))
+      m_windows.push_back(control);
+    else
+      m_panel->layout()->addWidget(control);
     m_bound.push_back({control, std::make_unique<RandomBag>(m_dice.word())});
     m_bound.back().bag->sideEffect = [this] { moveFocusAnywhere(); };
     bindRandomly(m_bound.back());
@@ -241,6 +203,32 @@ private:
     refresh();
     if (m_dice.chance(0.5))
       key();
+  }
+
+  /** The host deletes a control later from a slot of any signal of any of its parts, itself included. */
+  void deleteOnSignal()
+  {
+    Bound* b = anyBound();
+    if (!b)
+      return;
+    QList<QObject*> parts = b->control->findChildren<QObject*>();
+    parts.prepend(b->control);
+    QObject* sender = parts[m_dice.below(parts.size())];
+    std::vector<QMetaMethod> signals_;
+    const QMetaObject* meta = sender->metaObject();
+    for (int i = 0; i < meta->methodCount(); ++i)
+    {
+      const QMetaMethod method = meta->method(i);
+      if (method.methodType() == QMetaMethod::Signal && method.name() != "destroyed")
+        signals_.push_back(method);
+    }
+    if (signals_.empty())
+      return;
+    const QMetaMethod signal = m_dice.pick(signals_);
+    note(QStringLiteral("  %1::%2 deletes %3")
+           .arg(QLatin1String(meta->className()), QLatin1String(signal.methodSignature()), describe(b->control)));
+    auto* slot = new DeleteOnSignal(b->control);
+    connect(sender, signal, slot, slot->metaObject()->method(slot->metaObject()->indexOfSlot("fire()")));
   }
 
   void deleteControl()
@@ -343,6 +331,16 @@ private:
     {
       note(QStringLiteral("  %1 of %2 entries").arg(describe(combo)).arg(combo->count()));
       userEvent([&] { QTest::keyClick(combo, m_dice.pick(keys)); });
+    }
+  }
+
+  /** End over a closed combo activates its last entry: in a picker, the one that opens its chooser. */
+  void lastEntry()
+  {
+    if (auto* combo = anyPart<QComboBox>())
+    {
+      note(QStringLiteral("  last of %1 entries of %2").arg(combo->count()).arg(describe(combo)));
+      userEvent([&] { QTest::keyClick(combo, Qt::Key_End); });
     }
   }
 
@@ -551,6 +549,7 @@ private:
   QWidget m_window;
   QLineEdit* m_other = nullptr;
   QPointer<QWidget> m_panel;
+  std::vector<QPointer<QWidget> > m_windows;
   std::vector<Bound> m_bound;
   QStringList m_faults;
   QStringList m_trace;
@@ -582,11 +581,9 @@ private slots:
     const int operations = int(environmentNumber("PROP_FUZZ_OPS", 20000));
     qInfo("PROP_FUZZ_SEED=%u PROP_FUZZ_OPS=%d over %d kinds", seed, operations, int(kinds.size()));
 
-    // A user who opens a chooser or meets a message gets an answer instead of a modal window.
+    // Messages are caught; the choosers are the real modal windows, answered by a user.
     MessageCatcher messages;
-    ChooserCatcher choosers;
-    choosers.pickColor = true;
-    choosers.colorToPick.setColorIndex(30);
+    ModalAnswerer user(seed ^ 0x9e3779b9u);
     Session session(seed, kinds);
     QVERIFY(session.showActive());
 
@@ -604,7 +601,7 @@ private slots:
     }
     session.closePanel();
     QVERIFY2(session.faults().isEmpty(), qPrintable(session.faults().join(QLatin1Char('\n'))));
-    qInfo("%d messages shown", int(messages.shown.size()));
+    qInfo("%d messages shown, %d modal windows answered", int(messages.shown.size()), user.answered);
   }
 };
 
