@@ -267,16 +267,26 @@ private Q_SLOTS:
   void brokenFileIsRefused_data()
   {
     QTest::addColumn<QByteArray>("contents");
-    QTest::newRow("empty") << QByteArray();
-    QTest::newRow("not a drawing") << QByteArray("hello\nworld\n");
-    QTest::newRow("binary") << QByteArray("AutoCAD Binary DXF\r\n\x1a\0\0\0", 24);
-    QTest::newRow("truncated") << QByteArray("  0\nSECTION\n  2\nENTITIES\n  0\nLINE\n  8\n0\n 10\n1.0\n 20\n");
-    QTest::newRow("odd lines") << QByteArray("  0\nSECTION\n  2\n");
+    QTest::addColumn<QString>("says");
+    const QByteArray line = "  0\nSECTION\n  2\nENTITIES\n  0\nLINE\n";
+    QTest::newRow("empty") << QByteArray() << QString();
+    QTest::newRow("not a drawing") << QByteArray("hello\nworld\n") << QString();
+    QTest::newRow("binary") << QByteArray("AutoCAD Binary DXF\r\n\x1a\0\0\0", 24) << QString();
+    QTest::newRow("truncated") << line + "  8\n0\n 10\n1.0\n 20\n" << QString();
+    QTest::newRow("odd lines") << QByteArray("  0\nSECTION\n  2\n") << QString();
+    // dxflib reads these as something else, or not at all; the message names the line
+    QTest::newRow("code that is not") << line + "ten\n1.0\n" << QStringLiteral("line 7:");
+    QTest::newRow("number that is not") << line + " 10\nnan\n" << QStringLiteral("line 8:");
+    QTest::newRow("number beyond") << line + " 10\n1e300\n" << QStringLiteral("line 8:");
+    QTest::newRow("line beyond") << line + "  1\n" + QByteArray(2000, 'x') + "\n" << QStringLiteral("line 8:");
+    QTest::newRow("count beyond") << QByteArray("  0\nSECTION\n  2\nENTITIES\n  0\nLWPOLYLINE\n 90\n99999\n")
+                                  << QStringLiteral("line 8:");
   }
 
   void brokenFileIsRefused()
   {
     QFETCH(QByteArray, contents);
+    QFETCH(QString, says);
     QTemporaryDir dir;
     const QString path = fileWith(dir, contents);
     QVERIFY(!path.isEmpty());
@@ -291,6 +301,7 @@ private Q_SLOTS:
     QString error;
     QVERIFY(!readDxf(path, document, &error));
     QVERIFY(!error.isEmpty());
+    QVERIFY2(error.contains(says), qPrintable(error));
     QCOMPARE(documentLines(document), before);
     QCOMPARE(resets.count(), 0);
   }
