@@ -160,6 +160,8 @@ bool DxfGroupScanner::checkValue(const DxfGroup& group)
       return fail(tr("group %1 holds \"%2\", which is not a number").arg(group.code).arg(quoted(group.value)));
     bool ok = false;
     const double value = text.toDouble(&ok);
+    // Qt fails a number too small for a double, and reads it as zero, as dxflib does
+    ok = ok || value == 0.0;
     // a header variable means nothing to the drawing, and some programs keep huge ones there
     if (!ok || !std::isfinite(value) || (std::abs(value) > kLargestNumber && !m_inVariable))
       return fail(tr("group %1 holds %2, more than a drawing can measure").arg(group.code).arg(quoted(group.value)));
