@@ -47,12 +47,18 @@ echo "fuzzing for $seconds s; progress in $log"
 status=0
 "$build/bin/fuzz_DxfReader" "$corpus" "${seeds[@]}" -fork=1 -ignore_crashes=1 -ignore_timeouts=1 -ignore_ooms=1 \
   -max_total_time="$seconds" -max_len=1048576 -timeout=60 -dict=tests/fuzz/dxf.dict \
-  -artifact_prefix="$crashes/" -print_final_stats=1 -print_funcs=0 > "$log" 2>&1 || status=$?
+  -artifact_prefix="$crashes/" -print_funcs=0 > "$log" 2>&1 || status=$?
 
 new=$(comm -13 <(echo "$known") <(ls "$crashes"))
-echo "last figures: $(grep -E '^#[0-9]+' "$log" | tail -n 1)"
-grep -E '^stat::' "$log" || true
-echo "corpus: $(find "$corpus" -type f | wc -l) inputs in $corpus"
+# libFuzzer's forked runs report after each job: "#runs: cov: edges ft: features corp: inputs exec/s n oom/timeout/crash: a/b/c time: Ns"
+last=$(grep -E '^#[0-9]+' "$log" | tail -n 1 || true)
+echo "last report: $last"
+if [[ $last =~ ^#([0-9]+):\ cov:\ ([0-9]+)\ ft:\ ([0-9]+)\ corp:\ ([0-9]+).*oom/timeout/crash:\ ([0-9/]+)\ time:\ ([0-9]+)s ]]; then
+  runs=${BASH_REMATCH[1]} elapsed=${BASH_REMATCH[6]}
+  echo "executions: $runs in $elapsed s ($(( runs / (elapsed > 0 ? elapsed : 1) )) per second); coverage: ${BASH_REMATCH[2]} edges," \
+    "${BASH_REMATCH[3]} features; corpus: ${BASH_REMATCH[4]} inputs; out of memory/timeouts/crashes: ${BASH_REMATCH[5]}"
+fi
+echo "corpus kept: $(find "$corpus" -type f | wc -l) inputs in $corpus"
 if [ -n "$new" ] || [ "$status" -ne 0 ]; then
   echo "faults (exit status $status), kept in $crashes/:"
   echo "$new"
