@@ -42,7 +42,7 @@ public:
   OdGUID getControlGuid(int) override { return m_dice.chance(0.9) ? m_dice.pick(m_kinds) : OdGUID(); }
   bool getName(int index, OdString& name) override
   {
-    Dice stable(stableSeed(index, 1));
+    Dice stable(stableSeed(unsigned(index), 1));
     name = toOdString(stable.text());
     return stable.chance(0.9);
   }
@@ -50,7 +50,7 @@ public:
   {
     elements.clear();
     captions.clear();
-    Dice stable(stableSeed(index, 2));
+    Dice stable(stableSeed(unsigned(index), 2));
     const int listed = stable.chance(0.6) ? 0 : stable.below(6);
     for (int i = 0; i < listed; ++i)
     {
@@ -64,47 +64,47 @@ public:
   // What a cell shows follows from the generation and the question.
   PropItemType* getItemType(int index) override
   {
-    ask(index, 3);
+    ask(unsigned(index), 3);
     return RandomBag::getItemType(index);
   }
   bool isEditable(int index, unsigned long element) override
   {
-    ask(index, 4);
+    ask(unsigned(index), 4);
     return RandomBag::isEditable(index, element);
   }
   unsigned int getFlags(int index) override
   {
-    ask(index, 5);
+    ask(unsigned(index), 5);
     return RandomBag::getFlags(index);
   }
   bool getValue(int index, PropVariant& read) override
   {
-    ask(index, 6);
+    ask(unsigned(index), 6);
     return RandomBag::getValue(index, read);
   }
   bool formatValue(int index, unsigned long element, const PropVariant& value, OdString& text) override
   {
-    ask(index + int(element) * 7, 7);
+    ask(unsigned(index) + unsigned(element) * 7u, 7);
     return RandomBag::formatValue(index, element, value, text);
   }
   bool getElementValue(int index, unsigned long element, PropVariant& read) override
   {
-    ask(index + int(element) * 7, 8);
+    ask(unsigned(index) + unsigned(element) * 7u, 8);
     return RandomBag::getElementValue(index, element, read);
   }
   bool getValueList(int index, OdStringArray& names, PropKeyArray& keys) override
   {
-    ask(index, 9);
+    ask(unsigned(index), 9);
     return RandomBag::getValueList(index, names, keys);
   }
   bool getListValue(int index, unsigned long key, PropVariant& listed) override
   {
-    ask(index + int(key) * 7, 10);
+    ask(unsigned(index) + unsigned(key) * 7u, 10);
     return RandomBag::getListValue(index, key, listed);
   }
   bool getListText(int index, const PropVariant& value, OdString& text) override
   {
-    ask(index, 11);
+    ask(unsigned(index), 11);
     return RandomBag::getListText(index, value, text);
   }
 
@@ -112,12 +112,12 @@ public:
   unsigned int generation = 0;
 
 private:
-  unsigned int stableSeed(int index, unsigned int question) const
+  unsigned int stableSeed(unsigned int where, unsigned int question) const
   {
-    return m_seed * 31u + generation * 1000003u + question * 7919u + unsigned(index);
+    return m_seed * 31u + generation * 1000003u + question * 7919u + where;
   }
 
-  void ask(int index, unsigned int question) { reseed(stableSeed(index, question)); }
+  void ask(unsigned int where, unsigned int question) { reseed(stableSeed(where, question)); }
 
   unsigned int m_seed;
   Dice m_dice;
