@@ -26,8 +26,8 @@ PropUiQControl::PropUiQControl(QWidget* parent)
 
 // Toolbar, filters and formatter are Qt children; the bag is never ours.
 // Qt destroys the children after this body, and a child that has the focus
-// is told that it lost it; a control that is a window of its own is hidden
-// first, and its children hear of the deactivation. By then the derived
+// is told that it lost it; a control shown as a window of its own is hidden
+// first, and its children hear of it. By then the derived
 // control is gone and the bag may be too, so such children are cut off
 // first: an unfinished edit is dropped, not committed. Otherwise nothing a
 // child or its filters act on reaches them before Qt has cut their
@@ -36,7 +36,7 @@ PropUiQControl::PropUiQControl(QWidget* parent)
 PropUiQControl::~PropUiQControl()
 {
   m_closing = true;
-  if (isWindow() || holdsFocus())
+  if ((isWindow() && isVisible()) || holdsFocus())
     disarmChildren();
   m_bag = nullptr;
 }
