@@ -63,6 +63,20 @@ unsigned int environmentNumber(const char* name, unsigned int fallback)
   return ok ? value : fallback;
 }
 
+/** A run's seed and length: fixed by default, so that a failure in CI replays; PROP_FUZZ_SEED and PROP_FUZZ_OPS change them. */
+struct FuzzRun
+{
+  FuzzRun(unsigned int defaultSeed, int defaultOperations)
+    : seed(environmentNumber("PROP_FUZZ_SEED", defaultSeed)),
+      operations(int(environmentNumber("PROP_FUZZ_OPS", unsigned(defaultOperations))))
+  {
+    qInfo("PROP_FUZZ_SEED=%u PROP_FUZZ_OPS=%d", seed, operations);
+  }
+
+  const unsigned int seed;
+  const int operations;
+};
+
 /** The GUIDs the registry holds, so a newly registered kind is driven without changing this test. */
 std::vector<OdGUID> registeredKinds()
 {

@@ -577,9 +577,8 @@ private slots:
     // GIVEN every registered kind, a seed and a count
     const std::vector<OdGUID> kinds = registeredKinds();
     QVERIFY(!kinds.empty());
-    const unsigned int seed = environmentNumber("PROP_FUZZ_SEED", 20261123u);
-    const int operations = int(environmentNumber("PROP_FUZZ_OPS", 20000));
-    qInfo("PROP_FUZZ_SEED=%u PROP_FUZZ_OPS=%d over %d kinds", seed, operations, int(kinds.size()));
+    const FuzzRun run(20261123u, 20000);
+    const unsigned int seed = run.seed;
 
     // Messages are caught; the choosers are the real modal windows, answered by a user.
     MessageCatcher messages;
@@ -588,7 +587,7 @@ private slots:
     QVERIFY(session.showActive());
 
     // WHEN the host and the user do anything, in any order
-    for (int i = 0; i < operations; ++i)
+    for (int i = 0; i < run.operations; ++i)
     {
       session.runOne(i);
       // THEN nothing a control must never do has happened

@@ -386,9 +386,8 @@ private slots:
     // GIVEN a grid over random bags, every registered editor, a seed and a count
     const std::vector<OdGUID> kinds = registeredKinds();
     QVERIFY(!kinds.empty());
-    const unsigned int seed = environmentNumber("PROP_FUZZ_SEED", 20261125u);
-    const int operations = int(environmentNumber("PROP_FUZZ_OPS", 5000));
-    qInfo("PROP_FUZZ_SEED=%u PROP_FUZZ_OPS=%d", seed, operations);
+    const FuzzRun run(20261125u, 5000);
+    const unsigned int seed = run.seed;
     MessageCatcher messages;
     ModalAnswerer user(seed ^ 0x9e3779b9u);
     const QtMessageHandler previous = qInstallMessageHandler(collectModelFaults);
@@ -398,7 +397,7 @@ private slots:
       QVERIFY(grid.showActive());
 
       // WHEN the host and the user do anything, in any order
-      for (int i = 0; i < operations && faults.isEmpty(); ++i)
+      for (int i = 0; i < run.operations && faults.isEmpty(); ++i)
       {
         grid.runOne();
         faults = grid.faults();
