@@ -7,6 +7,17 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
+namespace
+{
+
+QByteArray contentsOf(const QString& path)
+{
+  QFile file(path);
+  return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+} // namespace
+
 // Every file that once crashed, hung or misled the DXF fuzzer (tests/fuzz/dxf-regressions),
 // opened as a user opens a file over the drawing on screen.
 class TestDxfRegressions : public QObject
@@ -49,6 +60,12 @@ private Q_SLOTS:
     DrawingDocument reopened;
     QVERIFY2(readDxf(saved, reopened, &error), qPrintable(error));
     QCOMPARE(reopened.entities().size(), document.entities().size());
+    // AND saving that again writes the same bytes, and every entity has a handle of its own
+    const QString again = dir.filePath(QStringLiteral("again.dxf"));
+    QVERIFY2(writeDxf(again, reopened, &error), qPrintable(error));
+    QCOMPARE(contentsOf(again), contentsOf(saved));
+    for (const DrawingEntity& entity : document.entities())
+      QCOMPARE(document.entity(entity.handle), &entity);
 
     // AND a canvas draws it with everything selected
     DrawingCanvas canvas(&document);
