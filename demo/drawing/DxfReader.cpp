@@ -31,8 +31,11 @@ QString tr(const char* text)
 // Far beyond any real drawing, and well within what a QByteArray holds.
 constexpr qint64 kLargestFile = qint64(512) << 20;
 // A canvas works out everything it draws when it opens a drawing, an
-// insert's block as often as it is inserted: this many take seconds.
-constexpr quint64 kMostDrawnEntities = 250000;
+// insert's block as often as it is inserted. A drawing may be as large as it
+// likes; what inserts nested in inserts multiply it to is bounded: a few
+// kilobytes can ask for billions.
+constexpr quint64 kMostDrawnByInserts = 1000000;
+constexpr quint64 kDrawnPerStoredEntity = 16;
 
 /**
  * The group values that dxflib does not hand over (visibility, the full
@@ -581,9 +584,13 @@ bool read(const QByteArray& data, const QString& shown, const QString& path, Dra
   for (DrawingEntity& entity : builder.modelSpace)
     read.addEntity(std::move(entity));
   numberBlockEntities(read);
-  if (read.drawnEntityCount(kMostDrawnEntities + 1) > kMostDrawnEntities)
+  quint64 stored = read.entities().size();
+  for (const auto& [name, block] : read.blocks())
+    stored += block.entities.size();
+  const quint64 most = kMostDrawnByInserts + kDrawnPerStoredEntity * stored;
+  if (read.drawnEntityCount(most + 1) > most)
     return fail(error, tr("%1 takes more than %2 entities to draw, each block counted as often as it is inserted.")
-                           .arg(shown, QLocale().toString(kMostDrawnEntities)));
+                           .arg(shown, QLocale().toString(most)));
   read.setFileName(path);
   if (skipped)
     *skipped = builder.skipped;
