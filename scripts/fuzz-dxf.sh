@@ -10,16 +10,7 @@ cd "$(dirname "$0")/.."
 seconds=${1:-60}
 
 packages=(clang cmake ninja-build qtbase5-dev pkg-config libdxflib-dev librecad-data fonts-dejavu-core)
-missing=()
-for p in "${packages[@]}"; do
-  dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q "install ok installed" || missing+=("$p")
-done
-if [ ${#missing[@]} -gt 0 ]; then
-  SUDO=""
-  [ "$(id -u)" -ne 0 ] && SUDO="sudo"
-  $SUDO apt-get update -qq
-  DEBIAN_FRONTEND=noninteractive $SUDO apt-get install -y -qq "${missing[@]}"
-fi
+./scripts/install-packages.sh "${packages[@]}"
 
 build=build-fuzz
 # The library's tree is instrumented for coverage and checked; only the harness links libFuzzer's main.

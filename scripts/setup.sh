@@ -6,16 +6,7 @@ cd "$(dirname "$0")/.."
 
 packages=(cmake ninja-build g++ qtbase5-dev qtbase5-dev-tools qttools5-dev qttools5-dev-tools libqt5test5 fonts-dejavu-core
   pkg-config libdxflib-dev librecad-data)
-missing=()
-for p in "${packages[@]}"; do
-  dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q "install ok installed" || missing+=("$p")
-done
-if [ ${#missing[@]} -gt 0 ]; then
-  SUDO=""
-  [ "$(id -u)" -ne 0 ] && SUDO="sudo"
-  $SUDO apt-get update -qq
-  DEBIAN_FRONTEND=noninteractive $SUDO apt-get install -y -qq "${missing[@]}"
-fi
+./scripts/install-packages.sh "${packages[@]}"
 
 build=build
 config=(-DCMAKE_BUILD_TYPE=RelWithDebInfo)
