@@ -7,8 +7,8 @@
 /**
  * One property bag as a two-column tree: a row per item (its name, its value
  * as text and icon) and, under an item with elements, a row per element. Every
- * answer is asked of the bag or the formatter when the view asks; the row
- * structure is fixed when the bag is bound.
+ * answer is asked of the bag or the formatter when the view asks; rows come
+ * and go only when the bag is bound and when the host reports a change.
  */
 class PROPWIDGETS_EXPORT PropertyBagModel : public QAbstractItemModel, public PropUiQtMVCInterface
 {
@@ -30,7 +30,10 @@ public:
   /** Resets the model; the bag's item count now fixes the rows. */
   void setPropBag(PropBag* bag) override;
   void setFormatter(PropUiQFormatter* formatter) override;
-  /** Reports the item's two cells (all items for -1) as changed. */
+  /**
+   * Reports the item's two cells (all items for -1) as changed, after
+   * following a changed element count (and, for -1, item count) with rows.
+   */
   void itemChanged(int item) override;
 
 private:
