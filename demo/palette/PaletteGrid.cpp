@@ -12,7 +12,11 @@ PaletteGrid::PaletteGrid(QWidget* parent) : QTreeView(parent)
   setItemDelegate(hostCreatePropUiItemDelegate(&m_group, this));
   m_formatter = propUiCreateStandardFormatter(this);
   m_group.setFormatter(m_formatter);
-  setEditTriggers(QAbstractItemView::AllEditTriggers);
+  // Not on a change of the current row: arrowing through the rows would put
+  // each row's editor in the way of the next arrow. Return edits as F2 does.
+  setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::SelectedClicked |
+                  QAbstractItemView::EditKeyPressed | QAbstractItemView::AnyKeyPressed);
+  connect(this, &QAbstractItemView::activated, this, [this](const QModelIndex& index) { edit(index); });
   setAlternatingRowColors(true);
   setUniformRowHeights(true);
   // Wide enough for a dash pattern; square icons keep their own size.

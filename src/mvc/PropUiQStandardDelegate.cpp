@@ -4,7 +4,13 @@
 #include "PropUiQControl.h"
 #include "PropUiQStandardFormatter.h"
 #include "PropUiRegistry.h"
+#include <QAbstractSpinBox>
+#include <QCoreApplication>
 #include <QFocusEvent>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QPointer>
+#include <QTimer>
 
 namespace
 {
@@ -18,7 +24,9 @@ std::wstring keyOf(const OdGUID& guid)
 /**
  * A view gives the editor itself the focus and sends it the keys; the control's own field must
  * receive them. Focus is handed on rather than proxied, so that a control closed while its field
- * has focus is torn down as it is in a panel.
+ * has focus is torn down as it is in a panel. The key that opened the editor (a typed character)
+ * is sent to the editor right after it took the focus: it goes on to the field, and replaces the
+ * value there as it does in a view's own text editor. Keys the field passes up are left to go on.
  */
 class FocusToFieldFilter : public QObject
 {
@@ -27,6 +35,8 @@ public:
 
   bool eventFilter(QObject* watched, QEvent* event) override
   {
+    if (event->type() == QEvent::KeyPress && m_field)
+      return passOpeningKey(static_cast<QKeyEvent*>(event));
     if (event->type() != QEvent::FocusIn)
       return false;
     const auto* control = static_cast<QWidget*>(watched);
@@ -35,10 +45,33 @@ public:
       if ((child->focusPolicy() & Qt::TabFocus) && child->isEnabled())
       {
         child->setFocus(static_cast<QFocusEvent*>(event)->reason());
+        m_field = child;
+        // Only a key sent before the view's turn is over opened the editor.
+        QTimer::singleShot(0, this, [this]() { m_field = nullptr; });
         break;
       }
     return false;
   }
+
+private:
+  bool passOpeningKey(QKeyEvent* key)
+  {
+    const QPointer<QWidget> field = m_field;
+    m_field = nullptr;
+    if (!field)
+      return false;
+    if (!key->text().isEmpty() && key->text().at(0).isPrint())
+    {
+      if (auto* edit = qobject_cast<QLineEdit*>(field.data()))
+        edit->selectAll();
+      else if (auto* spin = qobject_cast<QAbstractSpinBox*>(field.data()))
+        spin->selectAll();
+    }
+    QCoreApplication::sendEvent(field, key);
+    return true;
+  }
+
+  QPointer<QWidget> m_field;
 };
 
 } // namespace

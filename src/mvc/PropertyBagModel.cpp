@@ -163,6 +163,13 @@ Qt::ItemFlags PropertyBagModel::flags(const QModelIndex& index) const
   return result;
 }
 
+QModelIndex PropertyBagModel::buddy(const QModelIndex& index) const
+{
+  if (index.isValid() && index.model() == this && index.column() == 0)
+    return index.sibling(index.row(), 1);
+  return index;
+}
+
 void PropertyBagModel::setPropBag(PropBag* bag)
 {
   beginResetModel();

@@ -26,6 +26,8 @@ public:
   QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
   QVariant headerData(int section, Qt::Orientation orientation, int role = Qt::DisplayRole) const override;
   Qt::ItemFlags flags(const QModelIndex& index) const override;
+  /** A row is edited in its value cell, whichever of its cells is current. */
+  QModelIndex buddy(const QModelIndex& index) const override;
 
   /** Resets the model; the bag's item count now fixes the rows. */
   void setPropBag(PropBag* bag) override;

@@ -221,6 +221,47 @@ private slots:
       QTRY_COMPARE(messages.shown.size(), 1);
   }
 
+  void keysOnEitherCellOfARowOpenItsValue_data()
+  {
+    QTest::addColumn<int>("column");
+    QTest::addColumn<int>("key");
+    QTest::addColumn<QString>("shown");
+    QTest::newRow("F2 on the name") << 0 << int(Qt::Key_F2) << "6.5";
+    QTest::newRow("F2 on the value") << 1 << int(Qt::Key_F2) << "6.5";
+    QTest::newRow("a digit on the name") << 0 << int(Qt::Key_7) << "7";
+    QTest::newRow("a digit on the value") << 1 << int(Qt::Key_7) << "7";
+  }
+
+  // Whichever cell of a row is current, the keyboard edits the row's value,
+  // and a typed character starts the edit.
+  void keysOnEitherCellOfARowOpenItsValue()
+  {
+    QFETCH(int, column);
+    QFETCH(int, key);
+    QFETCH(QString, shown);
+    RecordingBag bag;
+    fill(bag);
+    Grid grid(bag);
+    QTreeView view;
+    view.setModel(grid.model);
+    view.setItemDelegate(grid.delegate);
+    view.setEditTriggers(QAbstractItemView::EditKeyPressed | QAbstractItemView::AnyKeyPressed);
+    view.resize(400, 300);
+    view.show();
+    view.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&view));
+    view.setCurrentIndex(grid.model->index(0, column));
+
+    QTest::keyClick(&view, Qt::Key(key));
+
+    QLineEdit* edit = view.viewport()->findChild<QLineEdit*>();
+    QVERIFY(edit);
+    QTRY_VERIFY(edit->hasFocus());
+    QCOMPARE(edit->text(), shown);
+    QTest::keyClick(edit, Qt::Key_Enter);
+    QCOMPARE(bag.item(0).value.getDouble(), shown.toDouble());
+  }
+
   void subDelegatesByControlGuid()
   {
     RecordingBag bag;
@@ -303,7 +344,9 @@ private slots:
     formatter.setPropBag(&bag);
     group.setFormatter(&formatter);
     group.setPropBag(&bag);
-    view.setEditTriggers(QAbstractItemView::AllEditTriggers);
+    // Clicks only: a current row's value editor would cover the icons.
+    view.setEditTriggers(QAbstractItemView::EditTriggers(QAbstractItemView::AllEditTriggers) &
+                         ~QAbstractItemView::EditTriggers(QAbstractItemView::CurrentChanged));
     view.setIconSize(QSize(16, 16));
     view.resize(400, 200);
     view.show();
