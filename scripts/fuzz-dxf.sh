@@ -9,7 +9,7 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 seconds=${1:-60}
 
-packages=(clang cmake ninja-build qtbase5-dev pkg-config libdxflib-dev librecad-data fonts-dejavu-core)
+packages=(clang cmake ninja-build qtbase5-dev pkg-config libdxflib-dev libmuparser-dev librecad-data fonts-dejavu-core)
 ./scripts/install-packages.sh "${packages[@]}"
 
 build=build-fuzz

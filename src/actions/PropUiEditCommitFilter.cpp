@@ -96,6 +96,28 @@ bool PropUiEditCommitFilter::eventFilter(QObject* watched, QEvent* event)
       if (m_rules & CommitOnTab)
         commitThenRevertUnacceptable();
     }
+    else if ((m_rules & CommitOnReturn) && !m_committing &&
+             (key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter) && m_edit.changed && m_edit.changed() &&
+             m_edit.commit)
+    {
+      // A commit may go through the editor's own Return handling, which passes here again.
+      const QPointer<PropUiEditCommitFilter> self(this);
+      m_committing = true;
+      m_edit.commit();
+      if (!self)
+        return true;
+      m_committing = false;
+      if (!m_editor)
+        return true;
+      if (!acceptable())
+      {
+        if (m_edit.moveOn)
+          m_edit.moveOn();
+        return true;
+      }
+      if (key->spontaneous() && (m_rules & (RevertAfterReturn | MoveOnAfterReturn)))
+        afterReturn();
+    }
     else if (key->spontaneous() && (key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter))
     {
       if (m_rules & (RevertAfterReturn | MoveOnAfterReturn))

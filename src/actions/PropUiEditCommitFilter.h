@@ -16,7 +16,8 @@ class QWidget;
  * are not, so a value the bag refuses as the user leaves is put back without
  * a message box. Which of the commit rules apply is the control's choice
  * (Rules); what "changed", "acceptable", "commit" and "restore" mean for its
- * widget is told by the Edit callbacks. The filter never consumes an event.
+ * widget is told by the Edit callbacks. The filter consumes only a Return
+ * whose commit was refused (CommitOnReturn).
  */
 class PROPWIDGETS_EXPORT PropUiEditCommitFilter : public QObject
 {
@@ -38,7 +39,14 @@ public:
     /** After a typed Return, an unacceptable edit is put back. */
     RevertAfterReturn = 0x20,
     /** After a typed Return, the focus moves on to the next editor. */
-    MoveOnAfterReturn = 0x40
+    MoveOnAfterReturn = 0x40,
+    /**
+     * Return commits a changed edit before the editor sees the key, whatever
+     * the editor's own validator thinks. A refused commit keeps the key: the
+     * editor stays with the user (a view does not close it), who corrects
+     * the text or presses Escape.
+     */
+    CommitOnReturn = 0x80
   };
   Q_DECLARE_FLAGS(Rules, Rule)
 
@@ -82,6 +90,7 @@ private:
   QPointer<QWidget> m_editor;
   Rules m_rules;
   Edit m_edit;
+  bool m_committing = false;
 };
 
 Q_DECLARE_OPERATORS_FOR_FLAGS(PropUiEditCommitFilter::Rules)

@@ -12,12 +12,11 @@ bool PropUiQScaleElementCtrl::applyData()
   if (!m_bag || !m_edit || m_edit->text() == m_lastText)
     return false;
   PropVariant parsed;
+  bool evaluated = false;
   const unsigned int numbers = PropVariant::kDouble | PropVariant::kInt16 | PropVariant::kInt32 | PropVariant::kInt64;
-  const bool isNumber = m_bag->parseValue(m_index, m_element, toOdString(m_edit->text().trimmed()), parsed) &&
-                        !parsed.isArray() && (parsed.scalarType() & numbers);
-  if (!isNumber)
+  if (!readTypedValue(parsed, evaluated) || parsed.isArray() || !(parsed.scalarType() & numbers))
   {
-    m_edit->setText(m_lastText);
+    refuseEdit();
     return false;
   }
   const double number = parsed.getDouble();
@@ -29,10 +28,10 @@ bool PropUiQScaleElementCtrl::applyData()
   // The scale is one value: locked, both numbers go to the bag together.
   if (commitValue(scale, CommitTarget::WholeItem) != CommitResult::Written)
   {
-    m_edit->setText(m_lastText);
+    refuseEdit();
     return false;
   }
-  m_lastText = m_edit->text();
+  confirmEdit(parsed, evaluated);
   emit uniformWritten();
   return true;
 }

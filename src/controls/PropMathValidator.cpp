@@ -26,9 +26,15 @@ void PropMathValidator::setPropBagItem(PropBag* bag, int index, unsigned long el
   m_element = element;
 }
 
+// A key is never dropped for leaving the text unfinished ("10*" on the way
+// to "10*2", a letter of a unit the bag knows): the field reads the whole
+// text when the edit ends, and says then what it cannot take.
 QValidator::State PropMathValidator::validate(QString& input, int& pos) const
 {
-  return m_numberValidator ? m_numberValidator->validate(input, pos) : Acceptable;
+  if (!m_numberValidator)
+    return Acceptable;
+  const State state = m_numberValidator->validate(input, pos);
+  return state == Invalid ? Intermediate : state;
 }
 
 void PropMathValidator::fixup(QString& input) const

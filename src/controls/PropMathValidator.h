@@ -7,9 +7,10 @@ class PropBag;
 class QRegularExpressionValidator;
 
 /**
- * The validator of the number editors. It accepts what its number validator
- * accepts; the expression validator it carries only tidies input in fixup,
- * since evaluating an expression is the bag's business.
+ * The validator of the number editors. A plain number its number validator
+ * accepts is acceptable; anything else is unfinished rather than invalid, so
+ * no key is dropped and arithmetic can be typed: the field reads it when the
+ * edit ends. The expression validator it carries only tidies input in fixup.
  */
 class PROPWIDGETS_EXPORT PropMathValidator : public QValidator
 {

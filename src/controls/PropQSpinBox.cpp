@@ -1,19 +1,13 @@
 #include "PropQSpinBox.h"
 
-#include "PropUiInputFlash.h"
 #include "PropUiTexts.h"
 #include "PropUiThemeColors.h"
 
 #include <QEvent>
 #include <QFocusEvent>
 #include <QLineEdit>
-#include <algorithm>
-#include <limits>
 
-PropQSpinBox::PropQSpinBox(QWidget* parent) : QHostSpinBox(parent)
-{
-  PropUiInputFlash::flashOnRejectedInput(this, lineEdit());
-}
+PropQSpinBox::PropQSpinBox(QWidget* parent) : QHostSpinBox(parent) {}
 
 void PropQSpinBox::setVariesFlag(bool varies)
 {
@@ -52,45 +46,16 @@ void PropQSpinBox::focusOutEvent(QFocusEvent* event)
     lineEdit()->deselect();
 }
 
-bool PropQSpinBox::parseWholeNumber(QString text, qlonglong& number) const
-{
-  if (!prefix().isEmpty() && text.startsWith(prefix()))
-    text.remove(0, prefix().size());
-  if (!suffix().isEmpty() && text.endsWith(suffix()))
-    text.chop(suffix().size());
-  text = text.trimmed();
-  if (text.isEmpty())
-    return false;
-  bool ok = false;
-  number = locale().toLongLong(text, &ok);
-  if (!ok)
-  {
-    // Digits beyond what a long long holds are still a number the user typed.
-    const bool negative = text.startsWith(QLatin1Char('-'));
-    if (negative || text.startsWith(QLatin1Char('+')))
-      text.remove(0, 1);
-    ok = !text.isEmpty() && std::all_of(text.cbegin(), text.cend(), [](QChar c) { return c.isDigit(); });
-    number = negative ? std::numeric_limits<qlonglong>::min() : std::numeric_limits<qlonglong>::max();
-  }
-  return ok;
-}
-
-bool PropQSpinBox::isTypedOutOfRange() const
-{
-  if (!lineEdit())
-    return false;
-  qlonglong number = 0;
-  return parseWholeNumber(lineEdit()->text(), number) && (number < minimum() || number > maximum());
-}
-
-// Qt drops the key that takes a number out of the range, so 100 typed into
-// 3 to 64 would quietly stay 10. It is kept, as not yet acceptable, for the
-// control to refuse with a message when the edit ends.
+// Qt drops a key that leaves no number within the range: 100 typed into 3 to
+// 64 would quietly stay 10, and 10*2 would be 102. Every key is kept, the
+// text as not yet acceptable, for the control to read, or refuse with a
+// message, when the edit ends.
+// Qt also reads "3,5" as 35 where "," groups thousands: a group separator
+// leaves the text unfinished too, for the control to refuse.
 QValidator::State PropQSpinBox::validate(QString& input, int& pos) const
 {
   const QValidator::State state = QSpinBox::validate(input, pos);
-  qlonglong number = 0;
-  if (state == QValidator::Invalid && parseWholeNumber(input, number))
+  if (state == QValidator::Invalid || (state == QValidator::Acceptable && input.contains(locale().groupSeparator())))
     return QValidator::Intermediate;
   return state;
 }

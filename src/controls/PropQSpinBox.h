@@ -5,9 +5,9 @@
 
 /**
  * The integer control's spin box: it can show "*varies*" in place of a
- * number, dimmed as the theme dims placeholders. A whole number outside the
- * range stays as typed until the edit ends, so the control can say why it
- * is not taken; a letter it drops makes it flash.
+ * number, dimmed as the theme dims placeholders. What is typed stays as
+ * typed until the edit ends, so the control can read arithmetic and say why
+ * it does not take a text.
  */
 class PROPWIDGETS_EXPORT PropQSpinBox : public host_qt_ui_core::QHostSpinBox
 {
@@ -20,8 +20,6 @@ public:
   /** Only the flag and its colour: the caller re-renders the text. */
   void setVariesFlag(bool varies);
 
-  /** The text typed is a whole number, but not one within the range. */
-  bool isTypedOutOfRange() const;
   /** The value is being changed by a step (arrows, Page keys, wheel), not by typing. */
   bool isStepping() const { return m_stepping; }
 
@@ -36,8 +34,6 @@ protected:
   void changeEvent(QEvent* event) override;
 
 private:
-  /** Whether the text, without prefix and suffix, is a whole number of any size. */
-  bool parseWholeNumber(QString text, qlonglong& number) const;
   void applyVariesLook();
 
   bool m_varies = false;

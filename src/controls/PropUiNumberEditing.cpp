@@ -1,10 +1,10 @@
 #include "PropUiNumberEditing.h"
 
 #include "PropMathValidator.h"
-#include "PropUiInputFlash.h"
 #include "PropUiQLineEdit.h"
 #include "QHostLineEdit.h"
 #include <QDoubleValidator>
+#include <QIntValidator>
 
 namespace propui
 {
@@ -25,7 +25,18 @@ void setupNumberEditing(PropUiQLineEdit* control, bool rejectGroupSeparators)
   validator->setNumberValidator(numbers);
   validator->setPropBagItem(control->propBag(), control->itemIndex(), control->element());
   edit->setValidator(validator);
-  PropUiInputFlash::flashOnRejectedInput(edit, edit);
+}
+
+const PropMathValidator* numberValidatorOf(const QLineEdit* edit)
+{
+  const auto* validator = edit ? qobject_cast<const PropMathValidator*>(edit->validator()) : nullptr;
+  return validator && validator->numberValidator() ? validator : nullptr;
+}
+
+PropUiTypedNumber::Kind numberKindOf(const PropMathValidator* validator)
+{
+  return validator && qobject_cast<const QIntValidator*>(validator->numberValidator()) ? PropUiTypedNumber::Kind::Whole
+                                                                                        : PropUiTypedNumber::Kind::Real;
 }
 
 } // namespace propui

@@ -12,12 +12,14 @@ bool PropUiQAngleCtrl::setupUi()
   return true;
 }
 
-// The bag's formatting of the entered angle replaces what the user typed.
+// The bag's formatting of the entered angle replaces what the user typed, once it is taken.
 void PropUiQAngleCtrl::onEditingFinished()
 {
   // A window going away commits nothing, so there is nothing to re-read either.
   if (isWindowGoingAway(this))
     return;
   PropUiQLineEdit::onEditingFinished();
-  updateData();
+  // A refused text stays as typed, for the user to correct.
+  if (m_edit && m_edit->text() == m_lastText)
+    updateData();
 }

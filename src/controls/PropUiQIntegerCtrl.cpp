@@ -4,6 +4,8 @@
 #include "PropUiActionToolButtonsCtrl.h"
 #include "PropUiEditCommitFilter.h"
 #include "PropUiElidedLineEditFilter.h"
+#include "PropUiTexts.h"
+#include "PropUiTypedNumber_p.h"
 #include <QHBoxLayout>
 #include "OdStringQt.h"
 #include <QFocusEvent>
@@ -31,8 +33,8 @@ bool PropUiQIntegerCtrl::setupUi()
   using Rule = PropUiEditCommitFilter::Rule;
   new PropUiEditCommitFilter(this, m_spinBox, Rule::SilenceWhileLeaving | Rule::RestoreOnEscape | Rule::MoveOnAfterReturn,
                              rules);
-  // After the commit rules, so it sees each event first: a number out of
-  // range is refused before the spin box cuts it back to its last value.
+  // After the commit rules, so it sees each event first: what was typed is
+  // read before the spin box cuts an unfinished text back to its last value.
   m_spinBox->installEventFilter(this);
   if (auto* edit = m_spinBox->findChild<QLineEdit*>())
   {
@@ -114,13 +116,16 @@ bool PropUiQIntegerCtrl::eventFilter(QObject* watched, QEvent* event)
   case QEvent::KeyPress:
   {
     const int key = static_cast<QKeyEvent*>(event)->key();
-    if (key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Tab || key == Qt::Key_Backtab)
-      refuseOutOfRange();
+    // A refused Return stays with the field (a view does not close its editor): the text is there to correct.
+    if ((key == Qt::Key_Return || key == Qt::Key_Enter) && !takeTypedText(true))
+      return true;
+    if (key == Qt::Key_Tab || key == Qt::Key_Backtab)
+      takeTypedText(false);
     break;
   }
   case QEvent::FocusOut:
     if (static_cast<QFocusEvent*>(event)->reason() != Qt::PopupFocusReason && !isWindowGoingAway(m_spinBox))
-      refuseOutOfRange();
+      takeTypedText(false);
     break;
   default:
     break;
@@ -128,15 +133,25 @@ bool PropUiQIntegerCtrl::eventFilter(QObject* watched, QEvent* event)
   return PropUiQControl::eventFilter(watched, event);
 }
 
-void PropUiQIntegerCtrl::refuseOutOfRange()
+bool PropUiQIntegerCtrl::takeTypedText(bool keepRefused)
 {
-  if (!m_spinBox || !m_spinBox->isTypedOutOfRange())
-    return;
-  const QLocale locale = m_spinBox->locale();
-  showErrorMessage(toOdString(tr("Enter a whole number from %1 to %2.")
-                                .arg(locale.toString(m_spinBox->minimum()), locale.toString(m_spinBox->maximum()))));
-  // The spin box finishes the edit next, and finds the confirmed value: nothing is written.
-  m_spinBox->setValue(m_lastValue);
+  if (!m_spinBox || m_spinBox->hasAcceptableInput() ||
+      (m_spinBox->isVaries() && m_spinBox->cleanText() == PropUiTexts::varies()))
+    return true;
+  PropUiTypedNumber reader(m_bag, m_index, m_element, PropUiTypedNumber::Kind::Whole, m_spinBox->locale());
+  reader.setRange(m_spinBox->minimum(), m_spinBox->maximum());
+  double number = 0.0;
+  if (reader.readNumber(m_spinBox->cleanText(), number))
+  {
+    m_spinBox->setValue(int(number));
+    return true;
+  }
+  showErrorMessage(toOdString(reader.refusal()));
+  if (keepRefused)
+    m_spinBox->selectAll();
+  else
+    m_spinBox->setValue(m_lastValue); // the spin box finishes the edit next, and finds nothing to write
+  return false;
 }
 
 void PropUiQIntegerCtrl::onSpinBoxValueChanged(int)

@@ -39,5 +39,11 @@ protected:
   QPointer<PropQSpinBox> m_spinBox;
 
 private:
-  void refuseOutOfRange();
+  /**
+   * Puts the number the typed text stands for into the spin box, before the
+   * spin box finishes the edit. False when the text stands for no whole
+   * number in range: the user is told, and unless keepRefused the confirmed
+   * value is put back.
+   */
+  bool takeTypedText(bool keepRefused);
 };

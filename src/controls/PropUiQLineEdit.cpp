@@ -2,10 +2,13 @@
 
 #include "OdStringQt.h"
 #include "PropBag.h"
+#include "PropMathValidator.h"
 #include "PropUiActionToolButtonsCtrl.h"
 #include "PropUiEditCommitFilter.h"
 #include "PropUiElidedLineEditFilter.h"
+#include "PropUiNumberEditing.h"
 #include "PropUiTexts.h"
+#include "PropUiTypedNumber_p.h"
 #include "QHostLineEdit.h"
 #include <QCoreApplication>
 #include <QHBoxLayout>
@@ -36,8 +39,14 @@ bool PropUiQLineEdit::setupWithEdit(const std::function<QLineEdit*(QWidget*)>& m
 
   PropUiEditCommitFilter::Edit rules;
   rules.changed = [this]() { return m_edit->text() != m_lastText; };
-  rules.acceptable = [this]() { return m_edit->hasAcceptableInput(); };
-  rules.commit = [this]() { commitWithEnter(); };
+  // A number field's validator lets unfinished arithmetic stand; only the commit judges it.
+  rules.acceptable = [this]() { return !m_refused && (propui::numberValidatorOf(m_edit) || m_edit->hasAcceptableInput()); };
+  rules.commit = [this]() {
+    if (!propui::numberValidatorOf(m_edit))
+      commitWithEnter();
+    else
+      onEditingFinished();
+  };
   rules.restore = [this]() { restoreLastText(); };
   rules.moveOn = [this]() {
     if (!m_refused)
@@ -48,7 +57,8 @@ bool PropUiQLineEdit::setupWithEdit(const std::function<QLineEdit*(QWidget*)>& m
   using Rule = PropUiEditCommitFilter::Rule;
   new PropUiEditCommitFilter(this, edit,
                              Rule::SilenceWhileLeaving | Rule::CommitOnLeave | Rule::DeselectOnLeave | Rule::CommitOnTab |
-                               Rule::RestoreOnEscape | Rule::RevertAfterReturn | Rule::MoveOnAfterReturn,
+                               Rule::CommitOnReturn | Rule::RestoreOnEscape | Rule::RevertAfterReturn |
+                               Rule::MoveOnAfterReturn,
                              rules);
   useFocusReactor(edit);
   if (m_options & PropUiOption::kElided)
@@ -101,22 +111,52 @@ bool PropUiQLineEdit::applyData()
   if (!m_bag || !m_edit || m_edit->text() == m_lastText)
     return false;
   PropVariant value;
-  if (!m_bag->parseValue(m_index, m_element, toOdString(m_edit->text().trimmed()), value))
+  bool evaluated = false;
+  if (!readTypedValue(value, evaluated) || commitValue(value) != CommitResult::Written)
   {
-    restoreLastText();
-    m_refused = true;
+    refuseEdit();
     return false;
   }
-  if (commitValue(value) != CommitResult::Written)
+  confirmEdit(value, evaluated);
+  return true;
+}
+
+bool PropUiQLineEdit::readTypedValue(PropVariant& value, bool& evaluated)
+{
+  evaluated = false;
+  const PropMathValidator* numbers = propui::numberValidatorOf(m_edit);
+  if (!numbers)
+    return m_bag->parseValue(m_index, m_element, toOdString(m_edit->text().trimmed()), value);
+  PropUiTypedNumber reader(m_bag, m_index, m_element, propui::numberKindOf(numbers), m_edit->locale());
+  if (!reader.read(m_edit->text(), value))
   {
-    restoreLastText();
-    m_refused = true;
+    if (m_edit->hasFocus())
+      showErrorMessage(toOdString(reader.refusal()));
     return false;
   }
+  evaluated = reader.wasEvaluated();
+  return true;
+}
+
+void PropUiQLineEdit::refuseEdit()
+{
+  if (!m_edit)
+    return;
+  // Only a user still at the field can correct what was typed.
+  if (!propui::numberValidatorOf(m_edit) || messagesSuppressed() || !m_edit->hasFocus())
+    restoreLastText();
+  m_refused = true;
+}
+
+void PropUiQLineEdit::confirmEdit(const PropVariant& written, bool evaluated)
+{
+  OdString formatted;
+  if (evaluated && m_bag->formatValue(m_index, m_element, written, formatted))
+    m_edit->setText(toQString(formatted));
   m_lastText = m_edit->text();
+  m_refused = false;
   // The field holds a value of its own now; emptying it must not bring the varies text back.
   m_edit->setPlaceholderText(QString());
-  return true;
 }
 
 void PropUiQLineEdit::onEditingFinished()
@@ -144,6 +184,7 @@ void PropUiQLineEdit::setVaries(bool varies)
 
 void PropUiQLineEdit::restoreLastText()
 {
+  m_refused = false;
   if (m_edit && m_edit->text() != m_lastText)
     m_edit->setText(m_lastText);
 }

@@ -37,6 +37,16 @@ protected:
   /** Sets the control up around the edit that makeEdit builds as a child of the control. */
   bool setupWithEdit(const std::function<QLineEdit*(QWidget*)>& makeEdit);
 
+  /**
+   * Reads the edit's text as the bag takes it: a number field reads arithmetic
+   * too (evaluated tells), and says why when it cannot read the text.
+   */
+  bool readTypedValue(PropVariant& value, bool& evaluated);
+  /** After a refused edit: a number field keeps what was typed for the user at it to correct; otherwise the confirmed text is back. */
+  void refuseEdit();
+  /** After a written edit: what the field shows becomes the confirmed text; arithmetic gives way to its value. */
+  void confirmEdit(const PropVariant& written, bool evaluated);
+
   QString m_lastText;
   QPointer<QLineEdit> m_edit;
 
@@ -44,6 +54,6 @@ private:
   void restoreLastText();
   void commitWithEnter();
 
-  /** The last Return was refused: the focus stays, so the user can put the value right. */
+  /** The last commit was refused: the focus stays after Return, so the user can put the value right. */
   bool m_refused = false;
 };

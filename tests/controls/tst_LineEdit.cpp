@@ -74,6 +74,9 @@ private slots:
     QTRY_COMPARE(messages.shown.size(), 1);
     QCOMPARE(int(messages.shown[0].kind), int(host_qt_ui::QHostMessageBoxOd::Critical));
     QCOMPARE(messages.shown[0].text, QStringLiteral("The radius must be greater than zero."));
+    // The refused number stays at the field to be corrected; Escape puts the confirmed one back.
+    QCOMPARE(control->lineEdit()->text(), QStringLiteral("-2"));
+    QTest::keyClick(control->lineEdit(), Qt::Key_Escape);
     QCOMPARE(control->lineEdit()->text(), QStringLiteral("12.5"));
     QVERIFY(bag.written.isEmpty());
   }
