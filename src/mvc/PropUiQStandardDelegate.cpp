@@ -1,16 +1,10 @@
 #include "PropUiQStandardDelegate.h"
 
 #include "PropBag.h"
+#include "PropUiCellEditorKeys_p.h"
 #include "PropUiQControl.h"
 #include "PropUiQStandardFormatter.h"
 #include "PropUiRegistry.h"
-#include <QAbstractSpinBox>
-#include <QCoreApplication>
-#include <QFocusEvent>
-#include <QKeyEvent>
-#include <QLineEdit>
-#include <QPointer>
-#include <QTimer>
 
 namespace
 {
@@ -20,59 +14,6 @@ std::wstring keyOf(const OdGUID& guid)
   const OdString text = guid.toString();
   return std::wstring(text.c_str(), std::size_t(text.getLength()));
 }
-
-/**
- * A view gives the editor itself the focus and sends it the keys; the control's own field must
- * receive them. Focus is handed on rather than proxied, so that a control closed while its field
- * has focus is torn down as it is in a panel. The key that opened the editor (a typed character)
- * is sent to the editor right after it took the focus: it goes on to the field, and replaces the
- * value there as it does in a view's own text editor. Keys the field passes up are left to go on.
- */
-class FocusToFieldFilter : public QObject
-{
-public:
-  explicit FocusToFieldFilter(QWidget* control) : QObject(control) { control->installEventFilter(this); }
-
-  bool eventFilter(QObject* watched, QEvent* event) override
-  {
-    if (event->type() == QEvent::KeyPress && m_field)
-      return passOpeningKey(static_cast<QKeyEvent*>(event));
-    if (event->type() != QEvent::FocusIn)
-      return false;
-    const auto* control = static_cast<QWidget*>(watched);
-    const QList<QWidget*> children = control->findChildren<QWidget*>();
-    for (QWidget* child : children)
-      if ((child->focusPolicy() & Qt::TabFocus) && child->isEnabled())
-      {
-        child->setFocus(static_cast<QFocusEvent*>(event)->reason());
-        m_field = child;
-        // Only a key sent before the view's turn is over opened the editor.
-        QTimer::singleShot(0, this, [this]() { m_field = nullptr; });
-        break;
-      }
-    return false;
-  }
-
-private:
-  bool passOpeningKey(QKeyEvent* key)
-  {
-    const QPointer<QWidget> field = m_field;
-    m_field = nullptr;
-    if (!field)
-      return false;
-    if (!key->text().isEmpty() && key->text().at(0).isPrint())
-    {
-      if (auto* edit = qobject_cast<QLineEdit*>(field.data()))
-        edit->selectAll();
-      else if (auto* spin = qobject_cast<QAbstractSpinBox*>(field.data()))
-        spin->selectAll();
-    }
-    QCoreApplication::sendEvent(field, key);
-    return true;
-  }
-
-  QPointer<QWidget> m_field;
-};
 
 } // namespace
 
@@ -180,7 +121,7 @@ QWidget* PropUiQStandardDelegate::createEditor(QWidget* parent, const QStyleOpti
       control->updateData();
       control->updateUi();
     }
-    new FocusToFieldFilter(control);
+    new PropUiCellEditorKeys(control, const_cast<PropUiQStandardDelegate*>(this), index);
   }
   catch (...)
   {
