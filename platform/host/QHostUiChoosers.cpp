@@ -50,6 +50,8 @@ QString tr(const char* text)
   return QCoreApplication::translate("host_qt_ui", text);
 }
 
+// Inside a widget, tr is QObject's, which would file the palette's texts
+// under "QWidget" rather than with the host's other texts.
 QString colourText(const char* text)
 {
   return QCoreApplication::translate("host_qt_ui", text);
