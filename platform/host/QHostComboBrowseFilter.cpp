@@ -43,7 +43,9 @@ bool QHostComboBrowseFilter::eventFilter(QObject* watched, QEvent* event)
     keyReleased(static_cast<QKeyEvent*>(event));
     break;
   case QEvent::FocusOut:
-    focusLeft(static_cast<QFocusEvent*>(event)->reason());
+    // A combo being destroyed loses its focus once only its QWidget part is left: nothing to finish there.
+    if (qobject_cast<QComboBox*>(watched))
+      focusLeft(static_cast<QFocusEvent*>(event)->reason());
     break;
   default:
     break;
