@@ -1,5 +1,6 @@
 #include "QHostUiArrowHeadComboBox.h"
 
+#include "QHostComboBrowseFilter.h"
 #include "QHostUiChoosers.h"
 #include <QCoreApplication>
 #include <QPointer>
@@ -29,6 +30,9 @@ QHostUiArrowHeadComboBox::QHostUiArrowHeadComboBox(QWidget* parent)
     if (index >= 0 && index != chooserIndex())
       m_previous = index;
   });
+  // Arrowing over "User Arrow..." must not open the chooser.
+  host_qt_ui_core::QHostComboBrowseFilter::install(this)->setChooserEntry(
+    [this](int index) { return index >= 0 && index == chooserIndex(); });
   rebuild();
 }
 

@@ -1,5 +1,6 @@
 #include "QHostUiColorComboBox.h"
 
+#include "QHostComboBrowseFilter.h"
 #include "QHostUiChoosers.h"
 #include "hostColors.h"
 #include "hostQtPicture.h"
@@ -82,6 +83,8 @@ QHostUiColorComboBox::QHostUiColorComboBox(QWidget* parent, OtherAddingMode mode
     if (index >= 0 && index != chooserIndex())
       m_previous = index;
   });
+  // Arrowing over "Select Colour..." must not open the chooser.
+  host_qt_ui_core::QHostComboBrowseFilter::install(this)->setChooserEntry([this](int index) { return index == chooserIndex(); });
   rebuild();
 }
 

@@ -3,6 +3,7 @@
 #include "OdDbDatabase.h"
 #include "OdDbLinetypeTableRecord.h"
 #include "OdStringQt.h"
+#include "QHostComboBrowseFilter.h"
 #include "QHostUiChoosers.h"
 #include "hostQtPicture.h"
 #include <QCoreApplication>
@@ -38,6 +39,9 @@ QHostUiLineTypeComboBox::QHostUiLineTypeComboBox(QWidget* parent)
     if (index >= 0 && index != chooserIndex())
       m_previous = index;
   });
+  // Arrowing over "Other..." must not open the chooser.
+  host_qt_ui_core::QHostComboBrowseFilter::install(this)->setChooserEntry(
+    [this](int index) { return index >= 0 && index == chooserIndex(); });
   rebuild();
 }
 

@@ -1,6 +1,7 @@
 #include "QHostUiLineWeightComboBox.h"
 
 #include "OdDbDatabase.h"
+#include "QHostComboBrowseFilter.h"
 #include "hostQtPicture.h"
 
 namespace host_qt_ui
@@ -10,6 +11,7 @@ QHostUiLineWeightComboBox::QHostUiLineWeightComboBox(QWidget* parent)
   : QHostComboBox(parent), m_list(new QHostLineWeightListModel(this))
 {
   setIconSize(QHostPictureListModel::pictureSize());
+  host_qt_ui_core::QHostComboBrowseFilter::install(this);
   rebuild();
 }
 

@@ -7,6 +7,7 @@
 #include "PropUiActionToolButtonsCtrl.h"
 #include "PropUiCadSupport.h"
 #include "PropVariantConversions.h"
+#include "QHostComboBrowseFilter.h"
 #include "hostColors.h"
 #include "hostDbPropBagCtx.h"
 #include "hostQtPicture.h"
@@ -120,6 +121,7 @@ bool PropUiQLayerCtrl::setupUi()
   layout->setSpacing(0);
   m_combo = new host_qt_ui_core::QHostComboBox(this);
   m_combo->setObjectName(QStringLiteral("combo"));
+  host_qt_ui_core::QHostComboBrowseFilter::install(m_combo);
   m_combo->disableMouseWheel(true);
   m_combo->setMaxVisibleItems(30);
   m_combo->setIconSize(pictureSize());

@@ -9,6 +9,7 @@
 #include "PropUiOptions.h"
 #include "PropUiQFormatter.h"
 #include "PropUiTexts.h"
+#include "QHostComboBrowseFilter.h"
 #include <QDoubleValidator>
 #include <QHBoxLayout>
 #include <QIntValidator>
@@ -55,6 +56,7 @@ bool PropUiQComboBox::setupUi()
   layout->setSpacing(0);
   m_combo = new host_qt_ui_core::QHostComboBox(this);
   m_combo->setObjectName(QStringLiteral("combo"));
+  host_qt_ui_core::QHostComboBrowseFilter::install(m_combo);
   m_combo->disableMouseWheel(true);
   m_combo->setMaxVisibleItems(30);
   useFocusReactor(m_combo);

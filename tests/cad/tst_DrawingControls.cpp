@@ -1,4 +1,5 @@
 #include "ChooserCatcher.h"
+#include "ControlWindow.h"
 #include "EveryKind.h"
 #include "HostQtStyleManager.h"
 #include "MessageCatcher.h"
@@ -12,9 +13,11 @@
 #include "PropUiQLayerCtrl.h"
 #include "PropUiQLinetypeCtrl.h"
 #include "PropUiQLineweightCtrl.h"
+#include "PropUiQTextComboCtrl.h"
 #include "PropUiRegistry.h"
 #include "PropVariantConversions.h"
 #include "PropWidgetsEntry.h"
+#include "QHostComboBrowseFilter.h"
 #include "QHostUiArrowHeadComboBox.h"
 #include "QHostUiColorComboBox.h"
 #include "QHostUiLineTypeComboBox.h"
@@ -24,6 +27,7 @@
 #include "hostColors.h"
 #include "hostDbPropBagCtx.h"
 #include <QAbstractItemModelTester>
+#include <QAbstractItemView>
 #include <QStandardItemModel>
 #include <QtTest>
 
@@ -68,7 +72,9 @@ enum Kind
   Lineweight,
   Linetype,
   Arrowhead,
-  Layer
+  Layer,
+  Plain,
+  TextCombo
 };
 
 /** A drawing with more than every drawing holds, and a bag over it. */
@@ -98,7 +104,12 @@ struct Fixture
   template <class Control>
   Control* bound(const PropVariant& value, int options = -1)
   {
-    const int item = bag.addItem(QStringLiteral("Attribute"), value);
+    return boundTo<Control>(bag.addItem(QStringLiteral("Attribute"), value), options);
+  }
+
+  template <class Control>
+  Control* boundTo(int item, int options = -1)
+  {
     auto* control = new Control;
     if (options >= 0)
       control->setOptions(options);
@@ -117,8 +128,19 @@ struct Fixture
     case Lineweight: return bound<PropUiQLineweightCtrl>(value, options);
     case Linetype: return bound<PropUiQLinetypeCtrl>(value, options);
     case Arrowhead: return bound<PropUiQArrowheadCtrl>(value, options);
-    default: return bound<PropUiQLayerCtrl>(value, options);
+    case Layer: return bound<PropUiQLayerCtrl>(value, options);
+    default: break;
     }
+    // The plain and text combos list the item's own values: Solid, Dashed and Dotted; the text combo takes typing.
+    const int item = bag.addItem(QStringLiteral("Style"), value);
+    RecordingBag::Item& it = bag.item(item);
+    it.listNames = QStringList{QStringLiteral("Solid"), QStringLiteral("Dashed"), QStringLiteral("Dotted")};
+    for (int i = 0; i < it.listNames.size(); ++i)
+      it.listValues.insert(static_cast<unsigned long>(i), textValue(it.listNames[i]));
+    if (kind == Plain)
+      return boundTo<PropUiQComboBox>(item, options);
+    it.flags = PropItemFlag::kEditableList;
+    return boundTo<PropUiQTextComboCtrl>(item, options);
   }
 
   /** A value the kind lists, so that the control shows it as an entry. */
@@ -130,7 +152,8 @@ struct Fixture
     case Lineweight: return propVariantFromLineweight(OdDb::kLnWt050);
     case Linetype: return propVariantFromObjectId(dashed);
     case Arrowhead: return propVariantFromObjectId(db.getBlockId(OdString(L"_Dot")));
-    default: return propVariantFromObjectId(walls);
+    case Layer: return propVariantFromObjectId(walls);
+    default: return textValue(QStringLiteral("Solid"));
     }
   }
 
@@ -140,11 +163,22 @@ struct Fixture
   RecordingBag bag;
 };
 
-const char* const kKindNames[] = {"colour", "lineweight", "linetype", "arrowhead", "layer"};
+const char* const kKindNames[] = {"colour", "lineweight", "linetype", "arrowhead", "layer", "plain combo", "text combo"};
+
+/** How a browse of a closed combo ends. */
+enum class BrowseEnd
+{
+  Enter,
+  Leaving,
+  Pause,
+  Escape,
+  ListPick
+};
 
 } // namespace
 
 Q_DECLARE_METATYPE(Kind)
+Q_DECLARE_METATYPE(BrowseEnd)
 
 /** A "kind" column with one row for each of the kinds, named after it. */
 static void addKindRows(std::initializer_list<Kind> kinds)
@@ -272,6 +306,101 @@ private slots:
     QTRY_COMPARE(f.bag.written.size(), 1);
     QCOMPARE(f.bag.written[0].getUInt64(), f.dots.getHandle());
     QCOMPARE(combo->currentText(), QStringLiteral("Dots"));
+  }
+
+  void oneBrowseOfEveryComboKindGivesOneWrite_data()
+  {
+    QTest::addColumn<Kind>("kind");
+    QTest::addColumn<QVector<int> >("keys");
+    QTest::addColumn<BrowseEnd>("end");
+    QTest::addColumn<bool>("written"); // else the entry the browse began from shows again
+    QTest::addColumn<int>("choosersOpened");
+    // One entry on from where each kind starts; the linetype passes "Other..." on the way.
+    const QVector<int> onwards{Qt::Key_Down, Qt::Key_Down, Qt::Key_Up};
+    const std::pair<BrowseEnd, const char*> ends[] = {
+      {BrowseEnd::Enter, "Enter"}, {BrowseEnd::Leaving, "leaving"}, {BrowseEnd::Pause, "a pause"}};
+    for (Kind kind : {Colour, Lineweight, Linetype, Arrowhead, Layer, Plain, TextCombo})
+    {
+      for (const auto& [end, how] : ends)
+        QTest::addRow("%s: on, then %s", kKindNames[kind], how) << kind << onwards << end << true << 0;
+      QTest::addRow("%s: on, then Escape", kKindNames[kind]) << kind << onwards << BrowseEnd::Escape << false << 0;
+      QTest::addRow("%s: on, then a pick from the list", kKindNames[kind])
+        << kind << onwards << BrowseEnd::ListPick << true << 0;
+      QTest::addRow("%s: back where it began", kKindNames[kind])
+        << kind << QVector<int>{Qt::Key_Down, Qt::Key_Up} << BrowseEnd::Pause << false << 0;
+    }
+    QTest::newRow("plain combo: a letter") << Plain << QVector<int>{Qt::Key_D} << BrowseEnd::Pause << true << 0;
+    // The chooser entries are last: only Enter on one opens its chooser, which the catcher cancels.
+    for (Kind kind : {Colour, Linetype, Arrowhead})
+      for (const auto& [end, how] : ends)
+        QTest::addRow("%s: onto the chooser, then %s", kKindNames[kind], how)
+          << kind << QVector<int>{Qt::Key_Down, Qt::Key_End} << end << false << (end == BrowseEnd::Enter ? 1 : 0);
+  }
+
+  void oneBrowseOfEveryComboKindGivesOneWrite()
+  {
+    QFETCH(Kind, kind);
+    QFETCH(QVector<int>, keys);
+    QFETCH(BrowseEnd, end);
+    QFETCH(bool, written);
+    QFETCH(int, choosersOpened);
+    ChooserCatcher choosers;
+    Fixture f;
+    // GIVEN a focused combo of the kind, showing a value it lists
+    const PropVariant start = kind == Layer ? propVariantFromObjectId(f.db.getLayerZeroId()) : f.listedValue(kind);
+    PropUiQComboBox* control = f.bound(kind, start);
+    ControlWindow window(control);
+    QComboBox* combo = control->comboBox();
+    const int from = combo->currentIndex();
+    QVERIFY(window.showActive());
+    combo->setFocus(Qt::TabFocusReason);
+    QTRY_VERIFY(combo->hasFocus());
+
+    // WHEN keys browse it closed, THEN each entry shows at once and nothing is written yet
+    for (int key : keys)
+      QTest::keyClick(combo, Qt::Key(key));
+    const int reached = combo->currentIndex();
+    QCOMPARE(f.bag.count(QStringLiteral("setValue")), 0);
+    auto* pause = combo->findChild<QTimer*>(QStringLiteral("browsePause"));
+    QVERIFY(pause && pause->isActive());
+    QCOMPARE(pause->interval(), host_qt_ui_core::QHostComboBrowseFilter::kPauseMs);
+
+    // WHEN the browse ends
+    switch (end)
+    {
+    case BrowseEnd::Enter: QTest::keyClick(combo, Qt::Key_Return); break;
+    case BrowseEnd::Escape: QTest::keyClick(combo, Qt::Key_Escape); break;
+    case BrowseEnd::Leaving: window.other->setFocus(Qt::TabFocusReason); break;
+    case BrowseEnd::ListPick:
+      combo->showPopup();
+      QTRY_VERIFY(combo->view()->isVisible());
+      QTest::keyClick(combo->view(), Qt::Key_Return);
+      break;
+    case BrowseEnd::Pause:
+    {
+      // The pause, without waiting for it.
+      QTimerEvent elapsed(pause->timerId());
+      QCoreApplication::sendEvent(pause, &elapsed);
+      break;
+    }
+    }
+
+    // THEN the entry reached is written once, or nothing is and the entry the browse began from shows
+    QTRY_COMPARE(choosers.colorAsked + choosers.objectAsked, choosersOpened);
+    QCoreApplication::processEvents();
+    QCOMPARE(choosers.colorAsked + choosers.objectAsked, choosersOpened);
+    QCOMPARE(f.bag.count(QStringLiteral("setValue")), written ? 1 : 0);
+    QCOMPARE(combo->currentIndex(), written ? reached : from);
+    QVERIFY(!pause->isActive());
+    if (!written)
+      return;
+    // What was written is what a pick of that entry from the list writes.
+    const PropVariant browsed = f.bag.written.last();
+    QScopedPointer<PropUiQComboBox> picked(f.bound(kind, start));
+    picked->comboBox()->setCurrentIndex(reached);
+    picked->onActivated(reached);
+    QCOMPARE(f.bag.written.size(), 2);
+    QVERIFY(f.bag.written.last() == browsed);
   }
 
   void aPickerDeletedWhileItsChooserIsOpenGoesQuietly_data()

@@ -323,7 +323,7 @@ private:
     }
   }
 
-  /** Choosing an entry with the keyboard activates it as a click in the popup does. */
+  /** Keys browse a closed combo; the entry reached is taken when the browse ends (Enter, leaving, a pause). */
   void comboKey()
   {
     static const std::vector<Qt::Key> keys = {Qt::Key_Up, Qt::Key_Down, Qt::Key_Home, Qt::Key_End};
@@ -334,13 +334,18 @@ private:
     }
   }
 
-  /** End over a closed combo activates its last entry: in a picker, the one that opens its chooser. */
+  /** End and Enter over a closed combo take its last entry: in a picker, the one that opens its chooser. */
   void lastEntry()
   {
     if (auto* combo = anyPart<QComboBox>())
     {
       note(QStringLiteral("  last of %1 entries of %2").arg(combo->count()).arg(describe(combo)));
-      userEvent([&] { QTest::keyClick(combo, Qt::Key_End); });
+      QPointer<QComboBox> target(combo);
+      userEvent([&] {
+        QTest::keyClick(target, Qt::Key_End);
+        if (target)
+          QTest::keyClick(target, Qt::Key_Return);
+      });
     }
   }
 

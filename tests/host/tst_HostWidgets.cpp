@@ -9,6 +9,8 @@
 #include "QHostMessageBoxOd.h"
 #include "QHostSpinBox.h"
 #include "QHostTextEdit.h"
+#include "QHostUiChoosers.h"
+#include <QAccessible>
 #include <QApplication>
 #include <QClipboard>
 #include <QCompleter>
@@ -400,6 +402,52 @@ private slots:
     delete fields.second;
     QTRY_VERIFY(!second);
     QVERIFY(!host_qt_ui::QHostMessageBalloon::showAt(nullptr, QStringLiteral("nowhere"), true));
+  }
+
+  void thePaletteWorksFromTheKeyboard_data()
+  {
+    QTest::addColumn<QVector<int> >("keys");
+    QTest::addColumn<int>("picked"); // the colour's number; 0 when nothing is
+    QTest::newRow("arrows, then Enter") << QVector<int>{Qt::Key_Right, Qt::Key_Down, Qt::Key_Return} << 1 + 1 + 24;
+    QTest::newRow("End and back, then Space") << QVector<int>{Qt::Key_End, Qt::Key_Left, Qt::Key_Space} << 254;
+    QTest::newRow("against the edges, then Enter")
+      << QVector<int>{Qt::Key_Home, Qt::Key_Up, Qt::Key_Left, Qt::Key_Enter} << 1;
+    QTest::newRow("Escape") << QVector<int>{Qt::Key_Right, Qt::Key_Escape} << 0;
+  }
+
+  // The real, modal chooser, answered by keys from inside its own event loop.
+  void thePaletteWorksFromTheKeyboard()
+  {
+    QFETCH(QVector<int>, keys);
+    QFETCH(int, picked);
+    OdCmColor colour;
+    colour.setColorIndex(1);
+    QString focusedAtOpen, currentCell;
+    QTimer user;
+    user.setInterval(10);
+    QObject::connect(&user, &QTimer::timeout, [&]() {
+      const QPointer<QWidget> dialog = QApplication::activeModalWidget();
+      QWidget* focus = QApplication::focusWidget();
+      if (!dialog || !focus || focus->window() != dialog)
+        return;
+      user.stop();
+      focusedAtOpen = focus->objectName();
+      QAccessibleInterface* cell = QAccessible::queryAccessibleInterface(focus)->focusChild();
+      currentCell = cell ? cell->text(QAccessible::Name) : QString();
+      for (int key : keys)
+        QTest::keyClick(focus, Qt::Key(key));
+      if (dialog && dialog->isVisible())
+        dialog->close();
+    });
+    // GIVEN the colour chooser opened on colour 1, WHEN keys alone move over the palette and pick or cancel
+    user.start();
+    const bool chosen = host_qt_ui::QHostUiChoosers::chooseColor(nullptr, colour);
+    user.stop();
+    // THEN the palette had the focus, on the colour there was, and what the keys reached is picked, or nothing is
+    QCOMPARE(focusedAtOpen, QStringLiteral("palette"));
+    QCOMPARE(currentCell, QStringLiteral("Colour 1 (Red)"));
+    QCOMPARE(chosen, picked > 0);
+    QCOMPARE(int(colour.colorIndex()), picked > 0 ? picked : 1);
   }
 
   void aHostCanStillAskForAModalBox()
