@@ -11,6 +11,7 @@
 #include "OdDbObjectId.h"
 #include <QIcon>
 #include <QString>
+#include <QVariant>
 
 class OdDbLayerTableRecord;
 class OdGUID;
@@ -20,6 +21,9 @@ class PropVariant;
 /** What an entry or a cell shows for a value: its text and its picture (null for none). */
 struct PropUiDrawingLook
 {
+  /** The picture as a formatter hands it out: invalid for none. */
+  QVariant icon() const { return picture.isNull() ? QVariant() : QVariant(picture); }
+
   QString text;
   QIcon picture;
 };
