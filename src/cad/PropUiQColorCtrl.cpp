@@ -2,6 +2,7 @@
 
 #include "PropBag.h"
 #include "PropUiActionToolButtonsCtrl.h"
+#include "PropUiCadPicker.h"
 #include "PropUiCadSupport.h"
 #include "PropUiDrawingLook.h"
 #include "PropVariantConversions.h"
@@ -59,6 +60,12 @@ void PropUiQColorCtrl::updateUi()
   const bool editable = m_bag->isEditable(m_index, m_element);
   if (m_combo)
     m_combo->setEnabled(editable);
+}
+
+void PropUiQColorCtrl::updateData()
+{
+  PropUiQControl::updateData();
+  propui::showValue(this, m_combo, m_lastIndex, [this](const PropVariant& value) { return addTempItem(value); });
 }
 
 int PropUiQColorCtrl::addTempItem(const PropVariant& value)

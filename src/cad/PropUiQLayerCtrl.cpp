@@ -5,6 +5,7 @@
 #include "OdStringQt.h"
 #include "PropBag.h"
 #include "PropUiActionToolButtonsCtrl.h"
+#include "PropUiCadPicker.h"
 #include "PropUiCadSupport.h"
 #include "PropUiDrawingLook.h"
 #include "PropVariantConversions.h"
@@ -59,6 +60,16 @@ void PropUiQLayerCtrl::addItems()
     if (model && context->isDisabledValue(m_index, propVariantFromObjectId(id)))
       model->item(m_combo->count() - 1)->setEnabled(false);
   }
+}
+
+void PropUiQLayerCtrl::updateData()
+{
+  PropUiQControl::updateData();
+  propui::showValue(this, m_combo, m_lastIndex, [this](const PropVariant& value) {
+    OdDbObjectId id;
+    const int listed = propVariantToObjectId(value, id) && !id.isNull() ? m_combo->findKeyFast(id.getHandle()) : -1;
+    return listed >= 0 ? listed : propui::extraEntry(this, m_combo, value);
+  });
 }
 
 int PropUiQLayerCtrl::addTempItem(const PropVariant& value)

@@ -33,6 +33,17 @@ void PropUiQLinetypeCtrl::updateUi()
     m_combo->setEnabled(editable);
 }
 
+void PropUiQLinetypeCtrl::updateData()
+{
+  PropUiQControl::updateData();
+  auto* combo = qobject_cast<host_qt_ui::QHostUiLineTypeComboBox*>(m_combo.data());
+  propui::showValue(this, m_combo, m_lastIndex, [this, combo](const PropVariant& value) {
+    const int listed = addTempItem(value);
+    // "Other..." stays last, where the picker looks for it.
+    return listed >= 0 || !combo ? listed : propui::extraEntry(this, combo, value, combo->chooserIndex());
+  });
+}
+
 int PropUiQLinetypeCtrl::addTempItem(const PropVariant& value)
 {
   auto* combo = qobject_cast<host_qt_ui::QHostUiLineTypeComboBox*>(m_combo.data());

@@ -3,6 +3,7 @@
 #include "PropBag.h"
 #include "PropUiCadPicker.h"
 #include "PropUiDrawingLook.h"
+#include "PropVariantConversions.h"
 #include "QHostUiLineWeightComboBox.h"
 
 PropUiQLineweightCtrl::PropUiQLineweightCtrl(QWidget* parent) : PropUiQComboBox(parent)
@@ -32,6 +33,17 @@ void PropUiQLineweightCtrl::updateUi()
   const bool editable = m_bag->isEditable(m_index, m_element);
   if (m_combo)
     m_combo->setEnabled(editable);
+}
+
+void PropUiQLineweightCtrl::updateData()
+{
+  PropUiQControl::updateData();
+  auto* combo = qobject_cast<host_qt_ui::QHostUiLineWeightComboBox*>(m_combo.data());
+  propui::showValue(this, m_combo, m_lastIndex, [this, combo](const PropVariant& value) {
+    OdDb::LineWeight weight;
+    const int listed = combo && propVariantToLineweight(value, weight) ? combo->setSelectedWeight(weight) : -1;
+    return listed >= 0 ? listed : propui::extraEntry(this, combo, value);
+  });
 }
 
 void PropUiQLineweightCtrl::onActivated(int index)
