@@ -124,7 +124,8 @@ OdDb::LineWeight byLayerLineweight(PropBag* bag, int item)
   OdDb::LineWeight weight = OdDb::kLnWtByLayer;
   if (resolved(bag, item, propVariantFromLineweight(weight), out))
     propVariantToLineweight(out, weight);
-  return weight;
+  // A layer of the default width is drawn with what Default stands for.
+  return weight == OdDb::kLnWtByLwDefault ? defaultLineweight(bag, item) : weight;
 }
 
 OdDb::LineWeight defaultLineweight(PropBag* bag, int item)
@@ -133,10 +134,13 @@ OdDb::LineWeight defaultLineweight(PropBag* bag, int item)
   OdDbDatabase* database = context ? context->database() : nullptr;
   OdDb::LineWeight weight = database ? database->getLWDEFAULT() : OdDb::kLnWt025;
   PropVariant out;
-  // Default is the drawing's own setting: the host's word on showing it is not asked.
+  OdDb::LineWeight translated = OdDb::kLnWtByLwDefault;
+  // Default is the drawing's own setting: the host's word on showing it is not asked. A context
+  // that hands Default back as it came (as the base one does) leaves it to the drawing.
   bool unused = false;
-  if (context && context->translate(item, propVariantFromLineweight(OdDb::kLnWtByLwDefault), out, &unused))
-    propVariantToLineweight(out, weight);
+  if (context && context->translate(item, propVariantFromLineweight(OdDb::kLnWtByLwDefault), out, &unused) &&
+      propVariantToLineweight(out, translated) && translated >= 0)
+    weight = translated;
   return weight;
 }
 

@@ -36,7 +36,7 @@ bool isDrawingAttribute(const OdGUID& guid);
 
 /** The colour ByLayer is drawn with on the item: the layer's, when the bag's context resolves it, else none. */
 OdCmColor byLayerColor(PropBag* bag, int item);
-/** The width ByLayer is drawn with: the layer's, when the context resolves it, else none. */
+/** The width ByLayer is drawn with: the layer's (Default as it stands), when the context resolves it, else none. */
 OdDb::LineWeight byLayerLineweight(PropBag* bag, int item);
 /** The width Default is drawn with: the context's answer, else the drawing's default, else 0.25 mm. */
 OdDb::LineWeight defaultLineweight(PropBag* bag, int item);
