@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QPainter>
 #include <algorithm>
+#include <cmath>
 
 PropUiQControlDelegate::PropUiQControlDelegate(QObject* parent) : QStyledItemDelegate(parent) {}
 
@@ -43,7 +44,10 @@ void PropUiQControlDelegate::paint(QPainter* painter, const QStyleOptionViewItem
   const QRect place = style->subElementRect(QStyle::SE_ItemViewItemDecoration, &cell, widget);
   cell.icon = QIcon();
   style->drawControl(QStyle::CE_ItemViewItem, &cell, painter, widget);
-  const qreal ratio = painter->device() ? painter->device()->devicePixelRatioF() : 1.0;
+  // The device's ratio is part of the painter's transform, also when a widget is rendered
+  // into an image of a ratio of its own: the device the painter names is then the widget.
+  const QTransform toDevice = painter->deviceTransform();
+  const qreal ratio = std::max(1.0, std::hypot(toDevice.m11(), toDevice.m12()));
   QIcon::Mode mode = QIcon::Normal;
   if (!(cell.state & QStyle::State_Enabled))
     mode = QIcon::Disabled;
