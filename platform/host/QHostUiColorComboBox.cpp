@@ -110,25 +110,30 @@ void QHostUiColorComboBox::rebuild()
   clear();
   m_byLayerPicture = 0;
   if (m_options & ColorByLayer)
-    addItem(hostQtGetColorIcon(m_byLayerResolved ? m_byLayerShows : OdCmColor(), kSwatch, kSwatch),
+    addItem(colorPicture(m_byLayerResolved ? m_byLayerShows : OdCmColor()),
             hostQtColorName(OdCmColor(OdCmEntityColor::kByLayer)), keyOf(OdCmColor(OdCmEntityColor::kByLayer)));
   if (m_options & ColorByBlock)
   {
     const OdCmColor byBlock(OdCmEntityColor::kByBlock);
-    addItem(hostQtGetColorIcon(byBlock, kSwatch, kSwatch), hostQtColorName(byBlock), keyOf(byBlock));
+    addItem(colorPicture(byBlock), hostQtColorName(byBlock), keyOf(byBlock));
   }
   for (OdInt16 index = OdCmEntityColor::kACIRed; index <= OdCmEntityColor::kACIforeground; ++index)
   {
     OdCmColor standard;
     standard.setColorIndex(index);
-    addItem(hostQtGetColorIcon(standard, kSwatch, kSwatch), hostQtColorName(standard), keyOf(standard));
+    addItem(colorPicture(standard), hostQtColorName(standard), keyOf(standard));
   }
   for (const OdCmColor& color : m_added)
     if (findColor(color) < 0)
-      addItem(hostQtGetColorIcon(color, kSwatch, kSwatch), hostQtColorName(color), keyOf(color));
+      addItem(colorPicture(color), hostQtColorName(color), keyOf(color));
   addItem(QCoreApplication::translate("host_qt_ui", "Select Colour..."), chooserKey());
   setCurrentIndex(findColor(current));
   m_previous = currentIndex() != chooserIndex() ? currentIndex() : -1;
+}
+
+QIcon QHostUiColorComboBox::colorPicture(const OdCmColor& color)
+{
+  return hostQtGetColorIcon(color, kSwatch, kSwatch);
 }
 
 int QHostUiColorComboBox::findColor(const OdCmColor& color) const
@@ -139,7 +144,7 @@ int QHostUiColorComboBox::findColor(const OdCmColor& color) const
 int QHostUiColorComboBox::insertColor(const OdCmColor& color)
 {
   const int at = chooserIndex();
-  insertItem(at, hostQtGetColorIcon(color, kSwatch, kSwatch), hostQtColorName(color), keyOf(color));
+  insertItem(at, colorPicture(color), hostQtColorName(color), keyOf(color));
   return at;
 }
 
@@ -154,7 +159,7 @@ int QHostUiColorComboBox::addColor(const OdCmColor& color)
     m_added.back() = color;
     if (slot >= 0)
     {
-      setItemIcon(slot, hostQtGetColorIcon(color, kSwatch, kSwatch));
+      setItemIcon(slot, colorPicture(color));
       setItemText(slot, hostQtColorName(color));
       setItemData(slot, keyOf(color), Qt::UserRole);
       return slot;
@@ -200,7 +205,7 @@ void QHostUiColorComboBox::setColorByLayer(const OdCmColor& layerColor, bool res
   const QRgb ink = hostQtPictureInk().rgba();
   if (sameColour && ink == m_byLayerInk && itemIcon(byLayer).cacheKey() == m_byLayerPicture)
     return;
-  const QIcon picture = hostQtGetColorIcon(resolved ? layerColor : OdCmColor(), kSwatch, kSwatch);
+  const QIcon picture = colorPicture(resolved ? layerColor : OdCmColor());
   if (itemIcon(byLayer).cacheKey() != picture.cacheKey())
     setItemIcon(byLayer, picture);
   m_byLayerInk = ink;

@@ -62,6 +62,9 @@ public:
   /** The ByLayer entry shows the layer's colour; with resolved false it shows no colour. */
   void setColorByLayer(const OdCmColor& layerColor, bool resolved);
 
+  /** What an entry shows for the colour: its swatch, as every cell that shows a colour draws it too. */
+  static QIcon colorPicture(const OdCmColor& color);
+
   /** The index of "Select Colour...". */
   int chooserIndex() const { return count() - 1; }
 

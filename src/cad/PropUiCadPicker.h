@@ -1,8 +1,10 @@
 #pragma once
 
 // The set-up and the commit that the lineweight, linetype and arrowhead
-// controls share; the colour control differs in both and has its own.
+// controls share; the colour control differs in both and has its own. How
+// the drawing-attribute pickers show their item's value.
 
+#include "OdStringQt.h"
 #include "PropUiActionToolButtonsCtrl.h"
 #include "PropUiCadSupport.h"
 #include "PropUiQComboBox.h"
@@ -69,6 +71,56 @@ inline bool commitPick(PropUiQComboBox* control, const PropVariant& value,
   control->removeTempItem(last);
   last = combo->currentIndex();
   return true;
+}
+
+/**
+ * An entry without a key that shows the bag's text for a value the picker
+ * does not list, inserted at `at` (-1: last); an entry with that text already
+ * is reused. -1 when the bag has no text for the value.
+ */
+inline int extraEntry(PropUiQComboBox* control, host_qt_ui_core::QHostComboBox* combo, const PropVariant& value,
+                      int at = -1)
+{
+  OdString text;
+  PropBag* bag = control->propBag();
+  if (!bag || !combo || !bag->formatValue(control->itemIndex(), control->element(), value, text))
+    return -1;
+  const QString shown = toQString(text);
+  const int known = combo->findTextFast(shown);
+  if (known >= 0)
+    return known;
+  if (at < 0 || at > combo->count())
+    at = combo->count();
+  combo->insertItem(at, shown);
+  return at;
+}
+
+/**
+ * Shows the item's value by what it is rather than by the bag's text, which a
+ * bag need not give: the entry `entryOf` finds (or makes) for the value, or
+ * nothing current; the varies look for a varying value. `last` follows what
+ * is shown, and an extra entry no longer shown goes.
+ */
+template <class EntryOf>
+void showValue(PropUiQComboBox* control, host_qt_ui_core::QHostComboBox* combo, int& last, EntryOf entryOf)
+{
+  PropBag* bag = control->propBag();
+  PropVariant value;
+  if (!bag || !combo || !bag->getValue(control->itemIndex(), value))
+    return;
+  if (value.isVaries())
+  {
+    control->setVaries(true);
+  }
+  else
+  {
+    if (control->isVaries())
+      control->setVaries(false);
+    combo->setCurrentIndex(entryOf(value));
+  }
+  if (last != combo->currentIndex())
+    control->removeTempItem(last);
+  last = combo->currentIndex();
 }
 
 } // namespace propui

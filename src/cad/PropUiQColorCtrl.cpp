@@ -2,7 +2,9 @@
 
 #include "PropBag.h"
 #include "PropUiActionToolButtonsCtrl.h"
+#include "PropUiCadPicker.h"
 #include "PropUiCadSupport.h"
+#include "PropUiDrawingLook.h"
 #include "PropVariantConversions.h"
 #include "QHostUiColorComboBox.h"
 #include "hostColors.h"
@@ -52,20 +54,18 @@ void PropUiQColorCtrl::updateUi()
   PropUiQControl::updateUi();
   if (!m_bag)
     return;
-  hostDbPropBagCtx* context = propui::databaseContextOf(m_bag);
   auto* combo = qobject_cast<host_qt_ui::QHostUiColorComboBox*>(m_combo.data());
-  if (context && combo && (getOptions() & PropUiOption::kResolveByLayer))
-  {
-    const PropVariant byLayer = propVariantFromColor(OdCmColor(OdCmEntityColor::kByLayer));
-    PropVariant resolved;
-    bool flag = false;
-    OdCmColor color;
-    if (context->translate(m_index, byLayer, resolved, &flag) && propVariantToColor(resolved, color))
-      combo->setColorByLayer(color, flag);
-  }
+  if (combo && (getOptions() & PropUiOption::kResolveByLayer))
+    combo->setColorByLayer(propui::byLayerColor(m_bag, m_index), true);
   const bool editable = m_bag->isEditable(m_index, m_element);
   if (m_combo)
     m_combo->setEnabled(editable);
+}
+
+void PropUiQColorCtrl::updateData()
+{
+  PropUiQControl::updateData();
+  propui::showValue(this, m_combo, m_lastIndex, [this](const PropVariant& value) { return addTempItem(value); });
 }
 
 int PropUiQColorCtrl::addTempItem(const PropVariant& value)

@@ -16,6 +16,8 @@ public:
 
   bool setupUi() override;
   void updateUi() override;
+  /** Shows the value by its colour, whatever the bag's text for it. */
+  void updateData() override;
   /** Selects the value's colour in the picker, which lists it when it must; -1 for a varying value. */
   int addTempItem(const PropVariant& value) override;
 

@@ -16,6 +16,8 @@ public:
   explicit PropUiQLayerCtrl(QWidget* parent = nullptr);
 
   bool setupUi() override;
+  /** Shows the value by its layer, whatever the bag's text for it; one the drawing lacks, by the bag's text. */
+  void updateData() override;
   /** One entry per layer of the drawing, keyed by the layer's handle. */
   void addItems() override;
   /** Selects the value's layer when it is listed; otherwise an entry with the bag's text. */

@@ -1,8 +1,8 @@
 #include "PropUiQLinetypeCtrl.h"
 
-#include "OdDbDatabase.h"
 #include "PropBag.h"
 #include "PropUiCadPicker.h"
+#include "PropUiDrawingLook.h"
 #include "PropVariantConversions.h"
 #include "QHostUiLineTypeComboBox.h"
 
@@ -25,21 +25,23 @@ void PropUiQLinetypeCtrl::updateUi()
   PropUiQControl::updateUi();
   if (!m_bag)
     return;
-  hostDbPropBagCtx* context = propui::databaseContextOf(m_bag);
-  OdDbDatabase* database = context ? context->database() : nullptr;
   auto* combo = qobject_cast<host_qt_ui::QHostUiLineTypeComboBox*>(m_combo.data());
-  if (database && combo && (getOptions() & PropUiOption::kResolveByLayer))
-  {
-    PropVariant resolved;
-    bool flag = false;
-    OdDbObjectId id;
-    if (context->translate(m_index, propVariantFromObjectId(database->getLinetypeByLayerId()), resolved, &flag) &&
-        propVariantToObjectId(resolved, id))
-      combo->setLinetypeByLayer(id, flag);
-  }
+  if (combo && (getOptions() & PropUiOption::kResolveByLayer))
+    combo->setLinetypeByLayer(propui::byLayerLinetype(m_bag, m_index), true);
   const bool editable = m_bag->isEditable(m_index, m_element);
   if (m_combo)
     m_combo->setEnabled(editable);
+}
+
+void PropUiQLinetypeCtrl::updateData()
+{
+  PropUiQControl::updateData();
+  auto* combo = qobject_cast<host_qt_ui::QHostUiLineTypeComboBox*>(m_combo.data());
+  propui::showValue(this, m_combo, m_lastIndex, [this, combo](const PropVariant& value) {
+    const int listed = addTempItem(value);
+    // "Other..." stays last, where the picker looks for it.
+    return listed >= 0 || !combo ? listed : propui::extraEntry(this, combo, value, combo->chooserIndex());
+  });
 }
 
 int PropUiQLinetypeCtrl::addTempItem(const PropVariant& value)

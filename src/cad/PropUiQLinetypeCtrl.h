@@ -12,6 +12,8 @@ public:
 
   bool setupUi() override;
   void updateUi() override;
+  /** Shows the value by its linetype, whatever the bag's text for it; one the drawing lacks, by the bag's text. */
+  void updateData() override;
   /** Selects the value's linetype in the picker; -1 for a varying value or one that names no linetype. */
   int addTempItem(const PropVariant& value) override;
 

@@ -1,11 +1,10 @@
 #include "PropUiQLineweightCtrl.h"
 
 #include "PropBag.h"
-#include "PropUiCadSupport.h"
 #include "PropUiCadPicker.h"
+#include "PropUiDrawingLook.h"
 #include "PropVariantConversions.h"
 #include "QHostUiLineWeightComboBox.h"
-#include "hostDbPropBagCtx.h"
 
 PropUiQLineweightCtrl::PropUiQLineweightCtrl(QWidget* parent) : PropUiQComboBox(parent)
 {
@@ -26,25 +25,25 @@ void PropUiQLineweightCtrl::updateUi()
   PropUiQControl::updateUi();
   if (!m_bag)
     return;
-  hostDbPropBagCtx* context = propui::databaseContextOf(m_bag);
   auto* combo = qobject_cast<host_qt_ui::QHostUiLineWeightComboBox*>(m_combo.data());
-  if (context && combo)
-  {
-    PropVariant resolved;
-    bool flag = false;
-    OdDb::LineWeight weight = OdDb::kLnWtByLayer;
-    if ((getOptions() & PropUiOption::kResolveByDefault) &&
-        context->translate(m_index, propVariantFromLineweight(OdDb::kLnWtByLwDefault), resolved, &flag) &&
-        propVariantToLineweight(resolved, weight))
-      combo->setLineweightByDefault(weight);
-    if ((getOptions() & PropUiOption::kResolveByLayer) &&
-        context->translate(m_index, propVariantFromLineweight(OdDb::kLnWtByLayer), resolved, &flag) &&
-        propVariantToLineweight(resolved, weight))
-      combo->setLineweightByLayer(weight, flag);
-  }
+  if (combo && (getOptions() & PropUiOption::kResolveByDefault))
+    combo->setLineweightByDefault(propui::defaultLineweight(m_bag, m_index));
+  if (combo && (getOptions() & PropUiOption::kResolveByLayer))
+    combo->setLineweightByLayer(propui::byLayerLineweight(m_bag, m_index), true);
   const bool editable = m_bag->isEditable(m_index, m_element);
   if (m_combo)
     m_combo->setEnabled(editable);
+}
+
+void PropUiQLineweightCtrl::updateData()
+{
+  PropUiQControl::updateData();
+  auto* combo = qobject_cast<host_qt_ui::QHostUiLineWeightComboBox*>(m_combo.data());
+  propui::showValue(this, m_combo, m_lastIndex, [this, combo](const PropVariant& value) {
+    OdDb::LineWeight weight;
+    const int listed = combo && propVariantToLineweight(value, weight) ? combo->setSelectedWeight(weight) : -1;
+    return listed >= 0 ? listed : propui::extraEntry(this, combo, value);
+  });
 }
 
 void PropUiQLineweightCtrl::onActivated(int index)

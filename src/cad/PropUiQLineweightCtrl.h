@@ -12,6 +12,8 @@ public:
 
   bool setupUi() override;
   void updateUi() override;
+  /** Shows the value by its width, whatever the bag's text for it; a value that is no width, by the bag's text. */
+  void updateData() override;
 
 public Q_SLOTS:
   void onActivated(int index) override;

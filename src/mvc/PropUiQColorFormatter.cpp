@@ -1,16 +1,23 @@
 #include "PropUiQColorFormatter.h"
 
+#include "PropUiDrawingLook.h"
 #include "PropVariantConversions.h"
-#include "hostColors.h"
 
 PropUiQColorFormatter::PropUiQColorFormatter(QObject* parent) : PropUiQDefaultFormatter(parent) {}
 
-QVariant PropUiQColorFormatter::getIcon(int, const PropVariant& value)
+QString PropUiQColorFormatter::getText(int item, const PropVariant& value)
 {
-  OdCmColor color;
-  if (!propVariantToColor(value, color))
-    return QVariant();
-  return QVariant(hostQtGetColorIcon(color, 16, 16));
+  return propui::colorLook(m_bag, item, value).text;
+}
+
+QString PropUiQColorFormatter::getChoiceText(int item, const PropVariant& value, OdUInt64)
+{
+  return getText(item, value);
+}
+
+QVariant PropUiQColorFormatter::getIcon(int item, const PropVariant& value)
+{
+  return propui::colorLook(m_bag, item, value).icon();
 }
 
 QVariant PropUiQColorFormatter::getChoiceIcon(int item, const PropVariant& value, OdUInt64)

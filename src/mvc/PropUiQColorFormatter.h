@@ -2,7 +2,11 @@
 
 #include "PropUiQDefaultFormatter.h"
 
-/** The bag's texts; a colour's swatch as its icon, and none for a value that is no colour. */
+/**
+ * A colour's name and swatch as the colour control shows them, whatever the
+ * bag's own texts: ByLayer with the colour it stands for on the item, a value
+ * that is no colour as the default colour.
+ */
 class PROPWIDGETS_EXPORT PropUiQColorFormatter : public PropUiQDefaultFormatter
 {
   Q_OBJECT
@@ -10,6 +14,8 @@ class PROPWIDGETS_EXPORT PropUiQColorFormatter : public PropUiQDefaultFormatter
 public:
   explicit PropUiQColorFormatter(QObject* parent);
 
+  QString getText(int item, const PropVariant& value) override;
+  QString getChoiceText(int item, const PropVariant& value, OdUInt64 sub) override;
   QVariant getIcon(int item, const PropVariant& value) override;
   QVariant getChoiceIcon(int item, const PropVariant& value, OdUInt64 sub) override;
   /** Each key is taken as a colour's number. */

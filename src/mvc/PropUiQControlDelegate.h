@@ -15,6 +15,8 @@ class PROPWIDGETS_EXPORT PropUiQControlDelegate : public QStyledItemDelegate, pu
 public:
   explicit PropUiQControlDelegate(QObject* parent = nullptr);
 
+  /** Paints as Qt does, but the cell's picture at the pixel ratio of the device painted on. */
+  void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
   QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
   /** A control re-reads its item. */
   void setEditorData(QWidget* editor, const QModelIndex& index) const override;
@@ -35,6 +37,9 @@ public:
   static void placeEditor(QWidget* editor, const QStyleOptionViewItem& option);
 
 protected:
+  /** A picture keeps its own width, as in its picker; the view's icon size bounds its height. */
+  void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override;
+
   PropBag* m_bag = nullptr;
   PropUiQFormatter* m_formatter = nullptr;
 };

@@ -89,7 +89,7 @@ void PropUiQLayerDelegate::paint(QPainter* painter, const QStyleOptionViewItem& 
       }
     }
   }
-  QStyledItemDelegate::paint(painter, textOption, index);
+  PropUiQControlDelegate::paint(painter, textOption, index);
 }
 
 QSize PropUiQLayerDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const

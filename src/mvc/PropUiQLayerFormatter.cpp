@@ -1,26 +1,23 @@
 #include "PropUiQLayerFormatter.h"
 
-#include "hostColors.h"
-#include "hostDbPropBagCtx.h"
-#include "OdDbDatabase.h"
-#include "OdDbLayerTableRecord.h"
-#include "PropBag.h"
+#include "PropUiDrawingLook.h"
 #include "PropUiObjectIdIcons.h"
-#include "PropVariantConversions.h"
 
 PropUiQLayerFormatter::PropUiQLayerFormatter(QObject* parent) : PropUiQDefaultFormatter(parent) {}
 
-QVariant PropUiQLayerFormatter::getIcon(int, const PropVariant& value)
+QString PropUiQLayerFormatter::getText(int item, const PropVariant& value)
 {
-  OdDbObjectId id;
-  PropBagCtx* context = m_bag ? m_bag->getContext() : nullptr;
-  if (!context || !context->isKindOf(hostDbPropBagCtx::desc()) || !propVariantToObjectId(value, id))
-    return QVariant();
-  OdDbDatabase* database = static_cast<hostDbPropBagCtx*>(context)->database();
-  const OdDbLayerTableRecord* layer = database ? database->openLayer(id) : nullptr;
-  if (!layer)
-    return QVariant();
-  return QVariant(hostQtGetColorIcon(layer->color(database->activeViewportId()), 16, 16));
+  return propui::layerLook(m_bag, item, value).text;
+}
+
+QString PropUiQLayerFormatter::getChoiceText(int item, const PropVariant& value, OdUInt64)
+{
+  return getText(item, value);
+}
+
+QVariant PropUiQLayerFormatter::getIcon(int item, const PropVariant& value)
+{
+  return propui::layerLook(m_bag, item, value).icon();
 }
 
 QVariant PropUiQLayerFormatter::getChoiceIcon(int item, const PropVariant& value, OdUInt64)

@@ -2,8 +2,8 @@
 
 #include "hostDbPropBagCtx.h"
 #include "PropBag.h"
+#include "PropUiDrawingLook.h"
 #include "PropUiObjectIdIcons.h"
-#include "PropVariantConversions.h"
 
 PropUiQLineTypeFormatter::PropUiQLineTypeFormatter(QObject* parent)
   : PropUiQDefaultFormatter(parent), m_list(new host_qt_ui::QHostLineTypeListModel(this))
@@ -19,13 +19,19 @@ void PropUiQLineTypeFormatter::setPropBag(PropBag* bag)
                  static_cast<hostDbPropBagCtx*>(context)->database());
 }
 
-QVariant PropUiQLineTypeFormatter::getIcon(int, const PropVariant& value)
+QString PropUiQLineTypeFormatter::getText(int item, const PropVariant& value)
 {
-  OdDbObjectId id;
-  if (!m_list || !propVariantToObjectId(value, id))
-    return QVariant();
-  const int row = m_list->findRow(id);
-  return row < 0 ? QVariant() : m_list->data(m_list->index(row, 0), Qt::DecorationRole);
+  return propui::linetypeLook(m_bag, item, value).text;
+}
+
+QString PropUiQLineTypeFormatter::getChoiceText(int item, const PropVariant& value, OdUInt64)
+{
+  return getText(item, value);
+}
+
+QVariant PropUiQLineTypeFormatter::getIcon(int item, const PropVariant& value)
+{
+  return propui::linetypeLook(m_bag, item, value).icon();
 }
 
 QVariant PropUiQLineTypeFormatter::getChoiceIcon(int item, const PropVariant& value, OdUInt64)

@@ -5,9 +5,11 @@
 #include <QPointer>
 
 /**
- * The bag's texts; the line type's picture from the host's list of them as the
- * icon. The list is the bag's drawing's, filled when a bag with a drawing
- * context is set; without one there is no icon.
+ * A linetype's name and dash pattern as the linetype control shows them,
+ * ByLayer drawn with the linetype it stands for on the item. A linetype the
+ * drawing does not hold, or any without a drawing context, shows the bag's
+ * text and no icon. The list of the bag's drawing's linetypes, filled when a
+ * bag with a drawing context is set, is there for a host's own use.
  */
 class PROPWIDGETS_EXPORT PropUiQLineTypeFormatter : public PropUiQDefaultFormatter
 {
@@ -18,6 +20,8 @@ public:
   explicit PropUiQLineTypeFormatter(QObject* parent);
 
   void setPropBag(PropBag* bag) override;
+  QString getText(int item, const PropVariant& value) override;
+  QString getChoiceText(int item, const PropVariant& value, OdUInt64 sub) override;
   QVariant getIcon(int item, const PropVariant& value) override;
   QVariant getChoiceIcon(int item, const PropVariant& value, OdUInt64 sub) override;
   /** Each key is taken as a linetype's handle. */

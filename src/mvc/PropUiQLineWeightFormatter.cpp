@@ -1,6 +1,7 @@
 #include "PropUiQLineWeightFormatter.h"
 
 #include "PropBag.h"
+#include "PropUiDrawingLook.h"
 #include "PropVariantConversions.h"
 #include "hostDbPropBagCtx.h"
 
@@ -20,13 +21,19 @@ void PropUiQLineWeightFormatter::setPropBag(PropBag* bag)
   }
 }
 
-QVariant PropUiQLineWeightFormatter::getIcon(int, const PropVariant& value)
+QString PropUiQLineWeightFormatter::getText(int item, const PropVariant& value)
 {
-  OdDb::LineWeight weight;
-  if (!m_list || !propVariantToLineweight(value, weight))
-    return QVariant();
-  const int row = m_list->findRow(weight);
-  return row < 0 ? QVariant() : m_list->data(m_list->index(row, 0), Qt::DecorationRole);
+  return propui::lineweightLook(m_bag, item, value).text;
+}
+
+QString PropUiQLineWeightFormatter::getChoiceText(int item, const PropVariant& value, OdUInt64)
+{
+  return getText(item, value);
+}
+
+QVariant PropUiQLineWeightFormatter::getIcon(int item, const PropVariant& value)
+{
+  return propui::lineweightLook(m_bag, item, value).icon();
 }
 
 QVariant PropUiQLineWeightFormatter::getChoiceIcon(int item, const PropVariant& value, OdUInt64)

@@ -5,9 +5,10 @@
 #include <QPointer>
 
 /**
- * The bag's texts; the lineweight's picture from the host's list of them as the
- * icon. The list is the bag's drawing's, filled when a bag with a drawing
- * context is set; without one there is no icon.
+ * A lineweight's name and sample as the lineweight control shows them, ByLayer
+ * and Default drawn with the width they stand for on the item. A value that is
+ * no lineweight shows the bag's text and no icon. The list of lineweights,
+ * filled when a bag with a drawing context is set, is there for a host's own use.
  */
 class PROPWIDGETS_EXPORT PropUiQLineWeightFormatter : public PropUiQDefaultFormatter
 {
@@ -18,6 +19,8 @@ public:
   explicit PropUiQLineWeightFormatter(QObject* parent);
 
   void setPropBag(PropBag* bag) override;
+  QString getText(int item, const PropVariant& value) override;
+  QString getChoiceText(int item, const PropVariant& value, OdUInt64 sub) override;
   QVariant getIcon(int item, const PropVariant& value) override;
   QVariant getChoiceIcon(int item, const PropVariant& value, OdUInt64 sub) override;
   /** Each key is taken as a width. */

@@ -48,10 +48,10 @@ PropUiQFormatter* PropUiQStandardFormatter::formatterForItem(int item) const
 {
   if (!m_bag)
     return nullptr;
+  // A bag that gives its items no types still names their controls: a cell then shows what the
+  // item's control shows, and an item of any other kind gets the default formatter.
   PropItemType* type = m_bag->getItemType(item);
-  if (!type)
-    return nullptr;
-  const OdGUID guid = type->editorGuid();
+  const OdGUID guid = type ? type->editorGuid() : m_bag->getControlGuid(item);
   if (auto* known = m_resolved.find(guid))
     return known;
   PropUiQFormatter* formatter = formatterFor(guid.toString());

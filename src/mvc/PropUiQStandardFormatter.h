@@ -36,7 +36,7 @@ public:
   void registerFormatter(const OdGUID& typeGuid, PropUiQFormatter* formatter);
   /** The formatter for the key text of a GUID, else the null GUID's, else null. */
   PropUiQFormatter* formatterFor(const OdString& keyText) const;
-  /** The formatter for an item of the bound bag, by its type's GUID. */
+  /** The formatter for an item of the bound bag, by its type's GUID, or by its control's when it has no type. */
   PropUiQFormatter* formatterForItem(int item) const;
 
 private:

@@ -2,6 +2,7 @@
 
 #include "OdStringQt.h"
 #include "PropBag.h"
+#include "PropUiDrawingLook.h"
 #include "PropUiOptions.h"
 #include "PropUiQFormatter.h"
 #include "PropUiTexts.h"
@@ -59,6 +60,7 @@ struct PropertyBagModel::Private
   void followElementCount(int item);
 
   OdUInt64 chosenEntry(int item) const;
+  QString variesText(int item) const;
   QVariant itemRowData(int item, int column, int role, const QModelIndex& index) const;
   QVariant elementRowData(int item, int element, int column, int role) const;
 };
@@ -236,6 +238,15 @@ OdUInt64 PropertyBagModel::Private::chosenEntry(int item) const
   return 0;
 }
 
+QString PropertyBagModel::Private::variesText(int item) const
+{
+  // A drawing attribute's cell reads as its picker does, beside it in a panel; the grid's
+  // other values keep its own word for a varying value.
+  if (propui::isDrawingAttribute(bag->getControlGuid(item)))
+    return PropUiTexts::varies();
+  return PropertyBagModel::tr("*VARIES*");
+}
+
 QVariant PropertyBagModel::Private::itemRowData(int item, int column, int role, const QModelIndex& index) const
 {
   switch (role)
@@ -263,7 +274,7 @@ QVariant PropertyBagModel::Private::itemRowData(int item, int column, int role, 
   if (!bag->getValue(item, value))
     return QVariant();
   if (value.isVaries())
-    return role == Qt::DisplayRole ? QVariant(PropertyBagModel::tr("*VARIES*")) : QVariant(QIcon());
+    return role == Qt::DisplayRole ? QVariant(variesText(item)) : QVariant(QIcon());
   const unsigned int flags = bag->getFlags(item);
   const bool choice = flags & (PropItemFlag::kChoice | PropItemFlag::kEditableList);
   if (!choice && !(flags & PropItemFlag::kIndexed))

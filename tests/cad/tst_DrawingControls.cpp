@@ -562,11 +562,14 @@ private slots:
     // A value of the wrong kind: the default colour, no new entry.
     QScopedPointer<PropUiQColorCtrl> colour(f.bound<PropUiQColorCtrl>(textValue(QStringLiteral("purple"))));
     QCOMPARE(colour->comboBox()->currentText(), QStringLiteral("ByLayer"));
-    // An id of another database, or the null id: nothing current in the picker.
+    // An id of another database: the bag's text, before "Other...", which stays last; choosing it writes nothing.
     OdDbDatabase elsewhere;
     QScopedPointer<PropUiQLinetypeCtrl> linetype(
       f.bound<PropUiQLinetypeCtrl>(propVariantFromObjectId(elsewhere.getLinetypeContinuousId())));
-    QCOMPARE(linetype->comboBox()->currentIndex(), -1);
+    QComboBox* linetypes = linetype->comboBox();
+    QCOMPARE(linetypes->currentIndex(), linetypes->count() - 2);
+    QCOMPARE(linetypes->itemText(linetypes->count() - 1), QStringLiteral("Other..."));
+    linetype->onActivated(linetypes->currentIndex());
     QScopedPointer<PropUiQArrowheadCtrl> arrow(f.bound<PropUiQArrowheadCtrl>(textValue(QStringLiteral("dot"))));
     QCOMPARE(arrow->comboBox()->currentIndex(), -1);
     // A context without a drawing, and one of another kind.

@@ -34,12 +34,11 @@ class GridBag : public RandomBag
 {
 public:
   GridBag(unsigned int seed, const std::vector<OdGUID>& kinds)
-    : RandomBag(seed), m_seed(seed), m_dice(seed + 1), m_kinds(kinds)
+    : RandomBag(seed), m_seed(seed), m_kinds(kinds)
   {
   }
 
   int getItemCount() override { return count; }
-  OdGUID getControlGuid(int) override { return m_dice.chance(0.9) ? m_dice.pick(m_kinds) : OdGUID(); }
   bool getName(int index, OdString& name) override
   {
     Dice stable(stableSeed(unsigned(index), 1));
@@ -61,7 +60,18 @@ public:
     return stable.chance(0.8) ? unsigned(listed) : unsigned(stable.integer());
   }
 
-  // What a cell shows follows from the generation and the question.
+  // What a cell shows follows from the generation and the question: a drawing attribute's text
+  // from its control's kind and the drawing of the context too.
+  OdGUID getControlGuid(int index) override
+  {
+    Dice stable(stableSeed(unsigned(index), 12));
+    return stable.chance(0.9) ? stable.pick(m_kinds) : OdGUID();
+  }
+  PropBagCtx* getContext() override
+  {
+    ask(0, 13);
+    return RandomBag::getContext();
+  }
   PropItemType* getItemType(int index) override
   {
     ask(unsigned(index), 3);
@@ -120,7 +130,6 @@ private:
   void ask(unsigned int where, unsigned int question) { reseed(stableSeed(where, question)); }
 
   unsigned int m_seed;
-  Dice m_dice;
   const std::vector<OdGUID>& m_kinds;
 };
 

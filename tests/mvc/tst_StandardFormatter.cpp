@@ -51,7 +51,8 @@ private slots:
     QTest::addColumn<QString>("text");
     QTest::newRow("type with its own formatter") << true << true << "tagged 4";
     QTest::newRow("type without: the default formatter") << true << false << "4";
-    QTest::newRow("no type object: nothing") << false << false << "";
+    QTest::newRow("no type object: its control's") << false << true << "tagged 4";
+    QTest::newRow("no type object, a control without: the default formatter") << false << false << "4";
   }
   void dispatchesByTheItemsTypeGuid()
   {
@@ -64,6 +65,8 @@ private slots:
     bag.addItem(QStringLiteral("Item"), intValue(4));
     if (typed)
       bag.item(0).type = colorType ? &color : &real;
+    else
+      bag.item(0).guid = colorType ? PropUiGuidColor : PropUiGuidDouble;
     QObject owner;
     PropUiQStandardFormatter* standard = propUiCreateStandardFormatter(&owner);
     standard->registerFormatter(PropUiGuidColor, new TaggingFormatter(nullptr));
