@@ -47,13 +47,6 @@
     </message>
 </context>
 <context>
-    <name>PropUiQIntegerCtrl</name>
-    <message>
-        <source>Enter a whole number from %1 to %2.</source>
-        <translation>Geben Sie eine ganze Zahl von %1 bis %2 ein.</translation>
-    </message>
-</context>
-<context>
     <name>PropUiQScale2d</name>
     <message>
         <source>Edit scale non-uniformly</source>
@@ -69,6 +62,17 @@
     <message>
         <source>*varies*</source>
         <translation>*variiert*</translation>
+    </message>
+</context>
+<context>
+    <name>PropUiTypedNumber</name>
+    <message>
+        <source>Enter a whole number from %1 to %2, or an expression such as 10*2.</source>
+        <translation>Geben Sie eine ganze Zahl von %1 bis %2 oder einen Ausdruck wie 10*2 ein.</translation>
+    </message>
+    <message>
+        <source>Enter a number or an expression such as 10*2.</source>
+        <translation>Geben Sie eine Zahl oder einen Ausdruck wie 10*2 ein.</translation>
     </message>
 </context>
 <context>
