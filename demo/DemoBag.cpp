@@ -5,7 +5,6 @@
 
 #include "DemoActions.h"
 #include "DemoIcons.h"
-#include "DemoExpression.h"
 #include "OdDbBlockTableRecord.h"
 #include "OdDbDatabase.h"
 #include "OdDbLayerTableRecord.h"
@@ -650,8 +649,10 @@ bool DemoBag::parseValue(int index, unsigned long, const OdString& input, PropVa
   s.remove(QChar(0x00B0));
   if (s.endsWith(QStringLiteral("mm")))
     s.chop(2);
-  double d = 0;
-  if (!evaluateExpression(s, d))
+  // Plain numbers only: the number fields work out arithmetic themselves and hand over the result.
+  bool ok = false;
+  const double d = QLocale::c().toDouble(s, &ok);
+  if (!ok)
     return false;
   if (item->kind == Integer || (item->value.type() & PropVariant::kInt32))
   {

@@ -22,6 +22,12 @@
 #include <cmath>
 #include <functional>
 
+namespace
+{
+// As large a number as a drawing file may hold outside its header.
+constexpr double kLargestNumber = 1e100;
+} // namespace
+
 struct DrawingPropertyBag::Item
 {
   const DrawingProperty* property = nullptr;
@@ -308,8 +314,9 @@ QString DrawingPropertyBag::checkValue(const Item& item, unsigned long, const Pr
     return tr("%1 takes a number.").arg(property.name);
   for (double n : qAsConst(numbers))
   {
-    if (!std::isfinite(n))
-      return tr("%1 must be a finite number.").arg(property.name);
+    // The drawing reader's own bound: squares and sums of what a drawing holds (areas, lengths) stay finite.
+    if (!std::isfinite(n) || std::fabs(n) > kLargestNumber)
+      return tr("%1 must lie between -1e100 and 1e100.").arg(property.name);
     const QString refusal = property.refuse ? property.refuse(n) : QString();
     if (!refusal.isEmpty())
       return refusal;
@@ -337,7 +344,11 @@ bool DrawingPropertyBag::formatValue(int index, unsigned long, const PropVariant
   const OdDbDatabase& db = m_document->database();
   const QLocale c = QLocale::c();
   auto numberText = [&c, item](double d) {
-    const QString digits = c.toString(d, 'f', 4);
+    // Four decimals, unless they would show another value than the one held
+    // (0.0000001 as 0.0000): then ten significant digits, as much as a typed value carries.
+    QString digits = c.toString(d, 'f', 4);
+    if (std::fabs(c.toDouble(digits) - d) > 1e-9 * std::fabs(d))
+      digits = c.toString(d, 'g', 10);
     return item->property->format == PropertyFormat::Angle ? digits + QChar(0x00B0) : digits;
   };
   QString result;

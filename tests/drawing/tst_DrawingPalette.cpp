@@ -273,9 +273,12 @@ private slots:
     QTest::newRow("linetype scale zero") << "line1" << "Linetype scale" << real(0)
                                          << "The linetype scale must be greater than zero.";
     QTest::newRow("scale zero") << "insert" << "Scale" << flatScale << "A scale cannot be zero.";
-    QTest::newRow("radius not a number") << "circle" << "Radius" << real(std::nan("")) << "Radius must be a finite number.";
+    QTest::newRow("radius not a number") << "circle" << "Radius" << real(std::nan(""))
+                                         << "Radius must lie between -1e100 and 1e100.";
     QTest::newRow("rotation infinite") << "text" << "Rotation" << real(std::numeric_limits<double>::infinity())
-                                       << "Rotation must be a finite number.";
+                                       << "Rotation must lie between -1e100 and 1e100.";
+    // Finite, but the circle's area would not be.
+    QTest::newRow("radius too large") << "circle" << "Radius" << real(1e308) << "Radius must lie between -1e100 and 1e100.";
     QTest::newRow("radius as text") << "circle" << "Radius" << words << "Radius takes a number.";
   }
 
