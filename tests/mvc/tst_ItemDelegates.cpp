@@ -269,6 +269,63 @@ private slots:
     QCOMPARE(bag.item(0).value.getDouble(), shown.toDouble());
   }
 
+  // The grid edited with the keyboard alone: Tab and Backtab walk the value cells, committing each.
+  void tabWalksTheValueCellsCommittingEach()
+  {
+    MessageCatcher messages;
+    static TestItemType realType(1, PropUiGuidDouble);
+    RecordingBag bag;
+    for (const char* name : {"Radius", "Thickness", "Height"})
+    {
+      const int item = bag.addItem(QString::fromLatin1(name), realValue(1));
+      bag.item(item).type = &realType;
+      bag.item(item).guid = PropUiGuidDouble;
+    }
+    bag.item(2).acceptValidate = false;
+    bag.item(2).validateMessage = QStringLiteral("Too high");
+    Grid grid(bag);
+    QTreeView view;
+    view.setModel(grid.model);
+    view.setItemDelegate(grid.delegate);
+    QLineEdit* edit = editInView(view, grid.model->index(0, 1));
+    QVERIFY(edit);
+    auto editorOf = [&view](int row) {
+      QLineEdit* open = view.viewport()->findChild<QLineEdit*>();
+      return open && open->hasFocus() && open->isVisible() && view.currentIndex().row() == row ? open : nullptr;
+    };
+
+    // WHEN a value is typed and Tab pressed, THEN it is written and the next row's value is being edited
+    edit->selectAll();
+    QTest::keyClicks(edit, QStringLiteral("7"));
+    QTest::keyClick(edit, Qt::Key_Tab);
+    QCOMPARE(bag.item(0).value.getDouble(), 7.0);
+    QTRY_VERIFY((edit = editorOf(1)));
+    // ... and Backtab goes back the same way
+    edit->selectAll();
+    QTest::keyClicks(edit, QStringLiteral("8"));
+    QTest::keyClick(edit, Qt::Key_Backtab);
+    QCOMPARE(bag.item(1).value.getDouble(), 8.0);
+    QTRY_VERIFY((edit = editorOf(0)));
+    // WHEN Escape is pressed after typing, THEN the editor closes and nothing is written
+    edit->selectAll();
+    QTest::keyClicks(edit, QStringLiteral("9"));
+    QTest::keyClick(edit, Qt::Key_Escape);
+    QTRY_VERIFY(!editorOf(0));
+    QCOMPARE(bag.item(0).value.getDouble(), 7.0);
+    // WHEN the bag refuses a value left by Tab, THEN the editor stays, with the refusal and the typed text
+    view.setCurrentIndex(grid.model->index(2, 1));
+    QTest::keyClick(&view, Qt::Key_F2);
+    QTRY_VERIFY((edit = editorOf(2)));
+    edit->selectAll();
+    QTest::keyClicks(edit, QStringLiteral("99"));
+    QTest::keyClick(edit, Qt::Key_Tab);
+    QTRY_COMPARE(messages.shown.size(), 1);
+    QCOMPARE(messages.shown[0].text, QStringLiteral("Too high"));
+    QCOMPARE(editorOf(2), edit);
+    QCOMPARE(edit->text(), QStringLiteral("99"));
+    QCOMPARE(bag.count(QStringLiteral("setValue")), 2);
+  }
+
   void subDelegatesByControlGuid()
   {
     RecordingBag bag;
