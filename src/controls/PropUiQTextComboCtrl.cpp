@@ -2,6 +2,8 @@
 
 #include "OdStringQt.h"
 #include "PropBag.h"
+#include "PropMathValidator.h"
+#include "PropUiNumberEditing.h"
 #include "PropUiEditCommitFilter.h"
 #include "PropUiElidedLineEditFilter.h"
 #include "QHostLineEdit.h"
@@ -21,14 +23,23 @@ bool PropUiQTextComboCtrl::setupUi()
     PropUiEditCommitFilter::Edit rules;
     rules.changed = [this]() { return m_combo->currentText() != m_committed.text(); };
     rules.acceptable = [this]() { return acceptable(); };
-    rules.commit = [this]() { commitWithEnter(); };
+    // A number entry's validator lets unfinished arithmetic stand; only the commit reads it.
+    rules.commit = [this]() {
+      if (propui::numberValidatorOf(m_combo->lineEdit()))
+        onEditingFinished();
+      else
+        commitWithEnter();
+    };
     rules.restore = [this]() { m_committed.restore(m_combo); };
     // Nothing typed was ever committed: leaving shows the chosen entry as it is.
     rules.mayCommitOnLeave = [this]() { return !m_committed.text().isEmpty(); };
     using Rule = PropUiEditCommitFilter::Rule;
-    new PropUiEditCommitFilter(this, m_combo,
-                               Rule::SilenceWhileLeaving | Rule::CommitOnLeave | Rule::CommitOnTab | Rule::RevertAfterReturn,
-                               rules);
+    PropUiEditCommitFilter::Rules commitRules =
+      Rule::SilenceWhileLeaving | Rule::CommitOnLeave | Rule::CommitOnTab | Rule::RevertAfterReturn;
+    // The combo's own Return handling passes unfinished arithmetic over: a number entry commits first.
+    if (propui::numberValidatorOf(edit))
+      commitRules |= Rule::CommitOnReturn;
+    new PropUiEditCommitFilter(this, m_combo, commitRules, rules);
     if (m_options & PropUiOption::kElided)
     {
       new PropUiElidedLineEditFilter(edit);
@@ -113,7 +124,7 @@ bool PropUiQTextComboCtrl::applyData()
     return false;
   const bool wasVaries = leaveVaries();
   PropVariant value;
-  if (!m_bag->parseValue(m_index, m_element, toOdString(text), value))
+  if (!readTyped(text, value))
   {
     restoreCommitted(wasVaries);
     return false;
@@ -135,6 +146,20 @@ bool PropUiQTextComboCtrl::applyData()
   }
 }
 
+// A number entry reads arithmetic too, and says what it takes when it cannot read the text.
+bool PropUiQTextComboCtrl::readTyped(const QString& text, PropVariant& value)
+{
+  const PropMathValidator* numbers = propui::numberValidatorOf(m_combo->lineEdit());
+  if (!numbers)
+    return m_bag->parseValue(m_index, m_element, toOdString(text), value);
+  PropUiTypedNumber reader(m_bag, m_index, m_element, propui::numberKindOf(numbers), m_combo->locale());
+  if (reader.read(text, value))
+    return true;
+  if (m_combo->lineEdit()->hasFocus())
+    showErrorMessage(toOdString(reader.refusal()));
+  return false;
+}
+
 void PropUiQTextComboCtrl::onEditingFinished()
 {
   if (m_inert)
@@ -152,5 +177,7 @@ void PropUiQTextComboCtrl::commitWithEnter()
 
 bool PropUiQTextComboCtrl::acceptable() const
 {
-  return !m_combo || !m_combo->lineEdit() || m_combo->lineEdit()->hasAcceptableInput();
+  // A number entry takes unfinished arithmetic for reading; an empty one stands for the chosen entry.
+  return !m_combo || !m_combo->lineEdit() || m_combo->lineEdit()->hasAcceptableInput() ||
+         (propui::numberValidatorOf(m_combo->lineEdit()) && !m_combo->currentText().trimmed().isEmpty());
 }

@@ -38,6 +38,7 @@ private:
   void restoreCommitted(bool wasVaries);
   void commitWithEnter();
   bool acceptable() const;
+  bool readTyped(const QString& text, PropVariant& value);
 
   DataHelper m_committed;
   bool m_inert = false;

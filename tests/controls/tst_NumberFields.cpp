@@ -11,6 +11,7 @@
 #include "PropUiQDoubleCtrl.h"
 #include "PropUiQIntegerCtrl.h"
 #include "PropUiQStandardDelegate.h"
+#include "PropUiQTextComboCtrl.h"
 #include "PropUiQStandardFormatter.h"
 #include "PropUiQtMVCFactories.h"
 #include "PropWidgetsEntry.h"
@@ -18,6 +19,7 @@
 #include "TestMvcGroup.h"
 #include "TestValues.h"
 #include <QAbstractSpinBox>
+#include <QComboBox>
 #include <QLineEdit>
 #include <QTreeView>
 #include <QtTest>
@@ -31,7 +33,8 @@ enum Kind
   Real,
   Distance,
   Angle,
-  Whole
+  Whole,
+  Combo // a text combo's number entry
 };
 enum Form
 {
@@ -50,6 +53,8 @@ const OdGUID& guidOf(Kind kind)
     return PropUiGuidDistance;
   case Angle:
     return PropUiGuidAngle;
+  case Combo:
+    return PropUiGuidDouble;
   case Whole:
     break;
   }
@@ -66,6 +71,8 @@ PropUiQControl* makeControl(Kind kind)
     return new PropUiQDistanceCtrl;
   case Angle:
     return new PropUiQAngleCtrl;
+  case Combo:
+    return new PropUiQTextComboCtrl;
   case Whole:
     break;
   }
@@ -75,6 +82,8 @@ PropUiQControl* makeControl(Kind kind)
 /** The text a field shows, whether it is a line edit or a spin box. */
 QString textOf(QWidget* field)
 {
+  if (auto* combo = qobject_cast<QComboBox*>(field))
+    return combo->currentText();
   if (auto* spin = qobject_cast<QAbstractSpinBox*>(field))
     return spin->text();
   return static_cast<QLineEdit*>(field)->text();
@@ -82,7 +91,9 @@ QString textOf(QWidget* field)
 
 void selectAll(QWidget* field)
 {
-  if (auto* spin = qobject_cast<QAbstractSpinBox*>(field))
+  if (auto* combo = qobject_cast<QComboBox*>(field))
+    combo->lineEdit()->selectAll();
+  else if (auto* spin = qobject_cast<QAbstractSpinBox*>(field))
     spin->selectAll();
   else
     static_cast<QLineEdit*>(field)->selectAll();
@@ -145,15 +156,17 @@ private Q_SLOTS:
     };
     // Every text in a panel; the element and cell forms share the reading, so a few texts show they reach it.
     const QStringList everyForm = {QStringLiteral("10*2"), QStringLiteral("abc"), QStringLiteral("3,5")};
-    const char* kindNames[] = {"real", "distance", "angle", "integer"};
+    const char* kindNames[] = {"real", "distance", "angle", "integer", "combo"};
     const char* formNames[] = {"panel", "element", "cell"};
-    for (int kind : {Real, Distance, Angle, Whole})
+    for (int kind : {Real, Distance, Angle, Whole, Combo})
       for (int form : {Panel, Element, Cell})
         for (bool german : {false, true})
           for (const Case& c : cases)
           {
             const QString typed = QString::fromUtf8(c.typed);
-            if (form != Panel && (!everyForm.contains(typed) || c.units))
+            if (form != Panel && (!everyForm.contains(typed) || c.units || kind == Combo))
+              continue;
+            if (kind == Combo && typed.isEmpty()) // an emptied combo shows its chosen entry again
               continue;
             const double written = kind == Whole ? c.whole[german] : c.real[german];
             QTest::addRow("%s %s %s %s\"%s\"", kindNames[kind], formNames[form], german ? "de" : "C",
@@ -181,7 +194,9 @@ private Q_SLOTS:
     static TestItemType types[] = {TestItemType(1, PropUiGuidDouble), TestItemType(2, PropUiGuidDistance),
                                    TestItemType(3, PropUiGuidAngle), TestItemType(4, PropUiGuidInteger)};
     bag.item(item).guid = guidOf(Kind(kind));
-    bag.item(item).type = &types[kind];
+    if (kind == Combo)
+      bag.item(item).flags = 0x4; // typed values too
+    bag.item(item).type = &types[kind == Combo ? Real : kind];
     if (form == Element)
     {
       bag.item(item).elements = {0, 1};
@@ -236,14 +251,15 @@ private Q_SLOTS:
       control->updateData();
       window = new ControlWindow(control);
       QVERIFY(window->showActive());
-      QWidget* first = kind == Whole ? static_cast<QWidget*>(control->findChild<QAbstractSpinBox*>())
-                                     : static_cast<QWidget*>(control->findChild<QLineEdit*>(QStringLiteral("edit")));
+      QWidget* first = kind == Whole   ? static_cast<QWidget*>(control->findChild<QAbstractSpinBox*>())
+                       : kind == Combo ? static_cast<QWidget*>(control->findChild<QComboBox*>())
+                                       : static_cast<QWidget*>(control->findChild<QLineEdit*>(QStringLiteral("edit")));
       first->setFocus(Qt::TabFocusReason);
     }
     const QScopedPointer<ControlWindow> ownWindow(window);
     QTRY_VERIFY2((field = QApplication::focusWidget()) != nullptr && field != &view, field ? field->metaObject()->className() : "none");
-    if (auto* spinEdit = qobject_cast<QLineEdit*>(field); spinEdit && kind == Whole)
-      field = qobject_cast<QAbstractSpinBox*>(spinEdit->parentWidget());
+    if (auto* inner = qobject_cast<QLineEdit*>(field); inner && (kind == Whole || kind == Combo))
+      field = inner->parentWidget();
     QVERIFY(field);
     const QString confirmed = textOf(field);
     bag.clearCalls();
@@ -260,7 +276,8 @@ private Q_SLOTS:
     {
       // THEN nothing reaches the bag; the text stays to be corrected, with the words that say what is taken
       QVERIFY(!bag.called(QStringLiteral("validate")) && !bag.called(QStringLiteral("set")));
-      QCOMPARE(textOf(field), typed);
+      // (a combo box shows its committed entry again, as it does for any refusal)
+      QCOMPARE(textOf(field), kind == Combo ? confirmed : typed);
       QTRY_COMPARE(messages.shown.size(), 1);
       QVERIFY2(messages.shown[0].text.contains(QStringLiteral("10*2")), qPrintable(messages.shown[0].text));
       if (form == Cell)
@@ -276,7 +293,7 @@ private Q_SLOTS:
       // THEN the bag receives the number once, and the field shows the bag's reading of it
       QCOMPARE(bag.written.size(), 1);
       QCOMPARE(writtenNumber(bag), written);
-      if (form != Cell && !bagKnowsUnits)
+      if (form != Cell && !bagKnowsUnits && kind != Combo)
         QCOMPARE(textOf(field), kind == Whole ? QString::number(qint64(written)) : RecordingBag::textOf(realValue(written)));
       QCoreApplication::processEvents();
       QVERIFY(messages.shown.isEmpty());
