@@ -111,7 +111,10 @@ void DrawingEditorWindow::buildMenus()
   edit->addAction(undo);
   edit->addAction(redo);
   edit->addSeparator();
-  edit->addAction(tr("Select &All"), this, [this]() { m_canvas->selectAll(); }, QKeySequence::SelectAll);
+  QAction* selectAll = edit->addAction(tr("Select &All"), this, [this]() { m_canvas->selectAll(); }, QKeySequence::SelectAll);
+  // The drawing's, not the palette's: Ctrl+A in the grid or a field must not select every object.
+  selectAll->setShortcutContext(Qt::WidgetWithChildrenShortcut);
+  m_canvas->addAction(selectAll);
 
   QMenu* view = menuBar()->addMenu(tr("&View"));
   view->addAction(tr("Zoom &Extents"), this, [this]() { m_canvas->zoomExtents(); }, QKeySequence(Qt::Key_Home));
