@@ -101,6 +101,8 @@ void DrawingDocument::clear()
   m_entities.clear();
   m_indexOfHandle.clear();
   m_blocks.clear();
+  m_textStyles.clear();
+  m_headerReals.clear();
   m_lastHandle = 0;
   m_fileName.clear();
   Q_EMIT documentReset();
@@ -112,6 +114,8 @@ void DrawingDocument::takeContents(DrawingDocument& other)
   m_entities = std::exchange(other.m_entities, {});
   m_indexOfHandle = std::exchange(other.m_indexOfHandle, {});
   m_blocks = std::exchange(other.m_blocks, {});
+  m_textStyles = std::exchange(other.m_textStyles, {});
+  m_headerReals = std::exchange(other.m_headerReals, {});
   m_lastHandle = std::exchange(other.m_lastHandle, 0);
   m_fileName = std::exchange(other.m_fileName, QString());
   Q_EMIT other.documentReset();

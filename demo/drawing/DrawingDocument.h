@@ -17,6 +17,18 @@ struct DrawingBlock
   std::vector<DrawingEntity> entities;
 };
 
+/** A text style of the drawing, as its STYLE record gives it. */
+struct DrawingTextStyle
+{
+  /** The font file the record names (e.g. "txt", "isocp.shx", "arial.ttf"). */
+  QString font;
+  /** A fixed text height, 0 when each text gives its own. */
+  double height = 0.0;
+  double widthFactor = 1.0;
+  /** In degrees. */
+  double oblique = 0.0;
+};
+
 /**
  * An open drawing: its tables in the drawing database, its model-space
  * entities and the contents of its blocks. Every change of an entity goes
@@ -47,6 +59,18 @@ public:
   /** Block definitions by name, as the file spells it. */
   const std::map<QString, DrawingBlock>& blocks() const { return m_blocks; }
   DrawingBlock& block(const QString& name) { return m_blocks[name]; }
+
+  /** Text styles by name, as the file spells it. */
+  const std::map<QString, DrawingTextStyle>& textStyles() const { return m_textStyles; }
+  DrawingTextStyle& textStyle(const QString& name) { return m_textStyles[name]; }
+
+  /** A numeric header variable of the file (e.g. "$LTSCALE"), or @p fallback when the file has none. */
+  double headerReal(const QString& variable, double fallback) const
+  {
+    const auto found = m_headerReals.find(variable);
+    return found == m_headerReals.end() ? fallback : found->second;
+  }
+  void setHeaderReal(const QString& variable, double value) { m_headerReals[variable] = value; }
 
   /** Inserts nested deeper than this are a loop in the drawing, not a design, and are not drawn. */
   static constexpr int kMaxBlockDepth = 8;
@@ -80,6 +104,8 @@ private:
   std::vector<DrawingEntity> m_entities;
   std::map<quint64, std::size_t> m_indexOfHandle;
   std::map<QString, DrawingBlock> m_blocks;
+  std::map<QString, DrawingTextStyle> m_textStyles;
+  std::map<QString, double> m_headerReals;
   quint64 m_lastHandle = 0;
   QString m_fileName;
 };

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 class DrawingDocument;
 
@@ -11,3 +12,14 @@ class DrawingDocument;
  * False, with a message in @p error (when given), when the file cannot be written.
  */
 bool writeDxf(const QString& path, const DrawingDocument& document, QString* error);
+
+/** What a save of a document changes beyond its edits; the window asks about it before writing. */
+struct DxfSaveReport
+{
+  /** Empty when the file keeps the version it was read in; otherwise, in a sentence, what it becomes and why. */
+  QString versionChange;
+  /** Each a sentence naming what the file would not keep. */
+  QStringList losses;
+};
+
+DxfSaveReport dxfSaveReport(const DrawingDocument& document);
