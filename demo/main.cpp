@@ -2,10 +2,14 @@
 // does, and shows a drawing with the property palette of its selection.
 //
 //   propwidgets-demo [FILE.dxf] [--theme dark|light] [--mixed] [--lang de] [--screenshot FILE.png] [--catalogue]
+//   propwidgets-demo --save-as OUT.dxf IN.dxf
 //
 // Without a file it opens a sample drawing with every kind of entity. --mixed
 // selects entities whose values partly differ. --catalogue shows the panel of
 // every control kind over an invented bag instead of a drawing.
+//
+// --save-as opens IN.dxf and saves it as OUT.dxf, without a window, for
+// scripts and tests: status 0 when saved, 1 with the reason on stderr.
 //
 // Without a display it renders offscreen, writes pictures of both themes,
 // both forms of the palette and a double-density picture, and prints where
@@ -13,7 +17,10 @@
 
 #include "DemoBag.h"
 #include "DemoWindow.h"
+#include "DrawingDocument.h"
 #include "DrawingEditorWindow.h"
+#include "DxfReader.h"
+#include "DxfWriter.h"
 #include "HostDocManager.h"
 #include "HostQtStyleManager.h"
 #include "OdRxDynamicLinker.h"
@@ -40,6 +47,7 @@ struct Options
   QString drawing;
   bool catalogue = false;
   bool headless = false;
+  QString saveAs;
 };
 
 bool parse(int argc, char** argv, Options& options)
@@ -61,6 +69,8 @@ bool parse(int argc, char** argv, Options& options)
       options.screenshot = QString::fromLocal8Bit(argv[++i]);
     else if (!std::strcmp(arg, "--lang") && i + 1 < argc)
       options.language = QString::fromLocal8Bit(argv[++i]);
+    else if (!std::strcmp(arg, "--save-as") && i + 1 < argc)
+      options.saveAs = QString::fromLocal8Bit(argv[++i]);
     else if (!std::strcmp(arg, "--mixed"))
       options.mixed = true;
     else if (!std::strcmp(arg, "--catalogue"))
@@ -70,7 +80,20 @@ bool parse(int argc, char** argv, Options& options)
     else
       return false;
   }
-  return true;
+  return options.saveAs.isEmpty() || !options.drawing.isEmpty();
+}
+
+/** Opens the drawing and saves it under another name, as File > Save As does, with no window. */
+int runSaveAs(const Options& options)
+{
+  DrawingDocument document;
+  QString error;
+  if (!readDxf(options.drawing, document, &error) || !writeDxf(options.saveAs, document, &error))
+  {
+    std::fprintf(stderr, "propwidgets-demo: %s\n", qPrintable(error));
+    return 1;
+  }
+  return 0;
 }
 
 /**
@@ -107,7 +130,8 @@ private:
 };
 
 const char kUsage[] =
-  "usage: propwidgets-demo [FILE.dxf] [--theme dark|light] [--mixed] [--lang de] [--screenshot FILE.png] [--catalogue]\n";
+  "usage: propwidgets-demo [FILE.dxf] [--theme dark|light] [--mixed] [--lang de] [--screenshot FILE.png] [--catalogue]\n"
+  "       propwidgets-demo --save-as OUT.dxf IN.dxf\n";
 
 /** The control catalogue over the invented bag, as the demo was before it edited drawings. */
 int runCatalogue(QApplication& app, const Options& options)
@@ -257,6 +281,11 @@ int main(int argc, char** argv)
   {
     std::fputs(kUsage, stderr);
     return 2;
+  }
+  if (!options.saveAs.isEmpty())
+  {
+    QCoreApplication app(argc, argv);
+    return runSaveAs(options);
   }
   const bool noDisplay = qEnvironmentVariableIsEmpty("DISPLAY") && qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
   options.headless = noDisplay && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM");

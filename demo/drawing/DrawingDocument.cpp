@@ -88,7 +88,12 @@ void DrawingDocument::replaceEntities(const std::vector<DrawingEntity>& changed)
     const auto found = m_indexOfHandle.find(entity.handle);
     if (found == m_indexOfHandle.end())
       continue;
-    m_entities[found->second] = entity;
+    DrawingEntity& stored = m_entities[found->second];
+    const DrawingEntity was = std::exchange(stored, entity);
+    stored.recordBegin = was.recordBegin;
+    stored.recordSize = was.recordSize;
+    stored.paperSpace = was.paperSpace;
+    stored.edited = true;
     handles.append(entity.handle);
   }
   if (!handles.isEmpty())
@@ -105,6 +110,7 @@ void DrawingDocument::clear()
   m_headerReals.clear();
   m_lastHandle = 0;
   m_fileName.clear();
+  m_source = DrawingSource();
   Q_EMIT documentReset();
 }
 
@@ -118,6 +124,7 @@ void DrawingDocument::takeContents(DrawingDocument& other)
   m_headerReals = std::exchange(other.m_headerReals, {});
   m_lastHandle = std::exchange(other.m_lastHandle, 0);
   m_fileName = std::exchange(other.m_fileName, QString());
+  m_source = std::exchange(other.m_source, DrawingSource());
   Q_EMIT other.documentReset();
   Q_EMIT documentReset();
 }

@@ -29,6 +29,24 @@ struct DrawingTextStyle
   double oblique = 0.0;
 };
 
+/** The file a document was read from, kept to be written again as it was, but for the entities' edits. */
+struct DrawingSource
+{
+  /** The file's bytes; shared, never copied. */
+  QByteArray bytes;
+  /** Where the model-space entities are: from the first entity's record to the end of its section. */
+  int entitiesBegin = -1;
+  int entitiesEnd = -1;
+  /** Where an entities section goes when the file has none (before its objects, or its end). */
+  int entitiesPlace = -1;
+  /** The file's version, as its header's $ACADVER gives it ("AC1009" for R12, "AC1015" for 2000...). */
+  QByteArray version;
+  /** The line end the file uses. */
+  QByteArray lineEnd = "\n";
+
+  bool isEmpty() const { return bytes.isEmpty(); }
+};
+
 /**
  * An open drawing: its tables in the drawing database, its model-space
  * entities and the contents of its blocks. Every change of an entity goes
@@ -72,6 +90,10 @@ public:
   }
   void setHeaderReal(const QString& variable, double value) { m_headerReals[variable] = value; }
 
+  /** The file the document was read from; empty for a drawing made in code. */
+  const DrawingSource& source() const { return m_source; }
+  void setSource(DrawingSource source) { m_source = std::move(source); }
+
   /** Inserts nested deeper than this are a loop in the drawing, not a design, and are not drawn. */
   static constexpr int kMaxBlockDepth = 8;
   /**
@@ -82,7 +104,11 @@ public:
    */
   quint64 drawnEntityCount(quint64 limit) const;
 
-  /** Puts the given entities in place of those with the same handles; unknown handles are skipped. */
+  /**
+   * Puts the given entities in place of those with the same handles, marked
+   * edited, where they were read from and in which space staying as they
+   * were; unknown handles are skipped.
+   */
   void replaceEntities(const std::vector<DrawingEntity>& changed);
 
   /** Drops everything and starts from a new database. */
@@ -108,4 +134,5 @@ private:
   std::map<QString, double> m_headerReals;
   quint64 m_lastHandle = 0;
   QString m_fileName;
+  DrawingSource m_source;
 };
