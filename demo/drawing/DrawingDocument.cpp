@@ -74,6 +74,39 @@ quint64 DrawingDocument::addEntity(DrawingEntity entity)
   return m_entities.back().handle;
 }
 
+void DrawingDocument::addEntities(std::vector<DrawingEntity> entities)
+{
+  if (!m_entities.empty())
+  {
+    for (DrawingEntity& entity : entities)
+      addEntity(std::move(entity));
+    return;
+  }
+  m_entities = std::move(entities);
+  // the file's own handles first, so that an entity without one takes none of theirs
+  for (std::size_t i = 0; i < m_entities.size(); ++i)
+  {
+    DrawingEntity& entity = m_entities[i];
+    if (keepsHandle(entity.handle) && m_indexOfHandle.emplace(entity.handle, i).second)
+      m_lastHandle = std::max(m_lastHandle, entity.handle);
+    else
+      entity.handle = 0;
+  }
+  for (std::size_t i = 0; i < m_entities.size(); ++i)
+  {
+    DrawingEntity& entity = m_entities[i];
+    if (entity.handle == 0)
+    {
+      entity.handle = ++m_lastHandle;
+      m_indexOfHandle[entity.handle] = i;
+    }
+    if (entity.layer.isNull())
+      entity.layer = m_database->getLayerZeroId();
+    if (entity.linetype.isNull())
+      entity.linetype = m_database->getLinetypeByLayerId();
+  }
+}
+
 quint64 DrawingDocument::drawnEntityCount(quint64 limit) const
 {
   return DrawnEntityCounter(m_blocks, limit).count(m_entities, 0);

@@ -68,6 +68,8 @@ public:
   const DrawingEntity* entity(quint64 handle) const;
   /** Adds at the end; a handle that is taken or not keepsHandle() is replaced by a new one. Returns the handle. */
   quint64 addEntity(DrawingEntity entity);
+  /** Adds them all at the end, handles as addEntity() gives them; a reader's million entities move in whole. */
+  void addEntities(std::vector<DrawingEntity> entities);
   /**
    * Whether a handle can be an entity's: not zero, and not in the top half
    * of the range, where the new handles counting on from it would run out.
