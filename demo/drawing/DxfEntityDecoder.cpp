@@ -24,6 +24,13 @@ QString textOf(std::string_view value)
   return fromDxfString(std::string(value));
 }
 
+/** A text's style as the model names it: Standard is no name. */
+QString styleOf(std::string_view value)
+{
+  const QString name = textOf(value).trimmed();
+  return name.compare(QLatin1String("Standard"), Qt::CaseInsensitive) == 0 ? QString() : name;
+}
+
 /** The groups of one record, walked in order. */
 class GroupCursor
 {
@@ -306,17 +313,18 @@ void decodeText(GroupCursor cursor, DrawingEntity& e, bool attribute)
     case 40: e.height = g.number; break;
     case 1: e.text = textOf(g.value); break;
     case 2: if (attribute) e.blockName = textOf(g.value); break;
-    case 50: e.rotation = g.number; break;
+    case 50: e.rotation = snappedDegrees(g.number); break;
     case 41: e.widthFactor = g.number; break;
     case 51: e.oblique = g.number; break;
-    case 7: e.style = textOf(g.value); break;
+    case 7: e.style = styleOf(g.value); break;
     case 72: e.horizontalAlignment = g.integer(); break;
     case 73: if (!attribute) e.verticalAlignment = g.integer(); break;
     case 74: if (attribute) e.verticalAlignment = g.integer(); break;
     default: break;
     }
   }
-  if (!second)
+  // the second point means something only for a text aligned other than left on the baseline
+  if (!second || (e.horizontalAlignment == 0 && e.verticalAlignment == 0))
     e.points.resize(1);
 }
 
@@ -516,10 +524,10 @@ void DxfEntityDecoder::decode(const std::vector<DxfGroup>& record, DrawingEntity
       case 71: e.attachment = g.integer() >= 1 && g.integer() <= 9 ? g.integer() : 1; break;
       case 3:
       case 1: text += g.value; break;
-      case 50: e.rotation = g.number; break;
+      case 50: e.rotation = snappedDegrees(g.number); break;
       case 11: dx = g.number; direction = true; break;
       case 21: dy = g.number; break;
-      case 7: e.style = textOf(g.value); break;
+      case 7: e.style = styleOf(g.value); break;
       default: break;
       }
     });
@@ -575,7 +583,7 @@ void DxfEntityDecoder::decode(const std::vector<DxfGroup>& record, DrawingEntity
       else if (g.code == 1)
         e.text = textOf(g.value);
       else if (g.code == 50)
-        e.rotation = g.number;
+        e.rotation = snappedDegrees(g.number);
       else if (g.code == 40)
         e.radius = g.number;
     });

@@ -94,27 +94,19 @@ int DxfRecordPatcher::partCount() const
 
 DxfRecordPatcher::Part DxfRecordPatcher::part(int index) const
 {
-  Part p;
   int seen = -1;
   for (int i = 0; i < int(m_groups.size()); ++i)
     if (m_groups[std::size_t(i)].code == 0 && ++seen == index)
-    {
-      p.first = i;
-      p.end = i + 1;
-      while (p.end < int(m_groups.size()) && m_groups[std::size_t(p.end)].code != 0)
-        ++p.end;
-      return p;
-    }
-  p.first = p.end = int(m_groups.size());
-  return p;
+      return Part{i};
+  return Part{int(m_groups.size())};
 }
 
 int DxfRecordPatcher::ownEnd(const Part& p) const
 {
-  for (int i = p.first + 1; i < p.end; ++i)
-    if (m_groups[std::size_t(i)].code >= 1000)
-      return i;
-  return p.end;
+  int i = p.first + 1;
+  while (i < int(m_groups.size()) && m_groups[std::size_t(i)].code != 0 && m_groups[std::size_t(i)].code < 1000)
+    ++i;
+  return i;
 }
 
 int DxfRecordPatcher::find(const Part& p, int code, int occurrence) const
@@ -468,7 +460,7 @@ void DxfRecordPatcher::applyLightPolyline(const Part& p, const DrawingEntity& or
         break;
       if (original.points[i].x != edited.points[i].x)
         replace(x, numberText(edited.points[i].x));
-      if (x + 1 < p.end && m_groups[std::size_t(x + 1)].code == 20 && original.points[i].y != edited.points[i].y)
+      if (x + 1 < ownEnd(p) && m_groups[std::size_t(x + 1)].code == 20 && original.points[i].y != edited.points[i].y)
         replace(x + 1, numberText(edited.points[i].y));
       if (bulge(original, i) == bulge(edited, i))
         continue;
@@ -597,13 +589,13 @@ void DxfRecordPatcher::applyHatch(const Part& p, const DrawingEntity& original, 
   for (int i = p.first + 1; i < ownEnd(p); ++i)
     if (m_groups[std::size_t(i)].code == 100 && m_groups[std::size_t(i)].value.trimmed() == "AcDbHatch")
       marker = i;
-  const Part hatch{marker, p.end};
+  const Part hatch{marker};
   if (was.pattern != now.pattern)
     setText(hatch, 2, QByteArray::fromStdString(toDxfString(now.pattern)), {230, 220, 210, 30});
   if (was.solidFill != now.solidFill)
     setInteger(hatch, 70, now.solidFill ? 1 : 0, {2});
   const int style = find(hatch, 76);
-  const Part after{style >= 0 ? style : marker, p.end};
+  const Part after{style >= 0 ? style - 1 : marker};
   if (was.patternAngle != now.patternAngle)
     setNumber(after, 52, now.patternAngle, {76, 75});
   if (was.patternScale != now.patternScale)
@@ -617,7 +609,7 @@ void DxfRecordPatcher::applyHatch(const Part& p, const DrawingEntity& original, 
     const int line = find(after, 53, int(i));
     if (line < 0)
       return;
-    const Part l{line - 1, p.end};
+    const Part l{line - 1};
     if (a.angle != b.angle)
       replace(line, numberText(b.angle));
     setPoint(l, 43, {a.base.x, 0, 0}, {b.base.x, 0, 0}, {53});

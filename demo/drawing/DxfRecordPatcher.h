@@ -53,11 +53,14 @@ private:
     QByteArray codeLine;
     QByteArray value;
   };
-  /** The groups of one part of the record (the entity, or one vertex or attribute): [first, end). */
+  /**
+   * The groups of one part of the record (the entity, or one vertex or
+   * attribute) from @p first to the next group 0; found anew on each use, as
+   * groups come and go.
+   */
   struct Part
   {
     int first = 0;
-    int end = 0;
   };
 
   Part part(int index) const;
