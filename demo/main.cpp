@@ -2,7 +2,7 @@
 // does, and shows a drawing with the property palette of its selection.
 //
 //   propwidgets-demo [FILE.dxf] [--theme dark|light] [--mixed] [--lang de] [--screenshot FILE.png] [--catalogue]
-//   propwidgets-demo --save-as OUT.dxf IN.dxf
+//   propwidgets-demo --save-as OUT.dxf IN.dxf [--set-colour INDEX]
 //
 // Without a file it opens a sample drawing with every kind of entity. --mixed
 // selects entities whose values partly differ. --catalogue shows the panel of
@@ -10,6 +10,8 @@
 //
 // --save-as opens IN.dxf and saves it as OUT.dxf, without a window, for
 // scripts and tests: status 0 when saved, 1 with the reason on stderr.
+// --set-colour gives every entity of the model space that palette colour
+// first, an edit a script can check the save of.
 //
 // Without a display it renders offscreen, writes pictures of both themes,
 // both forms of the palette and a double-density picture, and prints where
@@ -33,6 +35,7 @@
 #include <QTranslator>
 #include <QStyleFactory>
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
 
 namespace
@@ -48,6 +51,7 @@ struct Options
   bool catalogue = false;
   bool headless = false;
   QString saveAs;
+  int setColour = -1;
 };
 
 bool parse(int argc, char** argv, Options& options)
@@ -71,6 +75,12 @@ bool parse(int argc, char** argv, Options& options)
       options.language = QString::fromLocal8Bit(argv[++i]);
     else if (!std::strcmp(arg, "--save-as") && i + 1 < argc)
       options.saveAs = QString::fromLocal8Bit(argv[++i]);
+    else if (!std::strcmp(arg, "--set-colour") && i + 1 < argc)
+    {
+      options.setColour = std::atoi(argv[++i]);
+      if (options.setColour < 1 || options.setColour > 255)
+        return false;
+    }
     else if (!std::strcmp(arg, "--mixed"))
       options.mixed = true;
     else if (!std::strcmp(arg, "--catalogue"))
@@ -80,7 +90,7 @@ bool parse(int argc, char** argv, Options& options)
     else
       return false;
   }
-  return options.saveAs.isEmpty() || !options.drawing.isEmpty();
+  return options.saveAs.isEmpty() ? options.setColour < 0 : !options.drawing.isEmpty();
 }
 
 /** Opens the drawing and saves it under another name, as File > Save As does, with no window. */
@@ -88,7 +98,19 @@ int runSaveAs(const Options& options)
 {
   DrawingDocument document;
   QString error;
-  if (!readDxf(options.drawing, document, &error) || !writeDxf(options.saveAs, document, &error))
+  if (!readDxf(options.drawing, document, &error))
+  {
+    std::fprintf(stderr, "propwidgets-demo: %s\n", qPrintable(error));
+    return 1;
+  }
+  if (options.setColour > 0)
+  {
+    std::vector<DrawingEntity> edited = document.entities();
+    for (DrawingEntity& entity : edited)
+      entity.color.setColorIndex(OdInt16(options.setColour));
+    document.replaceEntities(edited);
+  }
+  if (!writeDxf(options.saveAs, document, &error))
   {
     std::fprintf(stderr, "propwidgets-demo: %s\n", qPrintable(error));
     return 1;
@@ -131,7 +153,7 @@ private:
 
 const char kUsage[] =
   "usage: propwidgets-demo [FILE.dxf] [--theme dark|light] [--mixed] [--lang de] [--screenshot FILE.png] [--catalogue]\n"
-  "       propwidgets-demo --save-as OUT.dxf IN.dxf\n";
+  "       propwidgets-demo --save-as OUT.dxf IN.dxf [--set-colour INDEX]\n";
 
 /** The control catalogue over the invented bag, as the demo was before it edited drawings. */
 int runCatalogue(QApplication& app, const Options& options)
