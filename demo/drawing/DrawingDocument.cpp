@@ -83,6 +83,7 @@ void DrawingDocument::addEntities(std::vector<DrawingEntity> entities)
     return;
   }
   m_entities = std::move(entities);
+  m_indexOfHandle.reserve(m_entities.size());
   // the file's own handles first, so that an entity without one takes none of theirs
   for (std::size_t i = 0; i < m_entities.size(); ++i)
   {

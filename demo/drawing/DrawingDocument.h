@@ -7,6 +7,7 @@
 #include <QVector>
 #include <limits>
 #include <map>
+#include <unordered_map>
 #include <memory>
 #include <vector>
 
@@ -130,7 +131,7 @@ Q_SIGNALS:
 private:
   std::unique_ptr<OdDbDatabase> m_database;
   std::vector<DrawingEntity> m_entities;
-  std::map<quint64, std::size_t> m_indexOfHandle;
+  std::unordered_map<quint64, std::size_t> m_indexOfHandle;
   std::map<QString, DrawingBlock> m_blocks;
   std::map<QString, DrawingTextStyle> m_textStyles;
   std::map<QString, double> m_headerReals;
