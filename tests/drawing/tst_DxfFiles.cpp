@@ -227,7 +227,10 @@ private Q_SLOTS:
   void readsWhatTheFileSays()
   {
     // GIVEN a drawing written by hand, as other programs write them
-    const QByteArray dxf = "  0\nSECTION\n  2\nTABLES\n"
+    const QByteArray dxf = "  0\nSECTION\n  2\nHEADER\n  9\n$LTSCALE\n 40\n2.5\n  9\n$EXTMIN\n 10\n-1.0\n 20\n-2.0\n  0\nENDSEC\n"
+                           "  0\nSECTION\n  2\nTABLES\n"
+                           "  0\nTABLE\n  2\nSTYLE\n  0\nSTYLE\n  2\nCyr\n 70\n0\n 40\n0.0\n 41\n0.8\n 50\n15.0\n  3\ncyrillic.shx\n"
+                           "  0\nENDTAB\n"
                            "  0\nTABLE\n  2\nLTYPE\n"
                            "  0\nLTYPE\n  2\nDASHDOT\n  3\nDash dot\n 72\n65\n 73\n3\n 40\n10.0\n 49\n6.0\n 49\n-2.0\n 49\n0.0\n"
                            "  0\nENDTAB\n"
@@ -241,6 +244,12 @@ private Q_SLOTS:
                            "  0\nCIRCLE\n  8\nNowhere\n 10\n0.0\n 20\n0.0\n 40\n2.0\n"
                            "  0\nHATCH\n  8\nWalls\n"
                            "  0\nLINE\n 67\n1\n  8\nWalls\n 10\n0.0\n 20\n0.0\n 11\n1.0\n 21\n1.0\n"
+                           "  0\nTEXT\n  8\n0\n 10\n1.0\n 20\n2.0\n 40\n2.5\n  1\nNote\n  7\nCyr\n 41\n0.9\n 72\n4\n"
+                           " 11\n5.0\n 21\n6.0\n 73\n2\n"
+                           "  0\nINSERT\n  8\n0\n 66\n1\n  2\nB\n 10\n0.0\n 20\n0.0\n"
+                           "  0\nATTRIB\n  8\n0\n 10\n0.0\n 20\n0.0\n 40\n1.0\n  1\nR1\n  2\nREF\n 70\n0\n"
+                           "  0\nSEQEND\n  8\n0\n"
+                           "  0\n3DFACE\n  8\n0\n 10\n0.0\n 20\n0.0\n"
                            "  0\nENDSEC\n  0\nEOF\n";
     QTemporaryDir dir;
     const QString path = fileWith(dir, dxf);
@@ -270,10 +279,25 @@ private Q_SLOTS:
     QCOMPARE(dashDot->dashLengthAt(1), -2.0);
 
     // AND the entities too, each in its place: the hatch, and the line in paper space, which the canvas skips
-    QCOMPARE(int(document.entities().size()), 4);
-    QCOMPARE(skipped, 1);
+    QCOMPARE(int(document.entities().size()), 7);
+    QCOMPARE(skipped, 2);
     QCOMPARE(int(document.entities()[2].kind), int(EntityKind::Hatch));
     QVERIFY(document.entities()[3].paperSpace && !document.entities()[0].paperSpace);
+    // AND a text's style and alignment, an insert's attributes, a kind the model does not know, in their places
+    const DrawingEntity& text = document.entities()[4];
+    QCOMPARE(text.style, QStringLiteral("Cyr"));
+    QCOMPARE(text.widthFactor, 0.9);
+    QCOMPARE(text.horizontalAlignment * 10 + text.verticalAlignment, 42);
+    QCOMPARE(text.points.at(1).y, 6.0);
+    const DrawingEntity& insert = document.entities()[5];
+    QCOMPARE(int(insert.details().attributes.size()), 1);
+    QCOMPARE(insert.details().attributes[0].blockName + insert.details().attributes[0].text, QStringLiteral("REFR1"));
+    QCOMPARE(document.entities()[6].typeName, QStringLiteral("3DFACE"));
+    // AND the header's numbers and the text styles
+    QCOMPARE(document.headerReal(QStringLiteral("$LTSCALE"), 0.0), 2.5);
+    QCOMPARE(document.headerReal(QStringLiteral("$EXTMIN/20"), 0.0), -2.0);
+    QCOMPARE(document.textStyles().at(QStringLiteral("Cyr")).font, QStringLiteral("cyrillic.shx"));
+    QCOMPARE(document.textStyles().at(QStringLiteral("Cyr")).widthFactor, 0.8);
     const DrawingEntity& line = document.entities()[0];
     QCOMPARE(line.handle, quint64(0x2F));
     QCOMPARE(nameOf(db, line.layer), QStringLiteral("Walls"));
@@ -351,6 +375,62 @@ private Q_SLOTS:
     qInfo("%d drawings, %lld entities, %.1f ms per drawing to open, save, edit, save and reopen", int(paths.size()),
           entities, double(clock.elapsed()) / paths.size());
     QVERIFY2(failures.isEmpty(), qPrintable(failures.mid(0, 5).join(QLatin1Char('\n'))));
+  }
+
+  void everyKindIsRead_data()
+  {
+    QTest::addColumn<QString>("file");
+    QTest::addColumn<int>("kind");
+    QTest::addColumn<int>("count");
+    // what the parts library's drawings hold, counted in the model space and every block
+    QTest::newRow("ellipses") << QStringLiteral("elektro/power/pe25.dxf") << int(EntityKind::Ellipse) << 56;
+    QTest::newRow("splines") << QStringLiteral("plan/air_water/aw21.dxf") << int(EntityKind::Spline) << 15;
+    QTest::newRow("hatches") << QStringLiteral("misc/a3.dxf") << int(EntityKind::Hatch) << -1;
+    QTest::newRow("points") << QStringLiteral("elektro/transistor/vt17.dxf") << int(EntityKind::Point) << -1;
+    QTest::newRow("image") << QStringLiteral("plan/architect/Complete-Lib-V.dxf") << int(EntityKind::Image) << 1;
+  }
+
+  void everyKindIsRead()
+  {
+    QFETCH(QString, file);
+    QFETCH(int, kind);
+    QFETCH(int, count);
+    const QString path = QStringLiteral("/usr/share/librecad/library/") + file;
+    if (!QFile::exists(path))
+      QSKIP("the parts library is not installed");
+    DrawingDocument document;
+    QString error;
+    QVERIFY2(readDxf(path, document, &error), qPrintable(error));
+    std::vector<const DrawingEntity*> found;
+    const auto collect = [&](const std::vector<DrawingEntity>& entities) {
+      for (const DrawingEntity& e : entities)
+        if (int(e.kind) == kind)
+          found.push_back(&e);
+    };
+    collect(document.entities());
+    for (const auto& block : document.blocks())
+      collect(block.second.entities);
+    if (count < 0)
+      QVERIFY(!found.empty());
+    else
+      QCOMPARE(int(found.size()), count);
+    for (const DrawingEntity* e : found)
+      switch (e->kind)
+      {
+      case EntityKind::Hatch:
+        QVERIFY(!e->details().loops.empty() && e->details().loops.front().points.size() >= 3);
+        break;
+      case EntityKind::Image:
+        QCOMPARE(e->details().imageFile, QStringLiteral("I:\\SHARED\\COLEG.BMP"));
+        QCOMPARE(e->details().pixelsWide, 88.0);
+        break;
+      case EntityKind::Spline:
+        QVERIFY(e->points.size() > std::size_t(e->details().degree));
+        break;
+      default:
+        QVERIFY(e->points.size() >= 1);
+        break;
+      }
   }
 
   void editChangesOnlyItsGroups_data()
