@@ -5,6 +5,7 @@
 #include <QObject>
 #include <QString>
 #include <QVector>
+#include <algorithm>
 #include <limits>
 #include <map>
 #include <unordered_map>
@@ -69,6 +70,8 @@ public:
   const DrawingEntity* entity(quint64 handle) const;
   /** Adds at the end; a handle that is taken or not keepsHandle() is replaced by a new one. Returns the handle. */
   quint64 addEntity(DrawingEntity entity);
+  /** New entities take handles above @p handle: a file's tables and objects have handles of their own. */
+  void reserveHandlesUpTo(quint64 handle) { m_lastHandle = std::max(m_lastHandle, handle); }
   /** Adds them all at the end, handles as addEntity() gives them; a reader's million entities move in whole. */
   void addEntities(std::vector<DrawingEntity> entities);
   /**

@@ -49,16 +49,6 @@ public:
     const DxfGroup* g = takeIf(code);
     return g ? g->number : fallback;
   }
-  /** A point of X, Y (and Z) groups @p code, @p code + 10 (, @p code + 20). */
-  DrawingPoint point(int code)
-  {
-    DrawingPoint p;
-    p.x = real(code);
-    p.y = real(code + 10);
-    p.z = real(code + 20);
-    return p;
-  }
-
 private:
   const std::vector<DxfGroup>& m_groups;
   std::size_t m_at;

@@ -29,8 +29,6 @@ public:
 
   /** How a dimension type's points (DrawingEntity::points) are coded in its record: group codes of their X. */
   static std::vector<int> dimensionPointCodes(int dimensionType);
-  /** The codes of the X of the four corners of a solid or a trace, in file order. */
-  static constexpr int kCornerCodes[4] = {10, 11, 12, 13};
 
   /** A handle as the file writes it (hex), or 0. */
   static quint64 handleOf(std::string_view text);

@@ -141,11 +141,6 @@ bool DxfGroupScanner::holdsNumber(int code)
   return kindOf(code) != ValueKind::Text;
 }
 
-bool DxfGroupScanner::holdsReal(int code)
-{
-  return kindOf(code) == ValueKind::Real;
-}
-
 bool DxfGroupScanner::next(DxfGroup& group)
 {
   if (m_done || !m_fault.isEmpty())

@@ -51,7 +51,6 @@ public:
 
   /** Whether a group of @p code holds a number (real or whole) in the file format. */
   static bool holdsNumber(int code);
-  static bool holdsReal(int code);
 
 private:
   bool readLine(std::string_view& line);

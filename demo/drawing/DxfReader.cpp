@@ -233,6 +233,8 @@ public:
     for (auto& [name, block] : m_blocks)
       m_document.block(name) = std::move(block);
     m_document.addEntities(std::move(m_modelSpace));
+    if (m_handleSeed > 1 && DrawingDocument::keepsHandle(m_handleSeed))
+      m_document.reserveHandlesUpTo(m_handleSeed - 1);
     m_document.setSource(std::move(m_source));
   }
 
@@ -300,6 +302,8 @@ private:
         continue;
       if (variable == QLatin1String("$ACADVER") && g.code == 1)
         source.version = QByteArray(g.value.data(), int(g.value.size())).trimmed();
+      if (variable == QLatin1String("$HANDSEED") && g.code == 5)
+        m_handleSeed = DxfEntityDecoder::handleOf(g.value);
       if (DxfGroupScanner::holdsNumber(g.code))
       {
         // a point's further coordinates under the variable's name and their code: "$EXTMIN/20"
@@ -464,6 +468,7 @@ private:
   OdDbObjectId m_lastLayerId;
   std::map<std::string, QString> m_imageFiles;
   std::vector<DrawingEntity> m_noAttributes;
+  quint64 m_handleSeed = 0;
 };
 
 bool fail(QString* error, const QString& message)

@@ -121,7 +121,8 @@ enum class Edit
   ColourAndEnd,
   Alignment,
   TrueColour,
-  AddVertex
+  AddVertex,
+  NewLine
 };
 
 /** An edit of every kind's own values, as the palette makes them; the @p index varies the colour. */
@@ -458,6 +459,10 @@ private Q_SLOTS:
                                            << int(Edit::TrueColour)
                                            << QByteArray("0\r\nTEXT\r\n8\r\n0\r\n62\r\n1\r\n10\r\n1.0\r\n20\r\n2.0\r\n"
                                                          "40\r\n2.5\r\n1\r\nNote\r\n");
+    // an entity added to a read drawing is written in the file's form, under a handle of its own
+    QTest::newRow("new line") << line << int(Edit::NewLine)
+                              << line + "  0\nLINE\n  5\n2B\n100\nAcDbEntity\n  8\n0\n 62\n     1\n100\nAcDbLine\n"
+                                        " 10\n0.0\n 20\n0.0\n 11\n1.0\n 21\n1.0\n";
     // a vertex count of its own: the vertices are written anew where they were, the count and width kept in place
     QTest::newRow("light polyline grows")
         << QByteArray("  0\nLWPOLYLINE\n  5\n2C\n100\nAcDbEntity\n  8\n0\n100\nAcDbPolyline\n 90\n2\n 70\n0\n"
@@ -510,6 +515,14 @@ private Q_SLOTS:
       e.points.push_back({1.0, 1.0, 0.0});
       e.bulges = {0.0, 0.0, 0.5};
       break;
+    case Edit::NewLine:
+    {
+      DrawingEntity added;
+      added.points = {{0.0, 0.0, 0.0}, {1.0, 1.0, 0.0}};
+      added.color.setColorIndex(1);
+      document.addEntity(added);
+      break;
+    }
     }
     document.replaceEntities({e});
     const QString saved = dir.filePath(QStringLiteral("saved.dxf"));
