@@ -6,8 +6,12 @@
 class DrawingDocument;
 
 /**
- * Writes @p document as a DXF drawing (AutoCAD 2000 text format) to @p path:
- * its layers, linetypes, blocks and entities with every property they carry,
+ * Writes @p document as a DXF drawing to @p path. A drawing read from a file
+ * is written in that file's form and version: all but its model-space
+ * entities as read, each entity's record as read with its edits worked in,
+ * so an unedited drawing writes the bytes it was read from. A drawing made in
+ * code is written whole in AutoCAD 2000 text format through dxflib: its
+ * layers, linetypes, blocks and entities with the properties dxflib writes,
  * entity handles included. The same document always gives the same bytes.
  * False, with a message in @p error (when given), when the file cannot be written.
  */
