@@ -123,10 +123,14 @@ void DrawingDocument::replaceEntities(const std::vector<DrawingEntity>& changed)
     if (found == m_indexOfHandle.end())
       continue;
     DrawingEntity& stored = m_entities[found->second];
-    const DrawingEntity was = std::exchange(stored, entity);
-    stored.recordBegin = was.recordBegin;
-    stored.recordSize = was.recordSize;
-    stored.paperSpace = was.paperSpace;
+    // the given entity may be the stored one itself
+    const quint32 recordBegin = stored.recordBegin;
+    const quint32 recordSize = stored.recordSize;
+    const bool paperSpace = stored.paperSpace;
+    stored = entity;
+    stored.recordBegin = recordBegin;
+    stored.recordSize = recordSize;
+    stored.paperSpace = paperSpace;
     stored.edited = true;
     handles.append(entity.handle);
   }

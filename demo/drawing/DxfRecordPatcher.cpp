@@ -612,10 +612,11 @@ void DxfRecordPatcher::applyHatch(const Part& p, const DrawingEntity& original, 
     const Part l{line - 1};
     if (a.angle != b.angle)
       replace(line, numberText(b.angle));
-    setPoint(l, 43, {a.base.x, 0, 0}, {b.base.x, 0, 0}, {53});
-    setPoint(l, 44, {a.base.y, 0, 0}, {b.base.y, 0, 0}, {43});
-    setPoint(l, 45, {a.offset.x, 0, 0}, {b.offset.x, 0, 0}, {44});
-    setPoint(l, 46, {a.offset.y, 0, 0}, {b.offset.y, 0, 0}, {45});
+    const std::pair<double, double> values[] = {
+        {a.base.x, b.base.x}, {a.base.y, b.base.y}, {a.offset.x, b.offset.x}, {a.offset.y, b.offset.y}};
+    for (int k = 0; k < 4; ++k)
+      if (values[k].first != values[k].second)
+        setNumber(l, 43 + k, values[k].second, {42 + k, 53});
     if (a.dashes.size() == b.dashes.size())
       for (std::size_t d = 0; d < b.dashes.size(); ++d)
         if (const int dash = find(l, 49, int(d)); dash >= 0 && a.dashes[d] != b.dashes[d])

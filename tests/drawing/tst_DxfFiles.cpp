@@ -354,6 +354,14 @@ private Q_SLOTS:
         fail(QStringLiteral("the unedited save differs from the file"));
         continue;
       }
+      // AND so it is after every entity was edited back to what it was, as an undo does
+      document.replaceEntities(document.entities());
+      if (!writeDxf(saved, document, &error) || contentsOf(saved) != contentsOf(path))
+      {
+        fail(QStringLiteral("an edit taken back changes the save"));
+        QFile::copy(saved, QStringLiteral("/tmp/fsave/undo-") + QFileInfo(path).fileName());
+        continue;
+      }
 
       // WHEN every entity is edited: its colour, and what its kind has to change
       std::vector<DrawingEntity> edited = document.entities();
