@@ -2,10 +2,16 @@
 // does, and shows a drawing with the property palette of its selection.
 //
 //   propwidgets-demo [FILE.dxf] [--theme dark|light] [--mixed] [--lang de] [--screenshot FILE.png] [--catalogue]
+//   propwidgets-demo --save-as OUT.dxf IN.dxf [--set-colour INDEX]
 //
 // Without a file it opens a sample drawing with every kind of entity. --mixed
 // selects entities whose values partly differ. --catalogue shows the panel of
 // every control kind over an invented bag instead of a drawing.
+//
+// --save-as opens IN.dxf and saves it as OUT.dxf, without a window, for
+// scripts and tests: status 0 when saved, 1 with the reason on stderr.
+// --set-colour gives every entity of the model space that palette colour
+// first, an edit a script can check the save of.
 //
 // Without a display it renders offscreen, writes pictures of both themes,
 // both forms of the palette and a double-density picture, and prints where
@@ -13,7 +19,10 @@
 
 #include "DemoBag.h"
 #include "DemoWindow.h"
+#include "DrawingDocument.h"
 #include "DrawingEditorWindow.h"
+#include "DxfReader.h"
+#include "DxfWriter.h"
 #include "HostDocManager.h"
 #include "HostQtStyleManager.h"
 #include "OdRxDynamicLinker.h"
@@ -26,6 +35,7 @@
 #include <QTranslator>
 #include <QStyleFactory>
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
 
 namespace
@@ -40,6 +50,8 @@ struct Options
   QString drawing;
   bool catalogue = false;
   bool headless = false;
+  QString saveAs;
+  int setColour = -1;
 };
 
 bool parse(int argc, char** argv, Options& options)
@@ -61,6 +73,14 @@ bool parse(int argc, char** argv, Options& options)
       options.screenshot = QString::fromLocal8Bit(argv[++i]);
     else if (!std::strcmp(arg, "--lang") && i + 1 < argc)
       options.language = QString::fromLocal8Bit(argv[++i]);
+    else if (!std::strcmp(arg, "--save-as") && i + 1 < argc)
+      options.saveAs = QString::fromLocal8Bit(argv[++i]);
+    else if (!std::strcmp(arg, "--set-colour") && i + 1 < argc)
+    {
+      options.setColour = std::atoi(argv[++i]);
+      if (options.setColour < 1 || options.setColour > 255)
+        return false;
+    }
     else if (!std::strcmp(arg, "--mixed"))
       options.mixed = true;
     else if (!std::strcmp(arg, "--catalogue"))
@@ -70,7 +90,32 @@ bool parse(int argc, char** argv, Options& options)
     else
       return false;
   }
-  return true;
+  return options.saveAs.isEmpty() ? options.setColour < 0 : !options.drawing.isEmpty();
+}
+
+/** Opens the drawing and saves it under another name, as File > Save As does, with no window. */
+int runSaveAs(const Options& options)
+{
+  DrawingDocument document;
+  QString error;
+  if (!readDxf(options.drawing, document, &error))
+  {
+    std::fprintf(stderr, "propwidgets-demo: %s\n", qPrintable(error));
+    return 1;
+  }
+  if (options.setColour > 0)
+  {
+    std::vector<DrawingEntity> edited = document.entities();
+    for (DrawingEntity& entity : edited)
+      entity.color.setColorIndex(OdInt16(options.setColour));
+    document.replaceEntities(edited);
+  }
+  if (!writeDxf(options.saveAs, document, &error))
+  {
+    std::fprintf(stderr, "propwidgets-demo: %s\n", qPrintable(error));
+    return 1;
+  }
+  return 0;
 }
 
 /**
@@ -107,7 +152,8 @@ private:
 };
 
 const char kUsage[] =
-  "usage: propwidgets-demo [FILE.dxf] [--theme dark|light] [--mixed] [--lang de] [--screenshot FILE.png] [--catalogue]\n";
+  "usage: propwidgets-demo [FILE.dxf] [--theme dark|light] [--mixed] [--lang de] [--screenshot FILE.png] [--catalogue]\n"
+  "       propwidgets-demo --save-as OUT.dxf IN.dxf [--set-colour INDEX]\n";
 
 /** The control catalogue over the invented bag, as the demo was before it edited drawings. */
 int runCatalogue(QApplication& app, const Options& options)
@@ -257,6 +303,11 @@ int main(int argc, char** argv)
   {
     std::fputs(kUsage, stderr);
     return 2;
+  }
+  if (!options.saveAs.isEmpty())
+  {
+    QCoreApplication app(argc, argv);
+    return runSaveAs(options);
   }
   const bool noDisplay = qEnvironmentVariableIsEmpty("DISPLAY") && qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
   options.headless = noDisplay && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM");

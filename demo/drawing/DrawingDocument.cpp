@@ -74,6 +74,40 @@ quint64 DrawingDocument::addEntity(DrawingEntity entity)
   return m_entities.back().handle;
 }
 
+void DrawingDocument::addEntities(std::vector<DrawingEntity> entities)
+{
+  if (!m_entities.empty())
+  {
+    for (DrawingEntity& entity : entities)
+      addEntity(std::move(entity));
+    return;
+  }
+  m_entities = std::move(entities);
+  m_indexOfHandle.reserve(m_entities.size());
+  // the file's own handles first, so that an entity without one takes none of theirs
+  for (std::size_t i = 0; i < m_entities.size(); ++i)
+  {
+    DrawingEntity& entity = m_entities[i];
+    if (keepsHandle(entity.handle) && m_indexOfHandle.emplace(entity.handle, i).second)
+      m_lastHandle = std::max(m_lastHandle, entity.handle);
+    else
+      entity.handle = 0;
+  }
+  for (std::size_t i = 0; i < m_entities.size(); ++i)
+  {
+    DrawingEntity& entity = m_entities[i];
+    if (entity.handle == 0)
+    {
+      entity.handle = ++m_lastHandle;
+      m_indexOfHandle[entity.handle] = i;
+    }
+    if (entity.layer.isNull())
+      entity.layer = m_database->getLayerZeroId();
+    if (entity.linetype.isNull())
+      entity.linetype = m_database->getLinetypeByLayerId();
+  }
+}
+
 quint64 DrawingDocument::drawnEntityCount(quint64 limit) const
 {
   return DrawnEntityCounter(m_blocks, limit).count(m_entities, 0);
@@ -88,7 +122,12 @@ void DrawingDocument::replaceEntities(const std::vector<DrawingEntity>& changed)
     const auto found = m_indexOfHandle.find(entity.handle);
     if (found == m_indexOfHandle.end())
       continue;
-    m_entities[found->second] = entity;
+    DrawingEntity& stored = m_entities[found->second];
+    const DrawingEntity was = std::exchange(stored, entity);
+    stored.recordBegin = was.recordBegin;
+    stored.recordSize = was.recordSize;
+    stored.paperSpace = was.paperSpace;
+    stored.edited = true;
     handles.append(entity.handle);
   }
   if (!handles.isEmpty())
@@ -105,6 +144,7 @@ void DrawingDocument::clear()
   m_headerReals.clear();
   m_lastHandle = 0;
   m_fileName.clear();
+  m_source = DrawingSource();
   Q_EMIT documentReset();
 }
 
@@ -118,6 +158,7 @@ void DrawingDocument::takeContents(DrawingDocument& other)
   m_headerReals = std::exchange(other.m_headerReals, {});
   m_lastHandle = std::exchange(other.m_lastHandle, 0);
   m_fileName = std::exchange(other.m_fileName, QString());
+  m_source = std::exchange(other.m_source, DrawingSource());
   Q_EMIT other.documentReset();
   Q_EMIT documentReset();
 }

@@ -7,6 +7,7 @@
 #include <QVector>
 #include <limits>
 #include <map>
+#include <unordered_map>
 #include <memory>
 #include <vector>
 
@@ -27,6 +28,24 @@ struct DrawingTextStyle
   double widthFactor = 1.0;
   /** In degrees. */
   double oblique = 0.0;
+};
+
+/** The file a document was read from, kept to be written again as it was, but for the entities' edits. */
+struct DrawingSource
+{
+  /** The file's bytes; shared, never copied. */
+  QByteArray bytes;
+  /** Where the model-space entities are: from the first entity's record to the end of its section. */
+  int entitiesBegin = -1;
+  int entitiesEnd = -1;
+  /** Where an entities section goes when the file has none (before its objects, or its end). */
+  int entitiesPlace = -1;
+  /** The file's version, as its header's $ACADVER gives it ("AC1009" for R12, "AC1015" for 2000...). */
+  QByteArray version;
+  /** The line end the file uses. */
+  QByteArray lineEnd = "\n";
+
+  bool isEmpty() const { return bytes.isEmpty(); }
 };
 
 /**
@@ -50,6 +69,8 @@ public:
   const DrawingEntity* entity(quint64 handle) const;
   /** Adds at the end; a handle that is taken or not keepsHandle() is replaced by a new one. Returns the handle. */
   quint64 addEntity(DrawingEntity entity);
+  /** Adds them all at the end, handles as addEntity() gives them; a reader's million entities move in whole. */
+  void addEntities(std::vector<DrawingEntity> entities);
   /**
    * Whether a handle can be an entity's: not zero, and not in the top half
    * of the range, where the new handles counting on from it would run out.
@@ -72,6 +93,10 @@ public:
   }
   void setHeaderReal(const QString& variable, double value) { m_headerReals[variable] = value; }
 
+  /** The file the document was read from; empty for a drawing made in code. */
+  const DrawingSource& source() const { return m_source; }
+  void setSource(DrawingSource source) { m_source = std::move(source); }
+
   /** Inserts nested deeper than this are a loop in the drawing, not a design, and are not drawn. */
   static constexpr int kMaxBlockDepth = 8;
   /**
@@ -82,7 +107,11 @@ public:
    */
   quint64 drawnEntityCount(quint64 limit) const;
 
-  /** Puts the given entities in place of those with the same handles; unknown handles are skipped. */
+  /**
+   * Puts the given entities in place of those with the same handles, marked
+   * edited, where they were read from and in which space staying as they
+   * were; unknown handles are skipped.
+   */
   void replaceEntities(const std::vector<DrawingEntity>& changed);
 
   /** Drops everything and starts from a new database. */
@@ -102,10 +131,11 @@ Q_SIGNALS:
 private:
   std::unique_ptr<OdDbDatabase> m_database;
   std::vector<DrawingEntity> m_entities;
-  std::map<quint64, std::size_t> m_indexOfHandle;
+  std::unordered_map<quint64, std::size_t> m_indexOfHandle;
   std::map<QString, DrawingBlock> m_blocks;
   std::map<QString, DrawingTextStyle> m_textStyles;
   std::map<QString, double> m_headerReals;
   quint64 m_lastHandle = 0;
   QString m_fileName;
+  DrawingSource m_source;
 };

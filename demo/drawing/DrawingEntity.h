@@ -172,6 +172,17 @@ struct DrawingEntity
   /** Other: the entity's type as the file names it (e.g. "3DFACE"). */
   QString typeName;
 
+  /** In paper space (a layout sheet): kept and saved, but not part of the model the canvas shows. */
+  bool paperSpace = false;
+  /**
+   * Whether the entity changed since it was read (DrawingDocument::replaceEntities
+   * says so); a save then works its changes into the record it was read from.
+   */
+  bool edited = false;
+  /** Where the entity's record is in the document's source (DrawingDocument::source()); size 0 for none. */
+  quint32 recordBegin = 0;
+  quint32 recordSize = 0;
+
   /** Null unless the kind needs it; see DrawingEntityDetail. */
   std::shared_ptr<DrawingEntityDetail> detail;
   const DrawingEntityDetail& details() const;

@@ -1,9 +1,9 @@
 #include "DxfGroupScanner.h"
 
-#include "DxfStrings.h"
 #include <QCoreApplication>
-#include <algorithm>
+#include <charconv>
 #include <cmath>
+#include <cstring>
 #include <limits>
 
 namespace
@@ -41,9 +41,9 @@ ValueKind kindOf(int code)
 }
 
 /** A value as a message quotes it: a long one cut short. */
-QString quoted(const std::string& value)
+QString quoted(std::string_view value)
 {
-  const QString text = QString::fromLatin1(QByteArray::fromStdString(value)).trimmed();
+  const QString text = QString::fromLatin1(value.data(), int(value.size())).trimmed();
   return text.size() > 40 ? text.left(37) + QStringLiteral("...") : text;
 }
 
@@ -52,15 +52,28 @@ bool isDigit(char c)
   return c >= '0' && c <= '9';
 }
 
-/**
- * Whether @p text is a decimal number as dxflib reads one (a comma may stand
- * for the point): dxflib reads "nan", "0x10" or "1e" as zero or less than the
- * file says, so those are not numbers here.
- */
-bool isDecimal(const QByteArray& text)
+bool isBlank(char c)
 {
-  int i = 0;
-  const int n = text.size();
+  return c == ' ' || c == '\t' || c == '\r';
+}
+
+std::string_view trimmed(std::string_view text)
+{
+  while (!text.empty() && isBlank(text.front()))
+    text.remove_prefix(1);
+  while (!text.empty() && isBlank(text.back()))
+    text.remove_suffix(1);
+  return text;
+}
+
+/**
+ * Whether @p text is a decimal number (a comma may stand for the point):
+ * "nan", "0x10" or "1e" are not numbers of a drawing.
+ */
+bool isDecimal(std::string_view text)
+{
+  std::size_t i = 0;
+  const std::size_t n = text.size();
   if (i < n && (text[i] == '+' || text[i] == '-'))
     ++i;
   int digits = 0;
@@ -85,115 +98,133 @@ bool isDecimal(const QByteArray& text)
   return i == n;
 }
 
-bool isWhole(const QByteArray& text)
+bool isWhole(std::string_view text)
 {
-  const int start = !text.isEmpty() && (text[0] == '+' || text[0] == '-') ? 1 : 0;
-  return text.size() > start && std::all_of(text.begin() + start, text.end(), isDigit);
+  const std::size_t start = !text.empty() && (text[0] == '+' || text[0] == '-') ? 1 : 0;
+  if (text.size() <= start)
+    return false;
+  for (std::size_t i = start; i < text.size(); ++i)
+    if (!isDigit(text[i]))
+      return false;
+  return true;
 }
 
-bool isPrintableAscii(const std::string& value)
+/** Reads a checked decimal; from_chars takes neither a plus sign nor a comma. */
+double decimalOf(std::string_view text)
 {
-  return std::all_of(value.begin(), value.end(), [](char c) { return c >= 0x20 && c < 0x7F; });
+  char buffer[64];
+  if (text.size() < sizeof buffer && (text.front() == '+' || text.find(',') != std::string_view::npos))
+  {
+    std::size_t n = 0;
+    for (char c : text)
+      if (c != '+' || n > 0)
+        buffer[n++] = c == ',' ? '.' : c;
+    text = std::string_view(buffer, n);
+  }
+  double value = 0.0;
+  const auto result = std::from_chars(text.data(), text.data() + text.size(), value);
+  // a number too small for a double is zero to a drawing
+  if (result.ec == std::errc::result_out_of_range)
+    return std::abs(value) < 1.0 ? 0.0 : std::numeric_limits<double>::infinity();
+  return value;
 }
 
 } // namespace
 
-DxfGroupScanner::DxfGroupScanner(const QByteArray& data) : m_data(data), m_lineCount(int(data.count('\n')) + 1) {}
+DxfGroupScanner::DxfGroupScanner(const QByteArray& data, int begin, int end)
+    : m_data(data.constData()), m_pos(begin), m_end(end < 0 ? int(data.size()) : end)
+{
+}
+
+bool DxfGroupScanner::holdsNumber(int code)
+{
+  return kindOf(code) != ValueKind::Text;
+}
+
+bool DxfGroupScanner::holdsReal(int code)
+{
+  return kindOf(code) == ValueKind::Real;
+}
 
 bool DxfGroupScanner::next(DxfGroup& group)
 {
   if (m_done || !m_fault.isEmpty())
     return false;
-  QByteArray codeLine;
-  QByteArray valueLine;
+  group.begin = m_pos;
+  std::string_view codeLine;
   if (!readLine(codeLine))
     return false;
   group.line = m_line;
-  // dxflib takes the code with blanks around it, and a value without them
-  bool ok = false;
-  group.code = codeLine.trimmed().toInt(&ok);
-  if (!ok || group.code < 0 || group.code > 1071)
-    return fail(tr("\"%1\" is not a group code").arg(quoted(codeLine.toStdString())));
+  const std::string_view code = trimmed(codeLine);
+  int value = -1;
+  const auto parsed = std::from_chars(code.data(), code.data() + code.size(), value);
+  if (code.empty() || parsed.ptr != code.data() + code.size() || parsed.ec != std::errc() || value < 0 || value > 1071)
+    return fail(tr("\"%1\" is not a group code").arg(quoted(codeLine)));
+  group.code = value;
+  std::string_view valueLine;
   if (!readLine(valueLine))
     return false;
-  while (valueLine.endsWith('\r'))
-    valueLine.chop(1);
-  group.value = valueLine.toStdString();
+  while (!valueLine.empty() && valueLine.back() == '\r')
+    valueLine.remove_suffix(1);
+  group.value = valueLine;
+  group.end = m_pos;
   if (!checkValue(group))
     return false;
   if (group.code == 9 || group.code == 0)
     m_inVariable = group.code == 9;
-  if (group.code == 0)
-  {
-    m_object = group.value;
-    // what follows the end (a DOS end-of-file mark, padding) is no part of the drawing
-    m_done = group.value == "EOF";
-  }
+  // what follows the end (a DOS end-of-file mark, padding) is no part of the drawing
+  if (group.code == 0 && group.value == "EOF")
+    m_done = true;
   return true;
 }
 
-bool DxfGroupScanner::readLine(QByteArray& line)
+bool DxfGroupScanner::readLine(std::string_view& line)
 {
-  if (m_pos >= m_data.size())
+  if (m_pos >= m_end)
     return false;
-  int end = m_data.indexOf('\n', m_pos);
-  if (end < 0)
-    end = m_data.size();
+  const char* start = m_data + m_pos;
+  const void* found = std::memchr(start, '\n', std::size_t(m_end - m_pos));
+  const int end = found ? int(static_cast<const char*>(found) - m_data) : m_end;
   ++m_line;
-  line = m_data.mid(m_pos, end - m_pos);
-  m_pos = end + 1;
-  if (line.size() > kMaxLineLength)
+  line = std::string_view(start, std::size_t(end - m_pos));
+  m_pos = std::min(end + 1, m_end);
+  if (line.size() > std::size_t(kMaxLineLength))
     return fail(tr("the line is longer than %1 characters").arg(kMaxLineLength));
-  if (line.contains('\0'))
+  if (std::memchr(line.data(), 0, line.size()))
     return fail(tr("the line holds a zero byte, which no text file does"));
   return true;
 }
 
-bool DxfGroupScanner::checkValue(const DxfGroup& group)
+bool DxfGroupScanner::checkValue(DxfGroup& group)
 {
-  const QByteArray text = QByteArray::fromStdString(group.value).replace(',', '.').trimmed();
-  switch (kindOf(group.code))
-  {
-  case ValueKind::Real:
+  group.number = 0.0;
+  const ValueKind kind = kindOf(group.code);
+  if (kind == ValueKind::Text)
+    return true;
+  const std::string_view text = trimmed(group.value);
+  if (kind == ValueKind::Real)
   {
     if (!isDecimal(text))
       return fail(tr("group %1 holds \"%2\", which is not a number").arg(group.code).arg(quoted(group.value)));
-    bool ok = false;
-    const double value = text.toDouble(&ok);
-    // Qt fails a number too small for a double, and reads it as zero, as dxflib does
-    ok = ok || value == 0.0;
+    const double value = decimalOf(text);
     // a header variable means nothing to the drawing, and some programs keep huge ones there
-    if (!ok || !std::isfinite(value) || (std::abs(value) > kLargestNumber && !m_inVariable))
+    if (!std::isfinite(value) || (std::abs(value) > kLargestNumber && !m_inVariable))
       return fail(tr("group %1 holds %2, more than a drawing can measure").arg(group.code).arg(quoted(group.value)));
+    group.number = value;
     return true;
   }
-  case ValueKind::Integer:
-  case ValueKind::Integer64:
+  long long value = 0;
+  bool ok = isWhole(text);
+  if (ok)
   {
-    bool ok = isWhole(text);
-    const qlonglong value = ok ? text.toLongLong(&ok) : 0;
-    if (!ok)
-      return fail(tr("group %1 holds \"%2\", which is not a whole number").arg(group.code).arg(quoted(group.value)));
-    if (kindOf(group.code) == ValueKind::Integer
-        && (value < std::numeric_limits<int>::min() || value > std::numeric_limits<int>::max()))
-      return fail(tr("group %1 holds %2, out of its range").arg(group.code).arg(quoted(group.value)));
-    // dxflib makes room for as many points as these counts say before it reads one
-    const bool isCount = (m_object == "LWPOLYLINE" && group.code == 90)
-                         || (m_object == "SPLINE" && group.code >= 72 && group.code <= 74)
-                         || (m_object == "LEADER" && group.code == 76);
-    if (isCount && value > (m_lineCount - m_line) / 2)
-      return fail(tr("group %1 counts %2 points, more than the rest of the file holds").arg(group.code).arg(value));
-    return true;
+    const std::string_view digits = text.front() == '+' ? text.substr(1) : text;
+    ok = std::from_chars(digits.data(), digits.data() + digits.size(), value).ec == std::errc();
   }
-  case ValueKind::Text:
-    break;
-  }
-  // Names and texts are saved with their characters beyond ASCII escaped, seven bytes each:
-  // what opens must save into lines that open again. A multi-line text is saved in pieces.
-  const bool kept = group.code == 1 || group.code == 2 || group.code == 3 || group.code == 6 || group.code == 8;
-  if (kept && m_object != "MTEXT" && !isPrintableAscii(group.value)
-      && toDxfString(fromDxfString(group.value)).size() > std::size_t(kMaxLineLength))
-    return fail(tr("group %1 holds a text too long to be saved again").arg(group.code));
+  if (!ok)
+    return fail(tr("group %1 holds \"%2\", which is not a whole number").arg(group.code).arg(quoted(group.value)));
+  if (kind == ValueKind::Integer && (value < std::numeric_limits<int>::min() || value > std::numeric_limits<int>::max()))
+    return fail(tr("group %1 holds %2, out of its range").arg(group.code).arg(quoted(group.value)));
+  group.number = double(value);
   return true;
 }
 

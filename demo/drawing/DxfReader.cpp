@@ -1,6 +1,7 @@
 #include "DxfReader.h"
 
 #include "DrawingDocument.h"
+#include "DxfEntityDecoder.h"
 #include "DxfGroupScanner.h"
 #include "DxfStrings.h"
 #include "OdDbDatabase.h"
@@ -11,14 +12,20 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QLocale>
-#include <QRegularExpression>
 #include <algorithm>
 #include <cmath>
-#include <dl_creationadapter.h>
-#include <dl_dxf.h>
-#include <exception>
-#include <optional>
-#include <sstream>
+#include <cstdint>
+#include <string>
+#include <unordered_map>
+#if defined(__linux__)
+#include <sys/mman.h>
+#endif
+
+// The file is read here group by group, not through dxflib: dxflib hands
+// over what it understood of an entity but not where its record is, so a save
+// could not write back what it did not understand; and fed a group at a time
+// through a stream, it took ten seconds where this takes one for a drawing of
+// a million entities. dxflib still writes the drawings made in code.
 
 namespace
 {
@@ -38,448 +45,425 @@ constexpr quint64 kMostDrawnByInserts = 1000000;
 constexpr quint64 kDrawnPerStoredEntity = 16;
 
 /**
- * The group values that dxflib does not hand over (visibility, the full
- * handle, lineweights as the file gives them), collected per entity. dxflib
- * reports an entity only when the next one starts, so the values of the
- * finished entity wait in a second set.
+ * Asks for the memory of a large buffer in large pages. A drawing of a
+ * million entities fills half a gigabyte at once; page by page, the first
+ * touches of it took longer than reading the file (virtual machines most).
  */
-struct CommonGroups
+void adviseLargePages(const void* data, std::size_t size)
 {
-  std::optional<std::string> handle;
-  std::optional<std::string> layer;
-  std::optional<std::string> linetype;
-  std::optional<int> color;
-  std::optional<int> trueColor;
-  std::optional<int> lineWeight;
-  std::optional<double> linetypeScale;
-  std::optional<int> flags;
-  bool invisible = false;
-  bool paperSpace = false;
-
-  void take(unsigned int code, const std::string& value)
-  {
-    // most groups are geometry that dxflib reads itself; only these are worth a copy
-    static const unsigned int wanted[] = {5, 6, 8, 48, 60, 62, 67, 70, 370, 420};
-    if (std::find(std::begin(wanted), std::end(wanted), code) == std::end(wanted))
-      return;
-    const QByteArray raw = QByteArray::fromStdString(value).trimmed();
-    bool ok = false;
-    switch (code)
-    {
-    case 5:
-      handle = raw.toStdString();
-      break;
-    case 8:
-      if (!layer)
-        layer = value;
-      break;
-    case 6:
-      linetype = value;
-      break;
-    case 62:
-      if (const int v = raw.toInt(&ok); ok)
-        color = v;
-      break;
-    case 420:
-      if (const int v = raw.toInt(&ok); ok)
-        trueColor = v;
-      break;
-    case 370:
-      if (const int v = raw.toInt(&ok); ok)
-        lineWeight = v;
-      break;
-    case 48:
-      if (const double v = raw.toDouble(&ok); ok && std::isfinite(v) && v > 0)
-        linetypeScale = v;
-      break;
-    case 60:
-      invisible = raw.toInt() != 0;
-      break;
-    case 67:
-      paperSpace = raw.toInt() != 0;
-      break;
-    case 70:
-      if (const int v = raw.toInt(&ok); ok)
-        flags = v;
-      break;
-    default:
-      break;
-    }
-  }
-};
-
-// Angles that went through radians on their way to the file come back off by
-// an ulp; the tenth decimal is far finer than any drawing needs.
-double snappedDegrees(double degrees)
-{
-  return std::round(degrees * 1e10) / 1e10;
+#if defined(__linux__) && defined(MADV_HUGEPAGE)
+  constexpr std::uintptr_t page = 4096;
+  const std::uintptr_t begin = (reinterpret_cast<std::uintptr_t>(data) + page - 1) & ~(page - 1);
+  const std::uintptr_t end = (reinterpret_cast<std::uintptr_t>(data) + size) & ~(page - 1);
+  if (size >= (std::size_t(8) << 20) && end > begin)
+    madvise(reinterpret_cast<void*>(begin), end - begin, MADV_HUGEPAGE);
+#else
+  Q_UNUSED(data)
+  Q_UNUSED(size)
+#endif
 }
 
-double radiansToDegrees(double radians)
-{
-  return snappedDegrees(radians * 180.0 / M_PI);
-}
-
-OdCmColor colorOf(const CommonGroups& groups)
-{
-  OdCmColor color(OdCmEntityColor::kByLayer);
-  if (groups.trueColor && *groups.trueColor >= 0)
-  {
-    const int rgb = *groups.trueColor;
-    color.setRGB(OdUInt8((rgb >> 16) & 0xFF), OdUInt8((rgb >> 8) & 0xFF), OdUInt8(rgb & 0xFF));
-  }
-  else if (groups.color)
-  {
-    const int index = std::abs(*groups.color);
-    if (index == 0)
-      color.setColorMethod(OdCmEntityColor::kByBlock);
-    else if (index < 256)
-      color.setColorIndex(OdInt16(index));
-  }
-  return color;
-}
-
-class DocumentBuilder : public DL_CreationAdapter
+/** The records of a file: each a group 0 and the groups up to the next group 0. */
+class RecordReader
 {
 public:
-  explicit DocumentBuilder(OdDbDatabase& database) : m_database(database) {}
-  using DL_CreationAdapter::addMTextChunk;
-  using DL_CreationAdapter::processCodeValuePair;
+  explicit RecordReader(DxfGroupScanner& scanner) : m_scanner(scanner) { m_have = m_scanner.next(m_next); }
 
-  std::vector<DrawingEntity> modelSpace;
-  std::map<QString, DrawingBlock> blocks;
-  int skipped = 0;
+  /** The next record into @p record (cleared first); false at the end. */
+  bool next(std::vector<DxfGroup>& record)
+  {
+    record.clear();
+    return append(record);
+  }
+  /** The next record, added to @p record. */
+  bool append(std::vector<DxfGroup>& record)
+  {
+    if (!m_have)
+      return false;
+    do
+    {
+      record.push_back(m_next);
+      m_have = m_scanner.next(m_next);
+    } while (m_have && m_next.code != 0);
+    return true;
+  }
+  /** Whether the next record is of @p type. */
+  bool nextIs(std::string_view type) const { return m_have && m_next.code == 0 && m_next.value == type; }
+
+private:
+  DxfGroupScanner& m_scanner;
+  DxfGroup m_next;
+  bool m_have = false;
+};
+
+std::string_view trimmedName(std::string_view name)
+{
+  while (!name.empty() && (name.back() == ' ' || name.back() == '\t'))
+    name.remove_suffix(1);
+  while (!name.empty() && (name.front() == ' ' || name.front() == '\t'))
+    name.remove_prefix(1);
+  return name;
+}
+
+/** The value of the first group of @p code in @p record, or @p fallback. */
+const DxfGroup* groupOf(const std::vector<DxfGroup>& record, int code)
+{
+  for (std::size_t i = 1; i < record.size() && record[i].code != 0; ++i)
+    if (record[i].code == code)
+      return &record[i];
+  return nullptr;
+}
+
+class DocumentBuilder
+{
+public:
+  explicit DocumentBuilder(DrawingDocument& document, const QByteArray& data)
+      : m_document(document), m_database(document.database()), m_data(data)
+  {
+  }
+
   bool sawSection = false;
   bool sawEnd = false;
+  int skipped = 0;
 
-  void processCodeValuePair(unsigned int code, const std::string& value) override
+  void read(DxfGroupScanner& scanner)
   {
-    if (code == 0)
+    DrawingSource source;
+    source.bytes = m_data;
+    const int firstEnd = m_data.indexOf('\n');
+    source.lineEnd = firstEnd > 0 && m_data[firstEnd - 1] == '\r' ? QByteArray("\r\n") : QByteArray("\n");
+    // a record of a drawing takes a hundred bytes and more: room for them all at once, as a move of
+    // a million entities to a larger vector, page by page, took longer than reading them
+    m_modelSpace.reserve(std::size_t(m_data.size() / 128));
+    adviseLargePages(m_modelSpace.data(), m_modelSpace.capacity() * sizeof(DrawingEntity));
+    RecordReader records(scanner);
+    std::vector<DxfGroup> record;
+    std::string_view section;
+    DrawingBlock* block = nullptr;
+    bool skippingBlock = false;
+    while (records.next(record))
     {
-      m_finished = std::move(m_current);
-      m_current = CommonGroups();
-      if (value == "SECTION")
+      const DxfGroup& head = record.front();
+      if (head.code != 0)
+        continue; // comments before the first section
+      if (head.value == "SECTION")
       {
         sawSection = true;
-        m_sectionNamePending = true;
+        const DxfGroup* name = groupOf(record, 2);
+        section = name ? trimmedName(name->value) : std::string_view();
+        if (section == "HEADER")
+          readHeader(record, source);
+        else if (section == "ENTITIES")
+          source.entitiesBegin = source.entitiesEnd = record.back().end;
+        else if (section == "OBJECTS" && source.entitiesPlace < 0)
+          source.entitiesPlace = head.begin;
+        continue;
       }
-      else if (value == "ENDSEC")
+      if (head.value == "ENDSEC")
       {
-        m_inEntities = false;
-        m_sectionEnding = true;
+        if (section == "ENTITIES")
+          source.entitiesEnd = head.begin;
+        section = std::string_view();
+        block = nullptr;
+        skippingBlock = false;
+        continue;
       }
-      else if (value == "EOF")
+      if (head.value == "EOF")
+      {
         sawEnd = true;
-      else if (m_inEntities || m_block)
-        countUnknown(value);
-      return;
+        if (source.entitiesPlace < 0)
+          source.entitiesPlace = head.begin;
+        break;
+      }
+      if (section == "TABLES")
+        readTableRecord(record);
+      else if (section == "OBJECTS")
+      {
+        if (head.value == "IMAGEDEF")
+          if (const DxfGroup* handle = groupOf(record, 5))
+            if (const DxfGroup* file = groupOf(record, 1))
+              m_imageFiles[std::string(handle->value)] = fromDxfString(std::string(file->value));
+      }
+      else if (section == "BLOCKS")
+      {
+        if (head.value == "BLOCK")
+        {
+          block = startBlock(record);
+          skippingBlock = block == nullptr;
+        }
+        else if (head.value == "ENDBLK")
+        {
+          block = nullptr;
+          skippingBlock = false;
+        }
+        else
+        {
+          completeRecord(records, record);
+          if (!skippingBlock && block)
+            decode(record, block->entities.emplace_back());
+        }
+      }
+      else if (section == "ENTITIES")
+      {
+        completeRecord(records, record);
+        DrawingEntity& entity = m_modelSpace.emplace_back();
+        decode(record, entity);
+        entity.recordBegin = quint32(head.begin);
+        entity.recordSize = quint32(record.back().end - head.begin);
+        source.entitiesEnd = record.back().end;
+        if (entity.paperSpace || entity.kind == EntityKind::Other)
+          ++skipped;
+      }
     }
-    if (code == 2 && m_sectionNamePending)
+    if (source.entitiesBegin >= 0 && !m_modelSpace.empty())
+      source.entitiesBegin = int(m_modelSpace.front().recordBegin);
+    m_source = std::move(source);
+  }
+
+  /** Gives the document what was read. */
+  void finish()
+  {
+    nameImages(m_modelSpace);
+    for (auto& [name, block] : m_blocks)
+      nameImages(block.entities);
+    // Layers the table does not list (layer 0 included) are plain.
+    for (const OdDbObjectId& id : m_database.getLayerIds())
+      if (OdDbLayerTableRecord* layer = m_database.openLayer(id); layer && layer->linetypeObjectId().isNull())
+        layer->setLinetypeObjectId(m_database.getLinetypeContinuousId());
+    for (auto& [name, block] : m_blocks)
+      m_document.block(name) = std::move(block);
+    m_document.addEntities(std::move(m_modelSpace));
+    m_document.setSource(std::move(m_source));
+  }
+
+private:
+  /** A polyline's vertices, an insert's attributes: the records that belong to the one just read. */
+  void completeRecord(RecordReader& records, std::vector<DxfGroup>& record)
+  {
+    const std::string_view type = record.front().value;
+    const char* part = nullptr;
+    if (type == "POLYLINE")
+      part = "VERTEX";
+    else if (type == "INSERT")
     {
-      m_inEntities = value == "ENTITIES";
-      m_sectionNamePending = false;
+      const DxfGroup* follows = groupOf(record, 66);
+      if (follows && follows->integer() != 0)
+        part = "ATTRIB";
     }
-    m_current.take(code, value);
-  }
-
-  // dxflib calls this after each object it made, the one before the end of a section too
-  void endSection() override
-  {
-    if (!m_sectionEnding)
+    if (!part)
       return;
-    // a block that never ended ends with its section, before it takes the model space's entities
-    m_sectionEnding = false;
-    m_block = nullptr;
-    m_skippingBlock = false;
-    m_polylineOpen = false;
+    while (records.nextIs(part))
+      records.append(record);
+    if (records.nextIs("SEQEND"))
+      records.append(record);
   }
 
-  void addLayer(const DL_LayerData& data) override
+  void decode(const std::vector<DxfGroup>& record, DrawingEntity& e)
   {
-    const OdString name = toOdString(fromDxfString(data.name));
-    OdDbObjectId id = m_database.getLayerId(name);
-    if (id.isNull())
-      id = m_database.addLayer(name);
+    DxfEntityNames names;
+    m_decoder.decode(record, e, names);
+    e.layer = layerNamed(names.layer);
+    e.linetype = linetypeNamed(names.linetype);
+    if (!names.imageDefinition.empty())
+      e.editDetails().imageFile = QString::fromLatin1(names.imageDefinition.data(), int(names.imageDefinition.size()));
+    for (DrawingEntity& attribute : e.detail ? e.editDetails().attributes : m_noAttributes)
+    {
+      attribute.layer = e.layer;
+      attribute.linetype = m_database.getLinetypeByLayerId();
+    }
+  }
+
+  /** An image names its file through an object that follows the entities: the handle is swapped for the name. */
+  void nameImages(std::vector<DrawingEntity>& entities)
+  {
+    for (DrawingEntity& e : entities)
+      if (e.kind == EntityKind::Image && e.detail)
+      {
+        const auto found = m_imageFiles.find(e.details().imageFile.toStdString());
+        e.editDetails().imageFile = found == m_imageFiles.end() ? QString() : found->second;
+      }
+  }
+
+  void readHeader(const std::vector<DxfGroup>& record, DrawingSource& source)
+  {
+    QString variable;
+    int index = 0;
+    for (const DxfGroup& g : record)
+    {
+      if (g.code == 9)
+      {
+        variable = QString::fromLatin1(g.value.data(), int(g.value.size())).trimmed();
+        index = 0;
+        continue;
+      }
+      if (variable.isEmpty())
+        continue;
+      if (variable == QLatin1String("$ACADVER") && g.code == 1)
+        source.version = QByteArray(g.value.data(), int(g.value.size())).trimmed();
+      if (DxfGroupScanner::holdsNumber(g.code))
+      {
+        // a point's further coordinates under the variable's name and their code: "$EXTMIN/20"
+        m_document.setHeaderReal(index == 0 ? variable : variable + QLatin1Char('/') + QString::number(g.code),
+                                 g.number);
+        ++index;
+      }
+    }
+  }
+
+  void readTableRecord(const std::vector<DxfGroup>& record)
+  {
+    const std::string_view type = record.front().value;
+    if (type == "LAYER")
+      readLayer(record);
+    else if (type == "LTYPE")
+      readLinetype(record);
+    else if (type == "STYLE")
+      readStyle(record);
+  }
+
+  void readLayer(const std::vector<DxfGroup>& record)
+  {
+    const DxfGroup* name = groupOf(record, 2);
+    if (!name)
+      return;
+    const OdDbObjectId id = layerNamed(name->value);
     OdDbLayerTableRecord* layer = m_database.openLayer(id);
     if (!layer)
       return;
-    const int aci = m_finished.color.value_or(7);
+    const DxfGroup* aciGroup = groupOf(record, 62);
+    const DxfGroup* trueColor = groupOf(record, 420);
+    const DxfGroup* flags = groupOf(record, 70);
+    const DxfGroup* linetype = groupOf(record, 6);
+    const DxfGroup* weight = groupOf(record, 370);
+    const int aci = aciGroup ? aciGroup->integer() : 7;
     OdCmColor color;
-    if (m_finished.trueColor && *m_finished.trueColor >= 0)
-      color = colorOf(m_finished);
+    if (trueColor && trueColor->integer() >= 0)
+      color = DxfEntityDecoder::colorOf(-1, trueColor->integer());
     else
       color.setColorIndex(OdInt16(aci == 0 || std::abs(aci) > 255 ? 7 : std::abs(aci)));
     layer->setColor(color);
     layer->setIsOff(aci < 0);
-    layer->setIsFrozen(data.flags & 1);
-    layer->setIsLocked(data.flags & 4);
-    OdDbObjectId linetype = linetypeNamed(m_finished.linetype.value_or("CONTINUOUS"), true);
-    if (linetype == m_database.getLinetypeByLayerId() || linetype == m_database.getLinetypeByBlockId())
-      linetype = m_database.getLinetypeContinuousId();
-    layer->setLinetypeObjectId(linetype);
-    if (m_finished.lineWeight && OdDb::isLineWeight(*m_finished.lineWeight))
-      layer->setLineWeight(OdDb::LineWeight(*m_finished.lineWeight));
+    layer->setIsFrozen(flags && (flags->integer() & 1));
+    layer->setIsLocked(flags && (flags->integer() & 4));
+    OdDbObjectId linetypeId = linetypeNamed(linetype ? linetype->value : std::string_view("CONTINUOUS"));
+    if (linetypeId == m_database.getLinetypeByLayerId() || linetypeId == m_database.getLinetypeByBlockId())
+      linetypeId = m_database.getLinetypeContinuousId();
+    layer->setLinetypeObjectId(linetypeId);
+    if (weight && OdDb::isLineWeight(weight->integer()))
+      layer->setLineWeight(OdDb::LineWeight(weight->integer()));
   }
 
-  void addLinetype(const DL_LinetypeData& data) override
+  void readLinetype(const std::vector<DxfGroup>& record)
   {
-    // dxflib hands over a linetype's dashes as it reads them, before the linetype itself
-    const OdDbObjectId id = linetypeNamed(data.name, true);
-    if (OdDbLinetypeTableRecord* record = m_database.openLinetype(id))
+    const DxfGroup* name = groupOf(record, 2);
+    if (!name)
+      return;
+    OdDoubleArray dashes;
+    for (const DxfGroup& g : record)
+      if (g.code == 49)
+        dashes.push_back(g.number);
+    const DxfGroup* description = groupOf(record, 3);
+    if (OdDbLinetypeTableRecord* linetype = m_database.openLinetype(linetypeNamed(name->value)))
     {
-      record->setComments(toOdString(fromDxfString(data.description)));
-      record->setDashes(m_dashes);
+      linetype->setComments(description ? toOdString(fromDxfString(std::string(description->value))) : OdString());
+      linetype->setDashes(dashes);
     }
-    m_dashes = OdDoubleArray();
   }
 
-  void addLinetypeDash(double length) override
+  void readStyle(const std::vector<DxfGroup>& record)
   {
-    if (std::isfinite(length))
-      m_dashes.push_back(length);
+    const DxfGroup* name = groupOf(record, 2);
+    // a shape file's record has no name a text can give
+    if (!name || trimmedName(name->value).empty())
+      return;
+    DrawingTextStyle& style = m_document.textStyle(fromDxfString(std::string(trimmedName(name->value))));
+    for (std::size_t i = 1; i < record.size(); ++i)
+    {
+      const DxfGroup& g = record[i];
+      if (g.code == 3)
+        style.font = fromDxfString(std::string(g.value));
+      else if (g.code == 40)
+        style.height = g.number;
+      else if (g.code == 41)
+        style.widthFactor = g.number;
+      else if (g.code == 50)
+        style.oblique = g.number;
+    }
   }
 
-  void addBlock(const DL_BlockData& data) override
+  DrawingBlock* startBlock(const std::vector<DxfGroup>& record)
   {
-    const QString name = fromDxfString(data.name);
-    m_polylineOpen = false;
+    const DxfGroup* nameGroup = groupOf(record, 2);
+    const QString name = nameGroup ? fromDxfString(std::string(nameGroup->value)) : QString();
     // Model and paper space are where the entities section puts things, not blocks to insert.
     if (name.startsWith(QLatin1String("*Model_Space"), Qt::CaseInsensitive)
         || name.startsWith(QLatin1String("*Paper_Space"), Qt::CaseInsensitive) || name.isEmpty())
-    {
-      m_block = nullptr;
-      m_skippingBlock = true;
-      return;
-    }
+      return nullptr;
     if (m_database.getBlockId(toOdString(name)).isNull())
       m_database.addBlock(toOdString(name));
-    m_block = &blocks[name];
-    m_block->basePoint = DrawingPoint{data.bpx, data.bpy, data.bpz};
-  }
-
-  void endBlock() override
-  {
-    m_block = nullptr;
-    m_skippingBlock = false;
-    m_polylineOpen = false;
-  }
-
-  void addLine(const DL_LineData& data) override
-  {
-    DrawingEntity e = entityOf(EntityKind::Line);
-    e.points = {{data.x1, data.y1, data.z1}, {data.x2, data.y2, data.z2}};
-    add(std::move(e));
-  }
-
-  void addCircle(const DL_CircleData& data) override
-  {
-    DrawingEntity e = entityOf(EntityKind::Circle);
-    e.points = {{data.cx, data.cy, data.cz}};
-    e.radius = data.radius;
-    add(std::move(e));
-  }
-
-  void addArc(const DL_ArcData& data) override
-  {
-    DrawingEntity e = entityOf(EntityKind::Arc);
-    e.points = {{data.cx, data.cy, data.cz}};
-    e.radius = data.radius;
-    e.startAngle = data.angle1;
-    e.endAngle = data.angle2;
-    add(std::move(e));
-  }
-
-  void addPolyline(const DL_PolylineData& data) override
-  {
-    // Meshes and polyface meshes are surfaces, not outlines.
-    if (data.flags & (16 | 64))
+    DrawingBlock* block = &m_blocks[name];
+    block->entities.clear();
+    for (const DxfGroup& g : record)
     {
-      ++skipped;
-      m_polylineOpen = false;
-      return;
+      if (g.code == 10)
+        block->basePoint.x = g.number;
+      else if (g.code == 20)
+        block->basePoint.y = g.number;
+      else if (g.code == 30)
+        block->basePoint.z = g.number;
     }
-    DrawingEntity e = entityOf(EntityKind::Polyline);
-    e.closed = data.flags & 1;
-    m_polylineOpen = add(std::move(e));
+    return block;
   }
 
-  void addVertex(const DL_VertexData& data) override
+  OdDbObjectId layerNamed(std::string_view rawName)
   {
-    if (!m_polylineOpen)
-      return;
-    std::vector<DrawingEntity>& target = m_block ? m_block->entities : modelSpace;
-    DrawingEntity& polyline = target.back();
-    polyline.points.push_back({data.x, data.y, data.z});
-    polyline.bulges.push_back(std::isfinite(data.bulge) ? data.bulge : 0.0);
-  }
-
-  void endSequence() override { m_polylineOpen = false; }
-
-  void addText(const DL_TextData& data) override
-  {
-    DrawingEntity e = entityOf(EntityKind::Text);
-    e.points = {{data.ipx, data.ipy, data.ipz}};
-    e.height = data.height;
-    e.rotation = radiansToDegrees(data.angle);
-    e.text = fromDxfString(data.text);
-    add(std::move(e));
-  }
-
-  void addMTextChunk(const std::string& text) override { m_mtextChunks += text; }
-
-  void addMText(const DL_MTextData& data) override
-  {
-    DrawingEntity e = entityOf(EntityKind::MText);
-    e.points = {{data.ipx, data.ipy, data.ipz}};
-    e.height = data.height;
-    e.width = data.width;
-    e.attachment = data.attachmentPoint >= 1 && data.attachmentPoint <= 9 ? data.attachmentPoint : 1;
-    e.rotation = radiansToDegrees(data.angle);
-    e.text = fromDxfString(m_mtextChunks + data.text);
-    m_mtextChunks.clear();
-    add(std::move(e));
-  }
-
-  void addInsert(const DL_InsertData& data) override
-  {
-    DrawingEntity e = entityOf(EntityKind::Insert);
-    e.points = {{data.ipx, data.ipy, data.ipz}};
-    // some writers put a zero Z scale in flat drawings; dxflib leaves a plain one out
-    e.scale = DrawingPoint{data.sx, data.sy, data.sz == 0 ? 1.0 : data.sz};
-    e.rotation = data.angle;
-    e.blockName = fromDxfString(data.name);
-    add(std::move(e));
-  }
-
-  void addDimLinear(const DL_DimensionData& data, const DL_DimLinearData& edata) override
-  {
-    DrawingEntity e = dimensionOf(data, {edata.dpx1, edata.dpy1, edata.dpz1}, {edata.dpx2, edata.dpy2, edata.dpz2});
-    // unlike the texts' angles, dxflib reads this one in degrees and writes it from radians
-    e.rotation = snappedDegrees(edata.angle);
-    add(std::move(e));
-  }
-
-  void addDimAlign(const DL_DimensionData& data, const DL_DimAlignedData& edata) override
-  {
-    add(dimensionOf(data, {edata.epx1, edata.epy1, edata.epz1}, {edata.epx2, edata.epy2, edata.epz2}));
-  }
-
-  void addDimRadial(const DL_DimensionData& data, const DL_DimRadialData& edata) override
-  {
-    DrawingEntity e = dimensionOf(data, {data.dpx, data.dpy, data.dpz}, {edata.dpx, edata.dpy, edata.dpz});
-    e.radius = edata.leader;
-    add(std::move(e));
-  }
-
-  void addDimDiametric(const DL_DimensionData& data, const DL_DimDiametricData& edata) override
-  {
-    DrawingEntity e = dimensionOf(data, {data.dpx, data.dpy, data.dpz}, {edata.dpx, edata.dpy, edata.dpz});
-    e.radius = edata.leader;
-    add(std::move(e));
-  }
-
-  void addDimAngular(const DL_DimensionData& data, const DL_DimAngular2LData& edata) override
-  {
-    DrawingEntity e = dimensionOf(data, {edata.dpx1, edata.dpy1, edata.dpz1}, {edata.dpx2, edata.dpy2, edata.dpz2});
-    e.points.push_back({edata.dpx3, edata.dpy3, edata.dpz3});
-    e.points.push_back({edata.dpx4, edata.dpy4, edata.dpz4});
-    add(std::move(e));
-  }
-
-  void addDimAngular3P(const DL_DimensionData& data, const DL_DimAngular3PData& edata) override
-  {
-    DrawingEntity e = dimensionOf(data, {edata.dpx1, edata.dpy1, edata.dpz1}, {edata.dpx2, edata.dpy2, edata.dpz2});
-    e.points.push_back({edata.dpx3, edata.dpy3, edata.dpz3});
-    add(std::move(e));
-  }
-
-  void addDimOrdinate(const DL_DimensionData& data, const DL_DimOrdinateData& edata) override
-  {
-    DrawingEntity e = dimensionOf(data, {edata.dpx1, edata.dpy1, edata.dpz1}, {edata.dpx2, edata.dpy2, edata.dpz2});
-    e.dimensionType = 6 | (edata.xtype ? 64 : 0);
-    add(std::move(e));
-  }
-
-private:
-  void countUnknown(const std::string& type)
-  {
-    static const char* const known[] = {"LINE", "CIRCLE", "ARC", "LWPOLYLINE", "POLYLINE", "VERTEX", "SEQEND",
-                                        "TEXT", "MTEXT", "INSERT", "DIMENSION", "ENDBLK", "BLOCK", "ENDSEC"};
-    for (const char* k : known)
-      if (type == k)
-        return;
-    if (!m_skippingBlock)
-      ++skipped;
-  }
-
-  OdDbObjectId linetypeNamed(const std::string& name, bool create)
-  {
-    const OdString odName = toOdString(fromDxfString(name));
-    OdDbObjectId id = m_database.getLinetypeId(odName);
-    if (id.isNull() && create)
-      id = m_database.addLinetype(odName, OdString(), OdDoubleArray());
-    return id.isNull() ? m_database.getLinetypeContinuousId() : id;
-  }
-
-  OdDbObjectId layerNamed(const std::string& name)
-  {
-    const OdString odName = toOdString(fromDxfString(name));
-    OdDbObjectId id = m_database.getLayerId(odName);
+    const std::string_view name = trimmedName(rawName);
+    if (!m_lastLayer.empty() && name == m_lastLayer)
+      return m_lastLayerId;
+    OdDbObjectId& id = m_layers[std::string(name)];
     if (id.isNull())
-      id = m_database.addLayer(odName);
-    return id.isNull() ? m_database.getLayerZeroId() : id;
-  }
-
-  DrawingEntity entityOf(EntityKind kind)
-  {
-    DrawingEntity e;
-    e.kind = kind;
-    if (m_finished.handle)
-      e.handle = QByteArray::fromStdString(*m_finished.handle).toULongLong(nullptr, 16);
-    e.layer = layerNamed(m_finished.layer.value_or("0"));
-    e.color = colorOf(m_finished);
-    e.linetype = linetypeNamed(m_finished.linetype.value_or("BYLAYER"), true);
-    const int weight = m_finished.lineWeight.value_or(OdDb::kLnWtByLayer);
-    e.lineWeight = OdDb::isLineWeight(weight) ? OdDb::LineWeight(weight) : OdDb::kLnWtByLayer;
-    e.linetypeScale = m_finished.linetypeScale.value_or(1.0);
-    e.visible = !m_finished.invisible;
-    return e;
-  }
-
-  DrawingEntity dimensionOf(const DL_DimensionData& data, const DrawingPoint& first, const DrawingPoint& second)
-  {
-    DrawingEntity e = entityOf(EntityKind::Dimension);
-    e.points = {first, second, {data.dpx, data.dpy, data.dpz}, {data.mpx, data.mpy, data.mpz}};
-    e.dimensionType = data.type & 0x0F;
-    e.text = fromDxfString(data.text);
-    return e;
-  }
-
-  /** False when the entity is not kept (paper space, or inside a layout block). */
-  bool add(DrawingEntity e)
-  {
-    // vertices after another entity belong to no polyline
-    m_polylineOpen = false;
-    if (m_skippingBlock || (!m_block && m_finished.paperSpace))
     {
-      ++skipped;
-      return false;
+      const OdString odName = toOdString(fromDxfString(std::string(name)));
+      id = m_database.getLayerId(odName);
+      if (id.isNull())
+        id = m_database.addLayer(odName);
+      if (id.isNull())
+        id = m_database.getLayerZeroId();
     }
-    (m_block ? m_block->entities : modelSpace).push_back(std::move(e));
-    return true;
+    m_lastLayer = std::string(name);
+    m_lastLayerId = id;
+    return id;
   }
 
+  OdDbObjectId linetypeNamed(std::string_view rawName)
+  {
+    const std::string_view name = trimmedName(rawName);
+    OdDbObjectId& id = m_linetypes[std::string(name)];
+    if (id.isNull())
+    {
+      const OdString odName = toOdString(fromDxfString(std::string(name)));
+      id = m_database.getLinetypeId(odName);
+      if (id.isNull())
+        id = m_database.addLinetype(odName, OdString(), OdDoubleArray());
+      if (id.isNull())
+        id = m_database.getLinetypeContinuousId();
+    }
+    return id;
+  }
+
+  DrawingDocument& m_document;
   OdDbDatabase& m_database;
-  CommonGroups m_current;
-  CommonGroups m_finished;
-  OdDoubleArray m_dashes;
-  DrawingBlock* m_block = nullptr;
-  std::string m_mtextChunks;
-  bool m_skippingBlock = false;
-  bool m_polylineOpen = false;
-  bool m_inEntities = false;
-  bool m_sectionNamePending = false;
-  bool m_sectionEnding = false;
+  const QByteArray& m_data;
+  DxfEntityDecoder m_decoder;
+  DrawingSource m_source;
+  std::vector<DrawingEntity> m_modelSpace;
+  std::map<QString, DrawingBlock> m_blocks;
+  std::unordered_map<std::string, OdDbObjectId> m_layers;
+  std::unordered_map<std::string, OdDbObjectId> m_linetypes;
+  std::string m_lastLayer;
+  OdDbObjectId m_lastLayerId;
+  std::map<std::string, QString> m_imageFiles;
+  std::vector<DrawingEntity> m_noAttributes;
 };
 
 bool fail(QString* error, const QString& message)
@@ -487,24 +471,6 @@ bool fail(QString* error, const QString& message)
   if (error)
     *error = message;
   return false;
-}
-
-/** Hands one group to dxflib, through the stream reader that reads a group at a time. */
-void feed(DL_Dxf& dxf, DocumentBuilder& builder, int code, const std::string& value)
-{
-  std::istringstream pair(std::to_string(code) + '\n' + value + '\n');
-  dxf.readDxfGroups(pair, &builder);
-}
-
-/**
- * Whether dxflib may see the comment: it reads a version of its own from
- * "dxflib 1.2.3.4", and throws or reads memory it never set on anything
- * shorter; comments mean nothing else to it or to a drawing.
- */
-bool isLibraryVersion(const std::string& comment)
-{
-  static const QRegularExpression version(QStringLiteral("^dxflib \\d{1,3}\\.\\d{1,3}\\.\\d{1,3}\\.\\d{1,3}$"));
-  return version.match(QString::fromStdString(comment)).hasMatch();
 }
 
 /**
@@ -536,35 +502,13 @@ bool read(const QByteArray& data, const QString& shown, const QString& path, Dra
 
   // read aside, so that a file that turns out bad leaves the open drawing as it was
   DrawingDocument read;
-  DocumentBuilder builder(read.database());
   DxfGroupScanner scanner(data);
-  try
-  {
-    DL_Dxf dxf;
-    // dxflib sets up its state only when asked to read a whole stream; this one is empty
-    std::istringstream nothing;
-    dxf.in(nothing, &builder);
-    // Files of other programs carry no version of dxflib, which it then reads from memory it never
-    // set; this one is its own, so that it reads them all alike.
-    feed(dxf, builder, 999, "dxflib " DL_VERSION);
-    // dxflib reads a file by lines and tells what it read only by the entities it makes; group by
-    // group, the builder sees the groups as dxflib does and a fault has its line.
-    DxfGroup group;
-    while (scanner.next(group))
-    {
-      builder.processCodeValuePair(unsigned(group.code), group.value);
-      if (group.code != 999 || isLibraryVersion(group.value))
-        feed(dxf, builder, group.code, group.value);
-    }
-  }
-  catch (const std::exception&)
-  {
-    return fail(error, tr("%1 is damaged at line %2 and cannot be read.").arg(shown, QString::number(scanner.line())));
-  }
+  DocumentBuilder builder(read, data);
+  builder.read(scanner);
   if (!scanner.fault().isEmpty())
   {
     // a file that fails at its first group was never a drawing
-    if (scanner.line() == 1)
+    if (scanner.line() <= 2)
       return fail(error, tr("%1 is not a DXF drawing.").arg(shown));
     return fail(error,
                 tr("%1 is damaged at line %2: %3.").arg(shown, QString::number(scanner.line()), scanner.fault()));
@@ -573,16 +517,7 @@ bool read(const QByteArray& data, const QString& shown, const QString& path, Dra
     return fail(error, tr("%1 is not a DXF drawing.").arg(shown));
   if (!builder.sawEnd)
     return fail(error, tr("%1 ends early: the file is incomplete.").arg(shown));
-
-  // Layers the table does not list (layer 0 included) are plain, as a save writes them.
-  OdDbDatabase& database = read.database();
-  for (const OdDbObjectId& id : database.getLayerIds())
-    if (OdDbLayerTableRecord* layer = database.openLayer(id); layer && layer->linetypeObjectId().isNull())
-      layer->setLinetypeObjectId(database.getLinetypeContinuousId());
-  for (auto& [name, block] : builder.blocks)
-    read.block(name) = std::move(block);
-  for (DrawingEntity& entity : builder.modelSpace)
-    read.addEntity(std::move(entity));
+  builder.finish();
   numberBlockEntities(read);
   quint64 stored = read.entities().size();
   for (const auto& [name, block] : read.blocks())
@@ -616,8 +551,9 @@ bool readDxf(const QString& path, DrawingDocument& document, QString* error, int
   if (file.size() > kLargestFile)
     return fail(error, tr("%1 is larger than %2 MB, more than this editor opens.")
                            .arg(shown, QString::number(kLargestFile >> 20)));
-  const QByteArray data = file.readAll();
-  if (file.error() != QFileDevice::NoError)
+  QByteArray data(int(file.size()), Qt::Uninitialized);
+  adviseLargePages(data.constData(), std::size_t(data.size()));
+  if (file.read(data.data(), data.size()) != data.size() || file.error() != QFileDevice::NoError)
     return fail(error, tr("Cannot read %1: %2").arg(shown, file.errorString()));
   return read(data, shown, path, document, error, skipped);
 }

@@ -7,10 +7,12 @@ class DrawingDocument;
 
 /**
  * Reads the DXF drawing at @p path into @p document, in place of what it held:
- * layers, linetypes, blocks with their entities, and the model space's lines,
- * circles, arcs, polylines, texts, multi-line texts, inserts and dimensions.
- * Entities of other kinds are skipped; @p skipped, when given, receives their
- * count. On failure the document is left as it was, @p error (when given) says
+ * layers, linetypes, text styles, numeric header variables, blocks with their
+ * entities, and the entities section, every record an entity in its place
+ * (kind Other when the model does not know it; paper-space ones marked). The
+ * document keeps the file's bytes, and each entity where its record is, for a
+ * save to write back. @p skipped, when given, receives the count of entities
+ * the canvas does not show: of kind Other, or in paper space. On failure the document is left as it was, @p error (when given) says
  * why (for a damaged file, at which line) and the result is false.
  */
 bool readDxf(const QString& path, DrawingDocument& document, QString* error, int* skipped = nullptr);

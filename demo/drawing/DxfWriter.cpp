@@ -1,6 +1,7 @@
 #include "DxfWriter.h"
 
 #include "DrawingDocument.h"
+#include "DxfSourceWriter.h"
 #include "DxfStrings.h"
 #include "OdDbDatabase.h"
 #include "OdDbLayerTableRecord.h"
@@ -18,9 +19,9 @@
 namespace
 {
 
-QString tr(const char* text)
+QString tr(const char* text, int count = -1)
 {
-  return QCoreApplication::translate("DxfWriter", text);
+  return QCoreApplication::translate("DxfWriter", text, nullptr, count);
 }
 
 /**
@@ -253,15 +254,53 @@ private:
       m_dxf.writePolylineEnd(m_dw);
       break;
     case EntityKind::Text:
-      m_dxf.writeText(m_dw, DL_TextData(p0.x, p0.y, p0.z, p0.x, p0.y, p0.z, e.height, 1.0, 0, 0, 0,
-                                        toDxfString(e.text), "Standard", radians),
+    {
+      const DrawingPoint p1 = e.points.size() > 1 ? e.points[1] : p0;
+      m_dxf.writeText(m_dw, DL_TextData(p0.x, p0.y, p0.z, p1.x, p1.y, p1.z, e.height, e.widthFactor, 0,
+                                        e.horizontalAlignment, e.verticalAlignment, toDxfString(e.text),
+                                        styleName(e.style), radians),
                       attributes);
       break;
+    }
     case EntityKind::MText:
       m_dxf.writeMText(m_dw, DL_MTextData(p0.x, p0.y, p0.z, std::cos(radians), std::sin(radians), 0.0, e.height,
-                                          e.width, e.attachment, 1, 1, 1.0, toDxfString(e.text), "Standard",
+                                          e.width, e.attachment, 1, 1, 1.0, toDxfString(e.text), styleName(e.style),
                                           radians),
                        attributes);
+      break;
+    case EntityKind::Point:
+      m_dxf.writePoint(m_dw, DL_PointData(p0.x, p0.y, p0.z), attributes);
+      break;
+    case EntityKind::Solid:
+    case EntityKind::Trace:
+    {
+      const DrawingPoint p1 = pointAt(e, 1);
+      const DrawingPoint p2 = pointAt(e, 2);
+      const DrawingPoint p3 = pointAt(e, 3);
+      const DL_TraceData corners(p0.x, p0.y, p0.z, p1.x, p1.y, p1.z, p2.x, p2.y, p2.z, p3.x, p3.y, p3.z);
+      if (e.kind == EntityKind::Solid)
+        m_dxf.writeSolid(m_dw, corners, attributes);
+      else
+        m_dxf.writeTrace(m_dw, corners, attributes);
+      break;
+    }
+    case EntityKind::Ellipse:
+    {
+      const DrawingPoint major = pointAt(e, 1);
+      m_dxf.writeEllipse(m_dw, DL_EllipseData(p0.x, p0.y, p0.z, major.x, major.y, major.z, e.ratio,
+                                              e.startAngle * M_PI / 180.0, e.endAngle * M_PI / 180.0),
+                         attributes);
+      break;
+    }
+    case EntityKind::Spline:
+      writeSpline(e, attributes);
+      break;
+    case EntityKind::Hatch:
+      writeHatch(e, attributes);
+      break;
+    case EntityKind::Image:
+    case EntityKind::Other:
+      // dxflib writes an image only with the object it refers to, and knows nothing of the others
       break;
     case EntityKind::Insert:
       m_dxf.writeInsert(m_dw, DL_InsertData(toDxfString(e.blockName), p0.x, p0.y, p0.z, e.scale.x, e.scale.y,
@@ -273,6 +312,71 @@ private:
       break;
     }
     m_dw.forget();
+  }
+
+  static std::string styleName(const QString& style)
+  {
+    return style.isEmpty() ? std::string("Standard") : toDxfString(style);
+  }
+
+  void writeSpline(const DrawingEntity& e, const DL_Attributes& attributes)
+  {
+    const DrawingEntityDetail& d = e.details();
+    m_dxf.writeSpline(m_dw,
+                      DL_SplineData(d.degree, int(d.knots.size()), int(e.points.size()), int(d.fitPoints.size()),
+                                    e.closed ? 1 | 8 : 8),
+                      attributes);
+    for (double knot : d.knots)
+      m_dxf.writeKnot(m_dw, DL_KnotData(knot));
+    for (std::size_t i = 0; i < e.points.size(); ++i)
+      m_dxf.writeControlPoint(m_dw, DL_ControlPointData(e.points[i].x, e.points[i].y, e.points[i].z,
+                                                        i < d.weights.size() ? d.weights[i] : 1.0));
+    for (const DrawingPoint& p : d.fitPoints)
+      m_dxf.writeFitPoint(m_dw, DL_FitPointData(p.x, p.y, p.z));
+  }
+
+  /** A hatch's loops as edges: a straight one per segment, an arc where the segment bulges. */
+  void writeHatch(const DrawingEntity& e, const DL_Attributes& attributes)
+  {
+    const DrawingEntityDetail& d = e.details();
+    const std::string pattern = d.solidFill ? std::string("SOLID")
+                                            : toDxfString(d.pattern.isEmpty() ? QStringLiteral("ANSI31") : d.pattern);
+    DL_HatchData data(int(d.loops.size()), d.solidFill, d.patternScale, d.patternAngle, pattern);
+    m_dxf.writeHatch1(m_dw, data, attributes);
+    for (const DrawingHatchLoop& loop : d.loops)
+    {
+      const std::size_t n = loop.points.size();
+      m_dxf.writeHatchLoop1(m_dw, DL_HatchLoopData(int(n)));
+      for (std::size_t i = 0; i < n; ++i)
+      {
+        const DrawingPoint& a = loop.points[i];
+        const DrawingPoint& b = loop.points[(i + 1) % n];
+        const double bulge = i < loop.bulges.size() ? loop.bulges[i] : 0.0;
+        const double chord = std::hypot(b.x - a.x, b.y - a.y);
+        if (bulge == 0.0 || chord == 0.0)
+        {
+          m_dxf.writeHatchEdge(m_dw, DL_HatchEdgeData(a.x, a.y, b.x, b.y));
+          continue;
+        }
+        // the arc through a and b whose sagitta is bulge * chord / 2
+        const double angle = 4.0 * std::atan(bulge);
+        const double radius = chord / (2.0 * std::sin(std::abs(angle) / 2.0));
+        const double toCentre = std::atan2(b.y - a.y, b.x - a.x) + (M_PI - angle) / 2.0;
+        const double cx = a.x + radius * std::cos(toCentre);
+        const double cy = a.y + radius * std::sin(toCentre);
+        double start = std::atan2(a.y - cy, a.x - cx);
+        double end = std::atan2(b.y - cy, b.x - cx);
+        if (bulge < 0)
+        {
+          // a clockwise edge is coded with its angles mirrored
+          start = -start;
+          end = -end;
+        }
+        m_dxf.writeHatchEdge(m_dw, DL_HatchEdgeData(cx, cy, std::abs(radius), start, end, bulge > 0));
+      }
+      m_dxf.writeHatchLoop2(m_dw, DL_HatchLoopData(int(n)));
+    }
+    m_dxf.writeHatch2(m_dw, data, attributes);
   }
 
   void writeDimension(const DrawingEntity& e, const DL_Attributes& attributes)
@@ -348,7 +452,15 @@ bool writeDxf(const QString& path, const DrawingDocument& document, QString* err
   // failed save never leaves half a file where the good one was.
   const QString partial = path + QStringLiteral(".part");
   bool written = false;
-  try
+  if (!document.source().isEmpty())
+  {
+    // a drawing read from a file is written in that file's form
+    QFile file(partial);
+    written = file.open(QIODevice::WriteOnly) && DxfSourceWriter(document).write(file) && file.flush();
+    file.close();
+  }
+  else
+    try
   {
     EntityKeepingWriter writer(QFile::encodeName(partial).constData(), (unsigned long)(highestHandle(document) + 1));
     if (!writer.openFailed())
@@ -362,7 +474,7 @@ bool writeDxf(const QString& path, const DrawingDocument& document, QString* err
   {
     written = false;
   }
-  if (!written || QFileInfo(partial).size() == 0)
+  if (!written || (document.source().isEmpty() && QFileInfo(partial).size() == 0))
   {
     QFile::remove(partial);
     if (error)
@@ -386,8 +498,35 @@ bool writeDxf(const QString& path, const DrawingDocument& document, QString* err
   return true;
 }
 
-DxfSaveReport dxfSaveReport(const DrawingDocument&)
+DxfSaveReport dxfSaveReport(const DrawingDocument& document)
 {
-  // everything the document holds is written: the whole drawing, in the one version this writer writes
-  return {};
+  if (!document.source().isEmpty())
+    return DxfSourceWriter(document).report();
+  DxfSaveReport report;
+  report.versionChange = tr("The drawing is written as an AutoCAD 2000 DXF file.");
+  int others = 0;
+  int images = 0;
+  int attributed = 0;
+  int oblique = 0;
+  const auto count = [&](const std::vector<DrawingEntity>& entities) {
+    for (const DrawingEntity& e : entities)
+    {
+      others += e.kind == EntityKind::Other;
+      images += e.kind == EntityKind::Image;
+      attributed += e.kind == EntityKind::Insert && e.detail && !e.details().attributes.empty();
+      oblique += e.kind == EntityKind::Text && e.oblique != 0.0;
+    }
+  };
+  count(document.entities());
+  for (const auto& block : document.blocks())
+    count(block.second.entities);
+  if (others > 0)
+    report.losses << tr("%n entities of kinds this editor does not know cannot be written.", others);
+  if (images > 0)
+    report.losses << tr("%n images cannot be written.", images);
+  if (attributed > 0)
+    report.losses << tr("The attributes of %n inserts cannot be written.", attributed);
+  if (oblique > 0)
+    report.losses << tr("The oblique angle of %n texts cannot be written.", oblique);
+  return report;
 }

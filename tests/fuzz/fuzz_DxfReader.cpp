@@ -1,7 +1,8 @@
 // Opens one input through the demo's DXF reader, as a user opening a file,
 // and when it opens, does with the drawing what the editor does next: saves
-// it, opens the save (whose save must be the same bytes) and draws every
-// entity. Any of those failing on what the reader accepted is a fault, and so
+// it (which must write the input's bytes), edits every entity and saves
+// again, opens that save (whose own save must be the same bytes) and draws
+// every entity. Any of those failing on what the reader accepted is a fault, and so
 // is a refusal without a message or one that touched the drawing open before.
 // Given file paths, the program reads each once (libFuzzer's replay), which is
 // how a saved crash is looked at.
@@ -142,9 +143,25 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 
   const QString path = savePath();
   check(writeDxf(path, document, &error), "accepted, but cannot be saved:", error);
+  check(contentsOf(path) == bytes, "accepted, but its unedited save is not the file");
+  // an edit of every entity, worked into the records it was read from
+  std::vector<DrawingEntity> edited = document.entities();
+  for (DrawingEntity& entity : edited)
+  {
+    entity.color.setColorIndex(1);
+    entity.linetypeScale = 2.0;
+    if (!entity.points.empty())
+      entity.points[0].x += 1.0;
+    entity.text += QStringLiteral("x");
+  }
+  document.replaceEntities(edited);
+  check(writeDxf(path, document, &error), "accepted, but its edit cannot be saved:", error);
   DrawingDocument reopened;
   check(readDxf(path, reopened, &error), "accepted, but its save does not open:", error);
   check(reopened.entities().size() == document.entities().size(), "accepted, but its save lost entities");
+  for (const DrawingEntity& entity : reopened.entities())
+    check(entity.paperSpace || entity.kind == EntityKind::Other || entity.color.colorIndex() == 1,
+          "accepted, but an edit did not reach the save");
   // what a save writes, it reads back as it was: saving that again writes the same bytes
   const QByteArray saved = contentsOf(path);
   check(writeDxf(path, reopened, &error), "accepted, but its reopened save cannot be saved:", error);
