@@ -210,6 +210,10 @@ private:
 
   void addInsert(const DrawingEntity& e, const QTransform& toScene, const Inherited& own, int depth)
   {
+    // attributes are where the file puts them, not in the block, and take ByBlock from the insert
+    for (const DrawingEntity& attribute : e.details().attributes)
+      if (attribute.kind == EntityKind::Text)
+        add(attribute, toScene, own, depth);
     const auto found = m_document.blocks().find(e.blockName);
     if (found == m_document.blocks().end())
       return;
@@ -223,10 +227,6 @@ private:
     const QTransform blockToScene = local * toScene;
     for (const DrawingEntity& child : block.entities)
       add(child, blockToScene, own, depth + 1);
-    // attributes are where the file puts them, not in the block, and take ByBlock from the insert
-    for (const DrawingEntity& attribute : e.details().attributes)
-      if (attribute.kind == EntityKind::Text)
-        add(attribute, toScene, own, depth);
   }
 
   /** Draws a dimension as the block of lines, arrows and text its file made for it; false when it has none. */

@@ -58,6 +58,7 @@ void prepare(DrawingDocument& document)
   document.textStyle(QStringLiteral("Tall")).height = 20.0;
   document.setHeaderReal(QStringLiteral("$PDMODE"), 3);
   document.setHeaderReal(QStringLiteral("$PDSIZE"), 2);
+  document.block(QStringLiteral("*D1")).entities.push_back(entityOf(EntityKind::Line, {{0, -10, 0}, {50, -10, 0}}));
 }
 
 QPolygonF polygonOf(const std::vector<DrawingPoint>& points)
@@ -159,6 +160,17 @@ private Q_SLOTS:
     image.editDetails().imageFile = QStringLiteral("C:\\parts\\photo.png");
     image.editDetails().pixelsWide = 400;
     image.editDetails().pixelsHigh = 300;
+    // a dimension is drawn from the block its file made for it, not worked out again from its points
+    DrawingEntity dimension = entityOf(EntityKind::Dimension, {{0, 0, 0}, {80, 0, 0}, {0, 20, 0}, {40, 20, 0}});
+    dimension.blockName = QStringLiteral("*D1");
+    QTest::newRow("dimension's block") << dimension << 0.0 << 50.0 << -10.0 << -10.0 << kNone << kNone << 0.01;
+    // an insert's attributes are drawn where they are, even when its block is missing
+    DrawingEntity insert = entityOf(EntityKind::Insert, {{0, 0, 0}});
+    insert.blockName = QStringLiteral("MISSING");
+    DrawingEntity attribute = aligned(2, 1);
+    attribute.blockName = QStringLiteral("TAG");
+    insert.editDetails().attributes = {attribute};
+    QTest::newRow("insert's attribute") << insert << kNone << 100.0 << 50.0 << kNone << kNone << kNone << 0.3;
     QTest::newRow("image frame") << image << 1.0 << 5.0 << 1.0 << 4.0 << kNone << kNone << 0.01;
   }
 
@@ -188,6 +200,9 @@ private Q_SLOTS:
     QVERIFY2(near(extent.top(), bottom) && near(extent.bottom(), top), qPrintable(got));
     if (entity.kind == EntityKind::Text && entity.horizontalAlignment == 1)
       QVERIFY2(std::abs(extent.center().x() - 100.0) < tolerance, qPrintable(got));
+    // a solid's corners come in zigzag order: taken in file order they would make a bow tie
+    if (entity.kind == EntityKind::Solid)
+      QVERIFY(shape.hits(QPointF(0.5, -1.5), 0.01));
     if (entity.kind == EntityKind::MText && entity.width > 0)
     {
       QVERIFY2(extent.right() <= entity.width && extent.right() > entity.width / 2, qPrintable(got));
