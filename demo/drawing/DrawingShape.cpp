@@ -309,8 +309,10 @@ private:
       return;
     }
     std::vector<DrawingHatchLine> named;
+    // by name, the patterns are in millimetres; a drawing in inches ($MEASUREMENT 0) has them in inches
+    const bool inches = m_document.headerReal(QStringLiteral("$MEASUREMENT"), 1.0) == 0.0;
     if (detail.patternLines.empty())
-      named = hatchPatternLines(detail.pattern, detail.patternScale, detail.patternAngle);
+      named = hatchPatternLines(detail.pattern, detail.patternScale / (inches ? 25.4 : 1.0), detail.patternAngle);
     const std::vector<DrawingHatchLine>& families = detail.patternLines.empty() ? named : detail.patternLines;
     QPainterPath lines;
     if (!families.empty() && addHatchPatternLines(lines, loops, families, kMaxHatchPieces))
