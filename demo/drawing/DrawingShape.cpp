@@ -2,7 +2,13 @@
 
 #include "DrawingEntity.h"
 
+#include "DrawingCurves.h"
+#include "DrawingDashes.h"
 #include "DrawingDocument.h"
+#include "DrawingHatchFill.h"
+#include "DrawingHatchPatterns.h"
+#include "DrawingSplines.h"
+#include "DrawingTextLayout.h"
 #include "OdDbLayerTableRecord.h"
 #include "OdDbLinetypeTableRecord.h"
 #include <QFontMetricsF>
@@ -10,6 +16,7 @@
 #include <QPainter>
 #include <QPainterPathStroker>
 #include <QRegularExpression>
+#include <limits>
 #include <QtMath>
 #include <algorithm>
 #include <cmath>
@@ -24,12 +31,21 @@ constexpr double kMaxDashes = 20000.0;
 // On screen, below these sizes in pixels an entity is drawn as a dot and a dash pattern as a solid line.
 constexpr double kDotPixels = 2.0;
 constexpr double kDashPixels = 6.0;
+// A hatch of more pattern lines and dashes than this is drawn as a tone of its colour.
+constexpr int kMaxHatchPieces = 20000;
+// A point mark whose size the drawing gives relative to the screen, which a shape built once cannot follow.
+constexpr double kPointMarkSize = 2.5;
+// Width factors and oblique angles beyond these are not a text's but a broken file's.
+constexpr double kMaxWidthFactor = 100.0;
+constexpr double kMaxOblique = 85.0;
 
 struct FontScale
 {
   QFont font;
+  QFontMetricsF metrics;
   double capHeight;
   double ascent;
+  double descent;
 };
 
 const FontScale& fontScale()
@@ -38,10 +54,19 @@ const FontScale& fontScale()
     QFont font(QGuiApplication::font());
     font.setPixelSize(int(kFontPixels));
     const QFontMetricsF metrics(font);
-    return FontScale{font, metrics.capHeight() > 0 ? metrics.capHeight() : kFontPixels * 0.7, metrics.ascent()};
+    return FontScale{font, metrics, metrics.capHeight() > 0 ? metrics.capHeight() : kFontPixels * 0.7, metrics.ascent(),
+                     metrics.descent()};
   }();
   return scale;
 }
+
+/** How a text is drawn: its height and its style's or its own width factor and oblique angle (degrees). */
+struct TextLook
+{
+  double height;
+  double widthFactor;
+  double oblique;
+};
 
 /** What ByLayer and ByBlock resolve to at the current level of block nesting. */
 struct Inherited
@@ -63,38 +88,6 @@ DrawingPoint pointAt(const DrawingEntity& e, std::size_t index)
   return index < e.points.size() ? e.points[index] : DrawingPoint();
 }
 
-/** Adds an arc of the drawing (Y up, counter-clockwise positive) to a path in drawing coordinates. */
-void addArc(QPainterPath& path, const QPointF& centre, double radius, double startDegrees, double sweepDegrees,
-            bool moveFirst)
-{
-  const QRectF box(centre.x() - radius, centre.y() - radius, 2 * radius, 2 * radius);
-  const double a = qDegreesToRadians(startDegrees);
-  const QPointF start(centre.x() + radius * std::cos(a), centre.y() + radius * std::sin(a));
-  if (moveFirst)
-    path.moveTo(start);
-  // QPainterPath counts angles with Y down; in drawing coordinates that flips their sign.
-  // It counts quarter turns in an int, which a drawing's angle of many turns overflows.
-  path.arcTo(box, -std::fmod(startDegrees, 360.0), -sweepDegrees);
-}
-
-void addBulge(QPainterPath& path, const QPointF& from, const QPointF& to, double bulge)
-{
-  const QPointF chord = to - from;
-  const double length = std::hypot(chord.x(), chord.y());
-  if (std::abs(bulge) < 1e-9 || length <= 0 || !std::isfinite(bulge))
-  {
-    path.lineTo(to);
-    return;
-  }
-  const double sweep = 4.0 * std::atan(bulge);
-  const QPointF normal(-chord.y() / length, chord.x() / length);
-  const double offset = length / 2.0 * (1.0 - bulge * bulge) / (2.0 * bulge);
-  const QPointF centre = (from + to) / 2.0 + normal * offset;
-  const double radius = std::hypot(from.x() - centre.x(), from.y() - centre.y());
-  const double start = qRadiansToDegrees(std::atan2(from.y() - centre.y(), from.x() - centre.x()));
-  addArc(path, centre, radius, start, qRadiansToDegrees(sweep), false);
-}
-
 void addArrow(QPainterPath& path, const QPointF& tip, const QPointF& towards, double size)
 {
   const QPointF d = towards - tip;
@@ -107,66 +100,6 @@ void addArrow(QPainterPath& path, const QPointF& tip, const QPointF& towards, do
   path.lineTo(tip + u * size + n * size / 6.0);
   path.lineTo(tip + u * size - n * size / 6.0);
   path.closeSubpath();
-}
-
-/** The outline cut into the pattern's dashes; all lengths in the path's own units. */
-QPainterPath dashed(const QPainterPath& outline, const std::vector<double>& pattern)
-{
-  double period = 0;
-  for (double d : pattern)
-    period += std::abs(d);
-  // each element of the pattern is a dash, or a gap, once per repetition
-  if (pattern.empty() || period <= 0 || outline.length() / period * double(pattern.size()) > kMaxDashes)
-    return outline;
-  const double dot = period / 100.0;
-  QPainterPath result;
-  for (const QPolygonF& polygon : outline.toSubpathPolygons())
-  {
-    std::size_t index = 0;
-    double left = pattern[0] == 0 ? dot : std::abs(pattern[0]);
-    bool on = pattern[0] >= 0;
-    for (int i = 1; i < polygon.size(); ++i)
-    {
-      QPointF from = polygon[i - 1];
-      const QPointF to = polygon[i];
-      double segment = QLineF(from, to).length();
-      if (on)
-        result.moveTo(from);
-      while (segment > left)
-      {
-        const QPointF cut = from + (to - from) * (left / segment);
-        if (on)
-          result.lineTo(cut);
-        segment -= left;
-        from = cut;
-        index = (index + 1) % pattern.size();
-        on = pattern[index] >= 0;
-        left = pattern[index] == 0 ? dot : std::abs(pattern[index]);
-        if (on)
-          result.moveTo(from);
-      }
-      left -= segment;
-      if (on)
-        result.lineTo(to);
-    }
-  }
-  return result;
-}
-
-QString plainText(QString text, bool multiline)
-{
-  text.replace(QLatin1String("%%c"), QStringLiteral("\u00d8"), Qt::CaseInsensitive);
-  text.replace(QLatin1String("%%d"), QStringLiteral("\u00b0"), Qt::CaseInsensitive);
-  text.replace(QLatin1String("%%p"), QStringLiteral("\u00b1"), Qt::CaseInsensitive);
-  if (!multiline)
-    return text;
-  static const QRegularExpression stacked(QStringLiteral("\\\\S([^^;]*)\\^([^;]*);"));
-  static const QRegularExpression command(QStringLiteral("\\\\[ACcFfHhQTWp][^;]*;|\\\\[LlOoKk]|[{}]"));
-  text.replace(QLatin1String("\\P"), QStringLiteral("\n"));
-  text.replace(QLatin1String("\\~"), QStringLiteral(" "));
-  text.replace(stacked, QStringLiteral("\\1/\\2"));
-  text.remove(command);
-  return text;
 }
 
 class Builder
@@ -215,22 +148,47 @@ public:
       double sweep = std::fmod(e.endAngle - e.startAngle, 360.0);
       if (sweep <= 0)
         sweep += 360.0;
-      addArc(path, at(pointAt(e, 0)), e.radius, e.startAngle, sweep, true);
+      addDrawingArc(path, at(pointAt(e, 0)), e.radius, e.startAngle, sweep, true);
       break;
     }
     case EntityKind::Polyline:
-      addPolyline(path, e);
+      addBulgedPolyline(path, e.points, e.bulges, e.closed);
       break;
     case EntityKind::Text:
-    case EntityKind::MText:
       addText(e, toScene, own.color);
+      return;
+    case EntityKind::MText:
+      addMText(e, toScene, own.color);
       return;
     case EntityKind::Insert:
       addInsert(e, toScene, own, depth);
       return;
     case EntityKind::Dimension:
+      if (addDimensionBlock(e, toScene, own, depth))
+        return;
       addDimension(path, e, toScene, own.color);
       break;
+    case EntityKind::Ellipse:
+      path = ellipsePath(e);
+      break;
+    case EntityKind::Spline:
+      path = splinePath(e);
+      break;
+    case EntityKind::Point:
+      addPoint(path, at(pointAt(e, 0)));
+      break;
+    case EntityKind::Solid:
+    case EntityKind::Trace:
+      addSolid(e, toScene, own);
+      return;
+    case EntityKind::Hatch:
+      addHatch(e, toScene, own);
+      return;
+    case EntityKind::Image:
+      addImage(path, e, toScene, own.color);
+      break;
+    case EntityKind::Other:
+      return;
     }
     addStroke(toScene.map(path), own);
   }
@@ -250,19 +208,12 @@ private:
     return QColor::fromRgb(OdCmEntityColor::lookUpRGB(OdUInt8(index)));
   }
 
-  void addPolyline(QPainterPath& path, const DrawingEntity& e) const
-  {
-    if (e.points.empty())
-      return;
-    path.moveTo(at(e.points[0]));
-    const std::size_t n = e.points.size();
-    const std::size_t segments = e.closed ? n : n - 1;
-    for (std::size_t i = 0; i < segments; ++i)
-      addBulge(path, at(e.points[i]), at(e.points[(i + 1) % n]), i < e.bulges.size() ? e.bulges[i] : 0.0);
-  }
-
   void addInsert(const DrawingEntity& e, const QTransform& toScene, const Inherited& own, int depth)
   {
+    // attributes are where the file puts them, not in the block, and take ByBlock from the insert
+    for (const DrawingEntity& attribute : e.details().attributes)
+      if (attribute.kind == EntityKind::Text)
+        add(attribute, toScene, own, depth);
     const auto found = m_document.blocks().find(e.blockName);
     if (found == m_document.blocks().end())
       return;
@@ -278,9 +229,140 @@ private:
       add(child, blockToScene, own, depth + 1);
   }
 
-  /** Lays a text out with its baseline's left end at the origin of @p placement (drawing units). */
+  /** Draws a dimension as the block of lines, arrows and text its file made for it; false when it has none. */
+  bool addDimensionBlock(const DrawingEntity& e, const QTransform& toScene, const Inherited& own, int depth)
+  {
+    if (e.blockName.isEmpty())
+      return false;
+    const auto found = m_document.blocks().find(e.blockName);
+    if (found == m_document.blocks().end() || found->second.entities.empty())
+      return false;
+    // the block is drawn where its entities are, as the file placed them for this dimension
+    for (const DrawingEntity& child : found->second.entities)
+      add(child, toScene, own, depth + 1);
+    return true;
+  }
+
+  void addPoint(QPainterPath& path, const QPointF& p) const
+  {
+    const int mode = int(std::clamp(m_document.headerReal(QStringLiteral("$PDMODE"), 0.0), 0.0, 127.0));
+    double size = m_document.headerReal(QStringLiteral("$PDSIZE"), 0.0);
+    if (!(size > 0) || !std::isfinite(size))
+      size = kPointMarkSize;
+    const double r = size / 2;
+    switch (mode & 7)
+    {
+    case 0:
+      // a path drops a line to where it is, and a path of one point draws nothing
+      path.moveTo(p);
+      path.lineTo(p + QPointF(std::max(std::abs(p.x()), 1.0) * 1e-9, 0));
+      break;
+    case 2:
+      path.moveTo(p - QPointF(r, 0));
+      path.lineTo(p + QPointF(r, 0));
+      path.moveTo(p - QPointF(0, r));
+      path.lineTo(p + QPointF(0, r));
+      break;
+    case 3:
+      path.moveTo(p - QPointF(r, r));
+      path.lineTo(p + QPointF(r, r));
+      path.moveTo(p - QPointF(r, -r));
+      path.lineTo(p + QPointF(r, -r));
+      break;
+    case 4:
+      path.moveTo(p);
+      path.lineTo(p + QPointF(0, r));
+      break;
+    default:
+      break;
+    }
+    if (mode & 32)
+      path.addEllipse(p, r, r);
+    if (mode & 64)
+      path.addRect(QRectF(p - QPointF(r, r), QSizeF(size, size)));
+  }
+
+  void addSolid(const DrawingEntity& e, const QTransform& toScene, const Inherited& own)
+  {
+    if (e.points.size() < 3)
+      return;
+    // the file gives the corners in zigzag order: the third and fourth are swapped round the outline
+    QPainterPath path;
+    path.moveTo(at(e.points[0]));
+    path.lineTo(at(e.points[1]));
+    if (e.points.size() > 3)
+      path.lineTo(at(e.points[3]));
+    path.lineTo(at(e.points[2]));
+    path.closeSubpath();
+    addFill(toScene.map(path), own, QBrush(own.color), true);
+  }
+
+  void addHatch(const DrawingEntity& e, const QTransform& toScene, const Inherited& own)
+  {
+    const DrawingEntityDetail& detail = e.details();
+    const QPainterPath loops = hatchLoopsPath(detail.loops);
+    if (loops.isEmpty())
+      return;
+    if (detail.solidFill)
+    {
+      addFill(toScene.map(loops), own, QBrush(own.color), true);
+      return;
+    }
+    std::vector<DrawingHatchLine> named;
+    // by name, the patterns are in millimetres; a drawing in inches ($MEASUREMENT 0) has them in inches
+    const bool inches = m_document.headerReal(QStringLiteral("$MEASUREMENT"), 1.0) == 0.0;
+    if (detail.patternLines.empty())
+      named = hatchPatternLines(detail.pattern, detail.patternScale / (inches ? 25.4 : 1.0), detail.patternAngle);
+    const std::vector<DrawingHatchLine>& families = detail.patternLines.empty() ? named : detail.patternLines;
+    QPainterPath lines;
+    if (!families.empty() && addHatchPatternLines(lines, loops, families, kMaxHatchPieces))
+    {
+      // the pattern has dashes of its own; the hatch's linetype does not cut them again
+      Inherited continuous = own;
+      continuous.linetype = OdDbObjectId();
+      addStroke(toScene.map(lines), continuous);
+      return;
+    }
+    // lines too fine to count, or a pattern nobody can draw, read as a tone of the hatch's colour
+    QColor tone = own.color;
+    tone.setAlpha(70);
+    addFill(toScene.map(loops), own, QBrush(tone), false);
+  }
+
+  void addImage(QPainterPath& path, const DrawingEntity& e, const QTransform& toScene, const QColor& color)
+  {
+    const DrawingEntityDetail& detail = e.details();
+    const QPointF origin = at(pointAt(e, 0));
+    const QPointF u = at(pointAt(e, 1)) * detail.pixelsWide;
+    const QPointF v = at(pointAt(e, 2)) * detail.pixelsHigh;
+    const double width = std::hypot(u.x(), u.y());
+    const double height = std::hypot(v.x(), v.y());
+    if (!(width > 0) || !(height > 0) || !std::isfinite(width * height))
+      return;
+    path.moveTo(origin);
+    path.lineTo(origin + u);
+    path.lineTo(origin + u + v);
+    path.lineTo(origin + v);
+    path.closeSubpath();
+    // the picture itself is not loaded: the frame says which file it is
+    const QString file = detail.imageFile.section(QRegularExpression(QStringLiteral("[/\\\\]")), -1);
+    const FontScale& fs = fontScale();
+    const double advance = fs.metrics.horizontalAdvance(file);
+    if (file.isEmpty() || !(advance > 0))
+      return;
+    const double textHeight = std::min(height * 0.1, width * 0.9 * fs.capHeight / advance);
+    QTransform placement;
+    placement.translate(origin.x() + (u.x() + v.x()) / 2, origin.y() + (u.y() + v.y()) / 2);
+    placement.rotate(qRadiansToDegrees(std::atan2(u.y(), u.x())));
+    addTextLine(file, placement * toScene, textHeight, QPointF(-advance / 2, fs.capHeight / 2), color);
+  }
+
+  /**
+   * Lays a text out with its baseline's left end at @p offset (font pixels, Y down, after the width
+   * factor) from the origin of @p placement (drawing units), slanted by @p oblique degrees.
+   */
   void addTextLine(const QString& line, const QTransform& placement, double height, const QPointF& offset,
-                   const QColor& color)
+                   const QColor& color, double widthFactor = 1.0, double oblique = 0.0)
   {
     if (line.isEmpty() || height <= 0 || !std::isfinite(height))
       return;
@@ -291,43 +373,126 @@ private:
     run.text.setPerformanceHint(QStaticText::AggressiveCaching);
     run.text.prepare(QTransform(), fs.font);
     const double k = height / fs.capHeight;
-    // font units (Y down, baseline at 0) to drawing units (Y up)
-    run.transform = QTransform::fromTranslate(offset.x(), offset.y()) * QTransform::fromScale(k, -k) * placement;
-    run.transform = QTransform::fromTranslate(0, -fs.ascent) * run.transform;
+    // font units (Y down, baseline at 0), narrowed and slanted, then to drawing units (Y up)
+    const QTransform slant(widthFactor, 0, -std::tan(qDegreesToRadians(oblique)), 1, 0, 0);
+    run.transform = QTransform::fromTranslate(0, -fs.ascent) * slant
+                    * QTransform::fromTranslate(offset.x(), offset.y()) * QTransform::fromScale(k, -k) * placement;
     run.color = color;
-    const QSizeF size = run.text.size();
+    // the box of the advance, by which the text was placed, rather than of the laid out glyphs
+    const QSizeF size(fs.metrics.horizontalAdvance(line), fs.ascent + fs.descent);
     run.box = run.transform.map(QPolygonF(QRectF(QPointF(0, 0), size)));
     m_texts.push_back(std::move(run));
   }
 
+  const DrawingTextStyle* styleOf(const QString& name) const
+  {
+    const QString wanted = name.isEmpty() ? QStringLiteral("Standard") : name;
+    const auto& styles = m_document.textStyles();
+    const auto found = styles.find(wanted);
+    if (found != styles.end())
+      return &found->second;
+    for (const auto& [styleName, style] : styles)
+      if (styleName.compare(wanted, Qt::CaseInsensitive) == 0)
+        return &style;
+    return nullptr;
+  }
+
+  /**
+   * A text's own width factor and oblique angle win over its style's, unless they are the defaults a
+   * file leaves unwritten; a style's fixed height wins over a single-line text's own.
+   */
+  TextLook textLook(const DrawingEntity& e) const
+  {
+    TextLook look{e.height, 1.0, 0.0};
+    if (const DrawingTextStyle* style = styleOf(e.style))
+    {
+      if (e.kind == EntityKind::Text && style->height > 0 && std::isfinite(style->height))
+        look.height = style->height;
+      look.widthFactor = style->widthFactor;
+      look.oblique = style->oblique;
+    }
+    if (e.kind == EntityKind::Text && e.widthFactor != 1.0)
+      look.widthFactor = e.widthFactor;
+    if (e.kind == EntityKind::Text && e.oblique != 0.0)
+      look.oblique = e.oblique;
+    if (!(look.widthFactor > 1.0 / kMaxWidthFactor && look.widthFactor < kMaxWidthFactor))
+      look.widthFactor = 1.0;
+    look.oblique = std::remainder(look.oblique, 360.0);
+    if (!(std::abs(look.oblique) < kMaxOblique))
+      look.oblique = 0.0;
+    return look;
+  }
+
   void addText(const DrawingEntity& e, const QTransform& toScene, const QColor& color)
   {
+    const QString text = drawnText(e.text);
+    TextLook look = textLook(e);
+    const FontScale& fs = fontScale();
+    const double advance = fs.metrics.horizontalAdvance(text) * look.widthFactor;
+    const int horizontal = e.horizontalAlignment;
+    const int vertical = e.verticalAlignment;
+    // left on the baseline is placed by the first point; every other alignment by the second
+    const bool aligned = (horizontal != 0 || vertical != 0) && e.points.size() >= 2;
+    QPointF anchor = at(pointAt(e, aligned ? 1 : 0));
+    double rotation = e.rotation;
+    QPointF offset;
+    if (aligned && (horizontal == 3 || horizontal == 5))
+    {
+      // between the two points: aligned keeps the proportions and scales the height, fit stretches the width
+      anchor = at(pointAt(e, 0));
+      const QPointF along = at(pointAt(e, 1)) - anchor;
+      const double length = std::hypot(along.x(), along.y());
+      const double natural = advance * look.height / fs.capHeight;
+      if (length > 0 && natural > 0 && std::isfinite(length / natural))
+      {
+        rotation = qRadiansToDegrees(std::atan2(along.y(), along.x()));
+        if (horizontal == 3)
+          look.height *= length / natural;
+        else
+          look.widthFactor *= length / natural;
+      }
+    }
+    else if (aligned)
+    {
+      offset.setX(horizontal == 1 || horizontal == 4 ? -advance / 2 : horizontal == 2 ? -advance : 0.0);
+      const int v = horizontal == 4 ? 2 : vertical;
+      offset.setY(v == 1 ? -fs.descent : v == 2 ? fs.capHeight / 2 : v == 3 ? fs.capHeight : 0.0);
+    }
+    QTransform placement;
+    placement.translate(anchor.x(), anchor.y());
+    placement.rotate(rotation);
+    addTextLine(text, placement * toScene, look.height, offset, color, look.widthFactor, look.oblique);
+  }
+
+  void addMText(const DrawingEntity& e, const QTransform& toScene, const QColor& color)
+  {
+    const TextLook look = textLook(e);
+    if (!(look.height > 0) || !std::isfinite(look.height))
+      return;
+    const FontScale& fs = fontScale();
+    const QFontMetricsF& metrics = fs.metrics;
+    const double fontUnit = look.height / fs.capHeight * look.widthFactor;
+    const double wrapAt = e.width > 0 && std::isfinite(e.width / fontUnit) ? e.width / fontUnit : 0.0;
+    const QStringList lines = wrappedLines(mtextParagraphs(e.text), metrics, wrapAt);
     const DrawingPoint p = pointAt(e, 0);
     QTransform placement;
     placement.translate(p.x, p.y);
     placement.rotate(e.rotation);
     placement *= toScene;
-    const QString text = plainText(e.text, e.kind == EntityKind::MText);
-    if (e.kind == EntityKind::Text)
-    {
-      addTextLine(text, placement, e.height, QPointF(), color);
-      return;
-    }
-    const FontScale& fs = fontScale();
-    const QStringList lines = text.split(QLatin1Char('\n'));
     const double step = fs.capHeight * 5.0 / 3.0;
-    double width = 0;
-    const QFontMetricsF metrics(fs.font);
-    for (const QString& line : lines)
-      width = std::max(width, metrics.horizontalAdvance(line));
     const double top = -fs.capHeight;
     const double bottom = (lines.size() - 1) * step;
-    const int column = (e.attachment - 1) % 3;
-    const int row = (e.attachment - 1) / 3;
-    const double dx = column == 0 ? 0 : column == 1 ? -width / 2 : -width;
+    const int attachment = std::clamp(e.attachment, 1, 9);
+    const int column = (attachment - 1) % 3;
+    const int row = (attachment - 1) / 3;
     const double dy = row == 0 ? -top : row == 1 ? -(top + bottom) / 2 : -bottom;
     for (int i = 0; i < lines.size(); ++i)
-      addTextLine(lines[i], placement, e.height, QPointF(dx, dy + i * step), color);
+    {
+      // each line is justified as the attachment says: left, centred or right of the insertion point
+      const double width = metrics.horizontalAdvance(lines[i]) * look.widthFactor;
+      const double dx = column == 0 ? 0 : column == 1 ? -width / 2 : -width;
+      addTextLine(lines[i], placement, look.height, QPointF(dx, dy + i * step), color, look.widthFactor, look.oblique);
+    }
   }
 
   void addDimension(QPainterPath& path, const DrawingEntity& e, const QTransform& toScene, const QColor& color)
@@ -433,7 +598,7 @@ private:
     const QString measured = angular ? QString::number(value, 'f', 0) + QStringLiteral("\u00b0")
                                      : prefix + QString::number(value, 'f', 2).remove(trailingZeros);
     QString shown = e.text.isEmpty() ? measured : QString(e.text).replace(QLatin1String("<>"), measured);
-    shown = plainText(shown, true);
+    shown = mtextParagraphs(shown).join(QLatin1Char(' '));
     if (textAngle > 90.0 || textAngle <= -90.0)
       textAngle += 180.0;
     QTransform placement;
@@ -441,7 +606,7 @@ private:
     placement.rotate(textAngle);
     placement *= toScene;
     const FontScale& fs = fontScale();
-    const double width = QFontMetricsF(fs.font).horizontalAdvance(shown);
+    const double width = fs.metrics.horizontalAdvance(shown);
     // lifted off the dimension line, centred on the text point
     addTextLine(shown, placement, textHeight, QPointF(-width / 2, -fs.capHeight * 0.3), color);
   }
@@ -467,34 +632,74 @@ private:
       path.moveTo(vertex);
       path.lineTo(vertex + QPointF(std::cos(r), std::sin(r)) * radius * 1.05);
     }
-    addArc(path, vertex, radius, start, sweep, true);
+    addDrawingArc(path, vertex, radius, start, sweep, true);
+  }
+
+  // Pens are made once per look and shared, across shapes and per thread, as the canvas may build
+  // its shapes in several: a QPen made from a colour allocates, a copy does not.
+  QPen penOf(const Inherited& style)
+  {
+    double mm = style.weight >= 0 ? style.weight / 100.0 : m_db.getLWDEFAULT() / 100.0;
+    // what a screen cannot show thinner than a pixel is drawn at one pixel
+    const double pixels = mm <= 0.25 ? 0.0 : mm * m_look.pixelsPerMm;
+    thread_local QPen shared{Qt::NoPen};
+    if (pixels != shared.widthF() || style.color != shared.color() || shared.style() != Qt::SolidLine)
+    {
+      shared = QPen(style.color, pixels, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin);
+      shared.setCosmetic(true);
+    }
+    return shared;
+  }
+
+  QPen glowOf(const QPen& pen)
+  {
+    const double width = std::max(pen.widthF(), 1.0) + 4.0;
+    thread_local QPen sharedGlow{Qt::NoPen};
+    if (width != sharedGlow.widthF() || m_look.highlight.rgb() != sharedGlow.color().rgb() || sharedGlow.style() != Qt::SolidLine)
+    {
+      QColor glow = m_look.highlight;
+      glow.setAlpha(150);
+      sharedGlow = QPen(glow, width, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin);
+      sharedGlow.setCosmetic(true);
+    }
+    return sharedGlow;
+  }
+
+  /** The drawing's overall linetype scale, read once per shape and only for a dashed linetype. */
+  double drawingLinetypeScale()
+  {
+    if (std::isnan(m_drawingLinetypeScale))
+    {
+      m_drawingLinetypeScale = m_document.headerReal(QStringLiteral("$LTSCALE"), 1.0);
+      if (!(m_drawingLinetypeScale > 0) || !std::isfinite(m_drawingLinetypeScale))
+        m_drawingLinetypeScale = 1.0;
+    }
+    return m_drawingLinetypeScale;
   }
 
   void addStroke(const QPainterPath& outline, const Inherited& style)
   {
     if (outline.isEmpty())
       return;
-    double mm = style.weight >= 0 ? style.weight / 100.0
-                                  : m_db.getLWDEFAULT() / 100.0;
-    // what a screen cannot show thinner than a pixel is drawn at one pixel
-    const double pixels = mm <= 0.25 ? 0.0 : mm * m_look.pixelsPerMm;
     std::vector<double> pattern;
     if (const OdDbLinetypeTableRecord* linetype = m_db.openLinetype(style.linetype))
       for (int i = 0; i < linetype->numDashes(); ++i)
-        pattern.push_back(linetype->dashLengthAt(i) * style.linetypeScale);
+        pattern.push_back(linetype->dashLengthAt(i) * style.linetypeScale * drawingLinetypeScale());
 
     double period = 0;
     for (double d : pattern)
       period += std::abs(d);
-    QPen pen(style.color, pixels, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin);
-    pen.setCosmetic(true);
+    if (!std::isfinite(period))
+      period = 0;
+    const QPen pen = penOf(style);
     // A block's entities mostly share one look, and an insert of it draws them thousands of
     // times over: in one stroke they cost a path, not a path, two pens and a copy each.
-    if (!m_strokes.empty() && m_strokes.back().pen == pen && m_strokes.back().period == period)
+    if (!m_strokes.empty() && m_strokes.back().fill.style() == Qt::NoBrush && m_strokes.back().pen == pen
+        && m_strokes.back().period == period)
     {
       m_strokes.back().outline.addPath(outline);
       if (period > 0)
-        m_strokes.back().dashed.addPath(dashed(outline, pattern));
+        m_strokes.back().dashed.addPath(dashedPath(outline, pattern, kMaxDashes));
       return;
     }
 
@@ -502,13 +707,24 @@ private:
     stroke.outline = outline;
     // a continuous line is never drawn dashed
     if (period > 0)
-      stroke.dashed = dashed(outline, pattern);
+      stroke.dashed = dashedPath(outline, pattern, kMaxDashes);
     stroke.period = period;
     stroke.pen = pen;
-    QColor glow = m_look.highlight;
-    glow.setAlpha(150);
-    stroke.glow = QPen(glow, std::max(pixels, 1.0) + 4.0, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin);
-    stroke.glow.setCosmetic(true);
+    stroke.glow = glowOf(pen);
+    m_strokes.push_back(std::move(stroke));
+  }
+
+  /** An area filled with @p brush (odd-even), its outline drawn in the entity's pen when @p edged. */
+  void addFill(const QPainterPath& area, const Inherited& style, const QBrush& brush, bool edged)
+  {
+    if (area.isEmpty())
+      return;
+    DrawingStroke stroke;
+    stroke.outline = area;
+    stroke.outline.setFillRule(Qt::OddEvenFill);
+    stroke.fill = brush;
+    stroke.pen = edged ? penOf(style) : QPen(Qt::NoPen);
+    stroke.glow = glowOf(penOf(style));
     m_strokes.push_back(std::move(stroke));
   }
 
@@ -517,6 +733,7 @@ private:
   const DrawingLook& m_look;
   std::vector<DrawingStroke>& m_strokes;
   std::vector<DrawingTextRun>& m_texts;
+  double m_drawingLinetypeScale = std::numeric_limits<double>::quiet_NaN();
 };
 
 } // namespace
@@ -532,8 +749,11 @@ void DrawingShape::build(const DrawingDocument& document, const DrawingEntity& e
   // the scene's Y axis points down, the drawing's up
   Builder(document, look, m_strokes, m_texts).add(entity, QTransform::fromScale(1, -1), top, 0);
   QRectF bounds;
+  // A turned ellipse's control points are well outside it; other curves are arcs of circles, whose
+  // control points stay close, and working out the exact box costs as much as building a line.
+  const bool exact = entity.kind == EntityKind::Ellipse;
   for (const DrawingStroke& s : m_strokes)
-    bounds |= s.outline.controlPointRect();
+    bounds |= exact ? s.outline.boundingRect() : s.outline.controlPointRect();
   for (const DrawingTextRun& t : m_texts)
     bounds |= t.box.boundingRect();
   // a horizontal or vertical line has an empty box, which no rectangle test finds
@@ -554,6 +774,9 @@ bool DrawingShape::hits(const QPointF& point, double tolerance) const
       return true;
   QPainterPathStroker stroker;
   stroker.setWidth(2 * tolerance);
+  for (const DrawingStroke& s : m_strokes)
+    if (s.fill.style() != Qt::NoBrush && s.outline.contains(point))
+      return true;
   for (const DrawingStroke& s : m_strokes)
     if (s.outline.controlPointRect().adjusted(-tolerance, -tolerance, tolerance, tolerance).contains(point)
         && stroker.createStroke(s.outline).contains(point))
@@ -590,6 +813,13 @@ void DrawingShape::paint(QPainter* painter, double lod, bool highlighted) const
   for (const DrawingStroke& s : m_strokes)
   {
     painter->setPen(s.pen);
+    if (s.fill.style() != Qt::NoBrush)
+    {
+      painter->setBrush(s.fill);
+      painter->drawPath(s.outline);
+      painter->setBrush(Qt::NoBrush);
+      continue;
+    }
     // dashes closer than a few pixels blur into a line anyway, and cost far more to draw
     painter->drawPath(s.period * lod < kDashPixels ? s.outline : s.dashed);
   }

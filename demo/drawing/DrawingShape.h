@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QBrush>
 #include <QColor>
 #include <QPainterPath>
 #include <QPen>
@@ -21,10 +22,12 @@ struct DrawingLook
   double pixelsPerMm = 96.0 / 25.4;
 };
 
-/** One colour, linetype and lineweight of an entity (an insert has several). */
+/** One colour, linetype and lineweight of an entity (an insert has several), or one filled area. */
 struct DrawingStroke
 {
   QPainterPath outline;
+  /** What fills the outline (by its fill rule); no brush for lines. */
+  QBrush fill;
   QPainterPath dashed;
   /** One repetition of the dashes in scene units; 0 for a continuous line. */
   double period = 0;
