@@ -109,6 +109,8 @@ struct DrawingEntity
   OdDb::LineWeight lineWeight = OdDb::kLnWtByLayer;
   double linetypeScale = 1.0;
   bool visible = true;
+  /** Kept from a paper-space layout of the file; the canvas shows model space only. */
+  bool paperSpace = false;
 
   /**
    * Line: start, end. Circle, Arc: centre. Polyline: its vertices.
