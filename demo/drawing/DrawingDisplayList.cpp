@@ -15,6 +15,8 @@ namespace
 constexpr std::size_t kMaxCachedShapes = 100000;
 // More entities than this changed at once are worked out with the tree built anew, not refitted one by one.
 constexpr std::size_t kRebuildShare = 16;
+// Below this size on screen, in pixels, an entity bigger than a dot is drawn without antialiasing.
+constexpr double kSmallPixels = 12.0;
 // Room around what is painted for pens wider than the entity's box (a highlight's glow), in pixels.
 constexpr double kPenRoom = 8.0;
 
@@ -370,9 +372,23 @@ void DrawingDisplayList::paint(QPainter* painter, const DrawingBox& area, double
     painter->restore();
   }
 
-  // bigger entities in the drawing's order, so that what comes later lies on top
+  // Bigger entities in the drawing's order, so that what comes later lies on top; those of
+  // a few pixels first and without antialiasing, which costs several times the drawing
+  // there and shows nothing on them.
   std::sort(m_drawn.begin(), m_drawn.end());
+  const double smallSize = kSmallPixels / lod;
+  const auto small = [&](std::uint32_t id) {
+    const DrawingBox& b = m_bounds[id];
+    return b.right - b.left < smallSize && b.bottom - b.top < smallSize;
+  };
+  const bool antialiased = painter->testRenderHint(QPainter::Antialiasing);
+  painter->setRenderHint(QPainter::Antialiasing, false);
   for (std::uint32_t id : m_drawn)
-    shapeOf(id).paint(painter, lod, id < selected.size() && selected[id]);
+    if (small(id))
+      shapeOf(id).paint(painter, lod, id < selected.size() && selected[id]);
+  painter->setRenderHint(QPainter::Antialiasing, antialiased);
+  for (std::uint32_t id : m_drawn)
+    if (!small(id))
+      shapeOf(id).paint(painter, lod, id < selected.size() && selected[id]);
   trimCache();
 }

@@ -211,12 +211,15 @@ private Q_SLOTS:
     const QPoint press = onScreen(canvas, from.x(), from.y());
     const QPoint release = onScreen(canvas, to.x(), to.y());
     dragTo(canvas, press, release);
-    const QImage image = canvas.viewport()->grab().toImage();
-    const QColor inside = image.pixelColor(((press + release) / 2 + QPoint(1, 1)) * image.devicePixelRatio());
-    const QColor paper = canvas.backgroundBrush().color();
     const bool crossing = to.x() < from.x();
-    QVERIFY2(inside != paper, qPrintable(inside.name()));
-    QVERIFY2(crossing ? inside.green() > inside.blue() : inside.blue() > inside.green(), qPrintable(inside.name()));
+    for (int theme : {HostQtStyleManager::Dark, HostQtStyleManager::Light})
+    {
+      hostGetQtStyleManager()->setTheme(theme);
+      const QImage image = canvas.viewport()->grab().toImage();
+      const QColor inside = image.pixelColor(((press + release) / 2 + QPoint(1, 1)) * image.devicePixelRatio());
+      QVERIFY2(inside != canvas.backgroundBrush().color(), qPrintable(inside.name()));
+      QVERIFY2(crossing ? inside.green() > inside.blue() : inside.blue() > inside.green(), qPrintable(inside.name()));
+    }
     QCOMPARE(changes.count(), 0);
 
     // AND when it is let go, the entity is selected as the row says, with one signal for the gesture
