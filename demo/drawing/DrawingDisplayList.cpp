@@ -320,11 +320,11 @@ void DrawingDisplayList::paint(QPainter* painter, const DrawingBox& area, double
 
   // Dots go straight into an image in the device's pixels: a million of them through
   // QPainter::drawPoints take a frame of their own. The image covers the area painted.
-  const QTransform toLogical = painter->combinedTransform();
-  const double ratio = painter->device() ? std::max(1.0, painter->device()->devicePixelRatioF()) : 1.0;
-  const QTransform toPixels = toLogical * QTransform::fromScale(ratio, ratio);
+  // The painter's own chain (world, view, pixel ratio, a widget's place in its window)
+  // differs between a widget, a view's background picture and an image: ask it whole.
+  const QTransform toPixels = painter->deviceTransform();
+  const double ratio = std::max(1.0, std::sqrt(std::abs(toPixels.determinant())) / lod);
   QRect pixels = toPixels.mapRect(area.toRect()).toAlignedRect().adjusted(-1, -1, 1, 1);
-  // a painter zoomed far in maps the area beyond any image: what is painted is never bigger than a screen or two
   pixels &= QRect(pixels.topLeft(), QSize(8192, 8192));
   if (m_dotImage.size() != pixels.size())
     m_dotImage = QImage(pixels.size(), QImage::Format_ARGB32_Premultiplied);
@@ -365,10 +365,11 @@ void DrawingDisplayList::paint(QPainter* painter, const DrawingBox& area, double
 
   if (anyDot)
   {
+    // a world transform that takes the image's pixels to the device's, one to one
     painter->save();
-    painter->resetTransform();
-    painter->scale(1 / ratio, 1 / ratio);
-    painter->drawImage(pixels.topLeft(), m_dotImage);
+    painter->setWorldTransform(QTransform::fromTranslate(pixels.left(), pixels.top()) * toPixels.inverted()
+                               * painter->worldTransform());
+    painter->drawImage(QPointF(0, 0), m_dotImage);
     painter->restore();
   }
 
