@@ -196,7 +196,11 @@ bool DrawingEntityCurves::answers(EntityKind kind)
 DrawingBox DrawingEntityCurves::bounds(const DrawingEntity& entity)
 {
   DrawingBox box;
-  forEachPiece(entity, [&box](const Piece& p) {
+  bool finite = true;
+  forEachPiece(entity, [&](const Piece& p) {
+    // a box quietly skips what is not a number: it is looked for here
+    finite = finite && std::isfinite(p.from.x()) && std::isfinite(p.from.y()) && std::isfinite(p.to.x())
+             && std::isfinite(p.to.y()) && std::isfinite(p.radius);
     box.unite(p.from.x(), p.from.y());
     box.unite(p.to.x(), p.to.y());
     if (!p.arc)
@@ -205,11 +209,6 @@ DrawingBox DrawingEntityCurves::bounds(const DrawingEntity& entity)
       if (onArc(p, quarter * M_PI / 2))
         box.unite(p.centre.x() + p.radius * std::cos(quarter * M_PI / 2),
                   p.centre.y() + p.radius * std::sin(quarter * M_PI / 2));
-  });
-  bool finite = true;
-  forEachPiece(entity, [&finite](const Piece& p) {
-    finite = finite && std::isfinite(p.from.x()) && std::isfinite(p.from.y()) && std::isfinite(p.to.x())
-             && std::isfinite(p.to.y()) && std::isfinite(p.radius);
   });
   if (!finite)
     return {};
