@@ -4,7 +4,7 @@
 #include "HostQtStyleManager.h"
 #include <QKeyEvent>
 #include <QMouseEvent>
-#include <QRubberBand>
+#include <QPainter>
 #include <QScrollBar>
 #include <QWheelEvent>
 #include <algorithm>
@@ -13,9 +13,9 @@
 namespace
 {
 
-// How far from an entity a click still picks it, in pixels.
-constexpr int kPickTolerance = 4;
-// A press that moves less than this is a click, not the start of a rectangle.
+// How far from an entity's outline a click still picks it, in logical pixels.
+constexpr double kPickTolerance = 8.0;
+// A press that moves less than this is a click, not the start of a window.
 constexpr int kDragThreshold = 3;
 // One wheel notch zooms by this factor.
 constexpr double kWheelZoom = 1.2;
@@ -23,11 +23,11 @@ constexpr double kWheelZoom = 1.2;
 } // namespace
 
 DrawingCanvas::DrawingCanvas(DrawingDocument* document, QWidget* parent)
-    : QGraphicsView(parent), m_document(document), m_scene(new QGraphicsScene(this)),
-      m_band(new QRubberBand(QRubberBand::Rectangle, viewport()))
+    : QGraphicsView(parent), m_document(document), m_scene(new QGraphicsScene(this))
 {
   setObjectName(QStringLiteral("drawingCanvas"));
   setAccessibleName(tr("Drawing"));
+  m_scene->setItemIndexMethod(QGraphicsScene::NoIndex);
   setScene(m_scene);
   setFocusPolicy(Qt::StrongFocus);
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -36,10 +36,12 @@ DrawingCanvas::DrawingCanvas(DrawingDocument* document, QWidget* parent)
   setResizeAnchor(QGraphicsView::AnchorViewCenter);
   setRenderHint(QPainter::Antialiasing);
   setRenderHint(QPainter::TextAntialiasing);
-  // lines are drawn with cosmetic pens a few pixels wide, which the scene's boxes cannot include
-  setViewportUpdateMode(QGraphicsView::SmartViewportUpdate);
+  // The drawing is the background, kept as a picture: a window dragged over it or a
+  // pan repaints from the picture, and only a change of the drawing, the zoom or the
+  // selection paints the entities again.
+  setCacheMode(QGraphicsView::CacheBackground);
+  setViewportUpdateMode(QGraphicsView::MinimalViewportUpdate);
   setOptimizationFlag(QGraphicsView::DontSavePainterState);
-  m_band->hide();
   m_look.pixelsPerMm = logicalDpiX() / 25.4;
   applyTheme();
 
@@ -49,7 +51,8 @@ DrawingCanvas::DrawingCanvas(DrawingDocument* document, QWidget* parent)
   {
     connect(m_document, &DrawingDocument::entitiesChanged, this, &DrawingCanvas::onEntitiesChanged);
     connect(m_document, &DrawingDocument::documentReset, this, [this] {
-      const bool hadSelection = !selection().isEmpty();
+      const bool hadSelection = std::find(m_selected.begin(), m_selected.end(), true) != m_selected.end();
+      m_selected.clear();
       rebuild();
       zoomExtents();
       if (hadSelection)
@@ -66,97 +69,111 @@ QVector<quint64> DrawingCanvas::selection() const
   QVector<quint64> handles;
   if (!m_document)
     return handles;
-  for (const DrawingEntity& entity : m_document->entities())
-    if (const DrawingEntityItem* item = m_items.value(entity.handle); item && item->isHighlighted())
-      handles.append(entity.handle);
+  const std::vector<DrawingEntity>& entities = m_document->entities();
+  const std::size_t count = std::min(entities.size(), m_selected.size());
+  for (std::size_t i = 0; i < count; ++i)
+    if (m_selected[i])
+      handles.append(entities[i].handle);
   return handles;
 }
 
 void DrawingCanvas::setSelection(const QVector<quint64>& handles)
 {
-  const QSet<quint64> wanted(handles.begin(), handles.end());
-  bool changed = false;
-  for (DrawingEntityItem* item : qAsConst(m_items))
+  ensureCurrent();
+  std::vector<std::uint32_t> positions;
+  if (m_document)
   {
-    const bool on = item->isVisible() && wanted.contains(item->handle());
-    if (item->isHighlighted() != on)
-    {
-      item->setHighlighted(on);
-      changed = true;
-    }
+    const DrawingEntity* first = m_document->entities().data();
+    for (quint64 handle : handles)
+      if (const DrawingEntity* entity = m_document->entity(handle))
+        if (m_list.isShown(std::size_t(entity - first)))
+          positions.push_back(std::uint32_t(entity - first));
   }
-  if (changed)
-    Q_EMIT selectionChanged();
+  select(positions, false);
 }
 
 void DrawingCanvas::selectAll()
 {
-  QList<DrawingEntityItem*> shown;
-  for (DrawingEntityItem* item : qAsConst(m_items))
-    if (item->isVisible())
-      shown.append(item);
-  selectItems(shown, false);
+  ensureCurrent();
+  std::vector<std::uint32_t> shown;
+  shown.reserve(m_list.size());
+  for (std::size_t i = 0; i < m_list.size(); ++i)
+    if (m_list.isShown(i))
+      shown.push_back(std::uint32_t(i));
+  select(shown, false);
+}
+
+void DrawingCanvas::select(const std::vector<std::uint32_t>& positions, bool add)
+{
+  std::vector<bool> wanted = add ? m_selected : std::vector<bool>(m_list.size(), false);
+  wanted.resize(m_list.size(), false);
+  for (std::uint32_t position : positions)
+    if (position < wanted.size())
+      wanted[position] = true;
+  if (wanted == m_selected)
+    return;
+  m_selected = std::move(wanted);
+  repaintDrawing();
+  Q_EMIT selectionChanged();
 }
 
 void DrawingCanvas::zoomExtents()
 {
-  QRectF extents;
-  for (const DrawingEntityItem* item : qAsConst(m_items))
-    if (item->isVisible())
-      extents |= item->boundingRect();
-  if (extents.isEmpty())
+  ensureCurrent();
+  const DrawingBox extents = m_list.extents();
+  if (!extents.isValid())
     return;
   m_zoomPending = !isVisible();
-  const double margin = std::max(extents.width(), extents.height()) * 0.03;
-  fitInView(extents.adjusted(-margin, -margin, margin, margin), Qt::KeepAspectRatio);
+  QRectF area = extents.toRect();
+  // a drawing of one horizontal line, or of one point, has no height or no size to fit
+  const double margin = std::max({area.width(), area.height(), 1e-6}) * 0.03;
+  area.adjust(-margin, -margin, margin, margin);
+  fitInView(area, Qt::KeepAspectRatio);
+  repaintDrawing();
 }
 
 void DrawingCanvas::rebuild()
 {
-  const QVector<quint64> selected = selection();
-  m_scene->clear();
-  m_items.clear();
-  if (!m_document)
-    return;
-  QRectF extents;
-  m_items.reserve(int(m_document->entities().size()));
-  for (const DrawingEntity& entity : m_document->entities())
-  {
-    auto* item = new DrawingEntityItem(entity.handle);
-    item->rebuild(*m_document, entity, m_look);
-    m_scene->addItem(item);
-    m_items.insert(entity.handle, item);
-    extents |= item->boundingRect();
-  }
+  m_list.rebuild(m_document, m_look);
+  m_selected.resize(m_list.size(), false);
+  const DrawingBox extents = m_list.extents();
+  const QRectF area = extents.isValid() ? extents.toRect() : QRectF(0, 0, 1, 1);
   // room to pan well past the drawing's edges
-  const double room = std::max({extents.width(), extents.height(), 1.0}) * 20.0;
-  m_scene->setSceneRect(extents.adjusted(-room, -room, room, room));
-  for (quint64 handle : selected)
-    if (DrawingEntityItem* item = m_items.value(handle))
-      item->setHighlighted(true);
+  const double room = std::max({area.width(), area.height(), 1.0}) * 20.0;
+  m_scene->setSceneRect(area.adjusted(-room, -room, room, room));
+  repaintDrawing();
+}
+
+void DrawingCanvas::ensureCurrent()
+{
+  // a document filled after the canvas was made says nothing: its count tells
+  if (m_document ? m_list.size() != m_document->entities().size() : m_list.size() != 0)
+    rebuild();
 }
 
 void DrawingCanvas::onEntitiesChanged(const QVector<quint64>& handles)
 {
   if (!m_document)
     return;
-  for (quint64 handle : handles)
+  if (m_list.size() != m_document->entities().size())
+    return rebuild();
+  std::vector<std::size_t> positions;
+  // finding a handle costs a look-up in a tree: for most of a drawing, working out all of it is cheaper
+  if (std::size_t(handles.size()) > m_list.size() / 8)
   {
-    DrawingEntityItem* item = m_items.value(handle);
-    const DrawingEntity* entity = m_document->entity(handle);
-    if (!item || !entity)
-      continue;
-    // Wide cosmetic pens (a selected entity's glow) paint beyond the item's box,
-    // which is all the scene repaints: without room for them, the old place
-    // keeps traces and the new one is clipped.
-    const auto repaintAround = [this, item] {
-      const int penRoom = 16;
-      viewport()->update(mapFromScene(item->sceneBoundingRect()).boundingRect().adjusted(-penRoom, -penRoom, penRoom, penRoom));
-    };
-    repaintAround();
-    item->rebuild(*m_document, *entity, m_look);
-    repaintAround();
+    positions.resize(m_list.size());
+    for (std::size_t i = 0; i < positions.size(); ++i)
+      positions[i] = i;
   }
+  else
+  {
+    const DrawingEntity* first = m_document->entities().data();
+    for (quint64 handle : handles)
+      if (const DrawingEntity* entity = m_document->entity(handle))
+        positions.push_back(std::size_t(entity - first));
+  }
+  m_list.update(positions);
+  repaintDrawing();
 }
 
 void DrawingCanvas::onThemeChanged()
@@ -168,47 +185,67 @@ void DrawingCanvas::onThemeChanged()
 void DrawingCanvas::applyTheme()
 {
   const HostQtStyleManager* styles = hostGetQtStyleManager();
-  const bool dark = styles && styles->theme() == HostQtStyleManager::Dark;
-  setBackgroundBrush(dark ? QColor(0x1c, 0x20, 0x26) : QColor(Qt::white));
+  m_dark = styles && styles->theme() == HostQtStyleManager::Dark;
+  setBackgroundBrush(m_dark ? QColor(0x1c, 0x20, 0x26) : QColor(Qt::white));
   // colour 7 is the ink that stands out from the paper, whichever it is
-  m_look.ink = dark ? QColor(0xf2, 0xf2, 0xf2) : QColor(Qt::black);
+  m_look.ink = m_dark ? QColor(0xf2, 0xf2, 0xf2) : QColor(Qt::black);
 }
 
-DrawingEntityItem* DrawingCanvas::itemAt(const QPoint& viewportPos) const
+void DrawingCanvas::repaintDrawing()
 {
-  const QPointF point = mapToScene(viewportPos);
-  const double scale = std::abs(transform().m11()) > 0 ? std::abs(transform().m11()) : 1.0;
-  const double tolerance = kPickTolerance / scale;
-  const QRectF near(point - QPointF(tolerance, tolerance), QSizeF(2 * tolerance, 2 * tolerance));
-  const QList<QGraphicsItem*> candidates = m_scene->items(near, Qt::IntersectsItemBoundingRect, Qt::DescendingOrder);
-  for (QGraphicsItem* candidate : candidates)
-  {
-    auto* item = qgraphicsitem_cast<DrawingEntityItem*>(candidate);
-    if (item && item->isVisible() && item->hits(point, tolerance))
-      return item;
-  }
-  return nullptr;
+  resetCachedContent();
+  viewport()->update();
 }
 
-void DrawingCanvas::selectItems(const QList<DrawingEntityItem*>& items, bool add)
+double DrawingCanvas::pixelsPerUnit() const
 {
-  bool changed = false;
-  const QSet<DrawingEntityItem*> keep(items.begin(), items.end());
-  if (!add)
-    for (DrawingEntityItem* item : qAsConst(m_items))
-      if (item->isHighlighted() && !keep.contains(item))
-      {
-        item->setHighlighted(false);
-        changed = true;
-      }
-  for (DrawingEntityItem* item : items)
-    if (!item->isHighlighted())
-    {
-      item->setHighlighted(true);
-      changed = true;
-    }
-  if (changed)
-    Q_EMIT selectionChanged();
+  const double scale = std::abs(transform().m11());
+  return scale > 0 ? scale : 1.0;
+}
+
+void DrawingCanvas::drawBackground(QPainter* painter, const QRectF& rect)
+{
+  QGraphicsView::drawBackground(painter, rect);
+  ensureCurrent();
+  // the view paints its background picture with a painter of its own, which has none of the view's hints
+  painter->setRenderHints(renderHints());
+  m_list.paint(painter, DrawingBox::of(rect), pixelsPerUnit(), m_selected);
+}
+
+QRect DrawingCanvas::bandRect() const
+{
+  return QRect(m_pressPos, m_bandEnd).normalized();
+}
+
+void DrawingCanvas::drawForeground(QPainter* painter, const QRectF&)
+{
+  if (!m_bandShown)
+    return;
+  // as CAD programs show them: a window solid and blue, a crossing dashed and green
+  const bool crossing = bandCrosses();
+  QColor edge = crossing ? (m_dark ? QColor(0x6c, 0xe0, 0x7c) : QColor(0x1c, 0x8c, 0x32))
+                         : (m_dark ? QColor(0x6c, 0xaa, 0xff) : QColor(0x1e, 0x5a, 0xc8));
+  QColor fill = edge;
+  fill.setAlpha(m_dark ? 56 : 40);
+  painter->save();
+  painter->resetTransform();
+  painter->setRenderHint(QPainter::Antialiasing, false);
+  QPen pen(edge, 1, crossing ? Qt::DashLine : Qt::SolidLine);
+  pen.setCosmetic(true);
+  painter->setPen(pen);
+  painter->setBrush(fill);
+  painter->drawRect(bandRect());
+  painter->restore();
+}
+
+void DrawingCanvas::updateBand(const QPoint& end)
+{
+  const QRect before = bandRect();
+  const bool wasShown = m_bandShown;
+  m_bandEnd = end;
+  m_bandShown = (end - m_pressPos).manhattanLength() >= kDragThreshold;
+  if (wasShown || m_bandShown)
+    viewport()->update(before.united(bandRect()).adjusted(-2, -2, 2, 2));
 }
 
 void DrawingCanvas::pan(int dx, int dy)
@@ -230,22 +267,23 @@ void DrawingCanvas::mousePressEvent(QMouseEvent* event)
   if (event->button() != Qt::LeftButton)
     return QGraphicsView::mousePressEvent(event);
   event->accept();
-  const bool toggle = event->modifiers() & Qt::ShiftModifier;
-  if (DrawingEntityItem* item = itemAt(event->pos()))
+  ensureCurrent();
+  const bool shift = event->modifiers() & Qt::ShiftModifier;
+  const std::int64_t picked = m_list.nearest(mapToScene(event->pos()), kPickTolerance / pixelsPerUnit());
+  if (picked >= 0)
   {
-    if (toggle)
-    {
-      item->setHighlighted(!item->isHighlighted());
-      Q_EMIT selectionChanged();
-    }
-    else
-      selectItems({item}, false);
+    if (!shift)
+      return select({std::uint32_t(picked)}, false);
+    m_selected[std::size_t(picked)] = !m_selected[std::size_t(picked)];
+    repaintDrawing();
+    Q_EMIT selectionChanged();
     return;
   }
   m_banding = true;
-  m_bandAdds = toggle;
+  m_bandAdds = shift;
   m_pressPos = event->pos();
-  m_band->setGeometry(QRect(m_pressPos, QSize()));
+  m_bandEnd = m_pressPos;
+  m_bandShown = false;
 }
 
 void DrawingCanvas::mouseMoveEvent(QMouseEvent* event)
@@ -258,12 +296,7 @@ void DrawingCanvas::mouseMoveEvent(QMouseEvent* event)
     return;
   }
   if (m_banding)
-  {
-    const QRect rect = QRect(m_pressPos, event->pos()).normalized();
-    m_band->setGeometry(rect);
-    m_band->setVisible((event->pos() - m_pressPos).manhattanLength() >= kDragThreshold);
-    return;
-  }
+    return updateBand(event->pos());
   QGraphicsView::mouseMoveEvent(event);
 }
 
@@ -277,21 +310,21 @@ void DrawingCanvas::mouseReleaseEvent(QMouseEvent* event)
   }
   if (!m_banding || event->button() != Qt::LeftButton)
     return QGraphicsView::mouseReleaseEvent(event);
+  updateBand(event->pos());
   m_banding = false;
-  m_band->hide();
-  if ((event->pos() - m_pressPos).manhattanLength() < kDragThreshold)
+  const bool wasDrag = m_bandShown;
+  m_bandShown = false;
+  viewport()->update(bandRect().adjusted(-2, -2, 2, 2));
+  if (!wasDrag)
   {
     // a click on empty paper
     if (!m_bandAdds)
-      selectItems({}, false);
+      select({}, false);
     return;
   }
-  const QRect rect = QRect(m_pressPos, event->pos()).normalized();
-  QList<DrawingEntityItem*> enclosed;
-  for (QGraphicsItem* candidate : m_scene->items(mapToScene(rect), Qt::ContainsItemBoundingRect))
-    if (auto* item = qgraphicsitem_cast<DrawingEntityItem*>(candidate); item && item->isVisible())
-      enclosed.append(item);
-  selectItems(enclosed, m_bandAdds);
+  const QRectF area = mapToScene(bandRect()).boundingRect();
+  const DrawingBox box = DrawingBox::of(area);
+  select(bandCrosses() ? m_list.crossedBy(box) : m_list.enclosedBy(box), m_bandAdds);
 }
 
 void DrawingCanvas::wheelEvent(QWheelEvent* event)
@@ -310,6 +343,7 @@ void DrawingCanvas::wheelEvent(QWheelEvent* event)
   scale(factor, factor);
   const QPoint drift = mapFromScene(pinned) - cursor;
   pan(drift.x(), drift.y());
+  repaintDrawing();
   event->accept();
 }
 
@@ -318,8 +352,15 @@ void DrawingCanvas::keyPressEvent(QKeyEvent* event)
   const int step = std::max(viewport()->width(), viewport()->height()) / 10;
   if (event->matches(QKeySequence::SelectAll))
     selectAll();
+  else if (event->key() == Qt::Key_Escape && m_banding)
+  {
+    // Escape during a drag drops the window, and keeps the selection
+    m_banding = false;
+    m_bandShown = false;
+    viewport()->update();
+  }
   else if (event->key() == Qt::Key_Escape)
-    selectItems({}, false);
+    select({}, false);
   else if (event->key() == Qt::Key_Left)
     pan(-step, 0);
   else if (event->key() == Qt::Key_Right)

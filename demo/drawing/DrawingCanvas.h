@@ -1,20 +1,23 @@
 #pragma once
 
-#include "DrawingEntityItem.h"
+#include "DrawingDisplayList.h"
 #include <QGraphicsView>
-#include <QHash>
 #include <QPointer>
-#include <QVector>
+#include <vector>
 
 class DrawingDocument;
-class QRubberBand;
 
 /**
- * Shows a drawing's model space and lets the user pick from it: a click
- * selects what is under the cursor, Shift+click adds or removes it, a drag
- * from empty space selects what the rectangle encloses, Escape clears and
- * Ctrl+A selects everything shown. The wheel zooms about the cursor; the
- * middle button and the arrow keys pan. The canvas follows the host's theme.
+ * Shows a drawing's model space and lets the user pick from it as in a CAD
+ * program: a click selects the entity nearest the cursor, Shift+click adds or
+ * removes it; a drag from empty paper to the right selects what lies wholly
+ * inside the window, one to the left what the window crosses or encloses;
+ * Escape clears and Ctrl+A selects everything shown. The wheel zooms about
+ * the cursor; the middle button and the arrow keys pan. The canvas follows
+ * the host's theme.
+ *
+ * The view's scene stays empty: the entities are painted as its background
+ * from a display list, which a million of them fit in.
  */
 class DrawingCanvas : public QGraphicsView
 {
@@ -34,7 +37,7 @@ public:
   void zoomExtents();
 
 Q_SIGNALS:
-  /** The user or the host changed the selection. */
+  /** The user or the host changed the selection; once per gesture. */
   void selectionChanged();
 
 protected:
@@ -44,26 +47,35 @@ protected:
   void wheelEvent(QWheelEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void showEvent(QShowEvent* event) override;
+  void drawBackground(QPainter* painter, const QRectF& rect) override;
+  void drawForeground(QPainter* painter, const QRectF& rect) override;
 
 private:
   void rebuild();
+  void ensureCurrent();
   void onEntitiesChanged(const QVector<quint64>& handles);
   void onThemeChanged();
   void applyTheme();
-  DrawingEntityItem* itemAt(const QPoint& viewportPos) const;
-  void selectItems(const QList<DrawingEntityItem*>& items, bool add);
-  void setHighlighted(DrawingEntityItem* item, bool on);
+  /** Puts @p positions in place of the selection, or adds them; one signal when anything changed. */
+  void select(const std::vector<std::uint32_t>& positions, bool add);
+  void repaintDrawing();
   void pan(int dx, int dy);
+  double pixelsPerUnit() const;
+  QRect bandRect() const;
+  bool bandCrosses() const { return m_bandEnd.x() < m_pressPos.x(); }
+  void updateBand(const QPoint& end);
 
   QPointer<DrawingDocument> m_document;
   QPointer<QGraphicsScene> m_scene;
-  QPointer<QRubberBand> m_band;
   DrawingLook m_look;
-  QHash<quint64, DrawingEntityItem*> m_items;
-  int m_selectedCount = 0;
+  bool m_dark = false;
+  DrawingDisplayList m_list;
+  std::vector<bool> m_selected;
   QPoint m_pressPos;
+  QPoint m_bandEnd;
   QPoint m_lastPanPos;
   bool m_banding = false;
+  bool m_bandShown = false;
   bool m_panning = false;
   bool m_bandAdds = false;
   bool m_zoomPending = true;

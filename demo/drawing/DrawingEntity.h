@@ -109,6 +109,13 @@ struct DrawingEntity
   OdDb::LineWeight lineWeight = OdDb::kLnWtByLayer;
   double linetypeScale = 1.0;
   bool visible = true;
+  /** Kept from a paper-space layout of the file and saved, but the canvas shows model space only. */
+  bool paperSpace = false;
+  /**
+   * Whether the entity changed since it was read (DrawingDocument::replaceEntities
+   * says so); a save then works its changes into the record it was read from.
+   */
+  bool edited = false;
 
   /**
    * Line: start, end. Circle, Arc: centre. Polyline: its vertices.
@@ -172,13 +179,6 @@ struct DrawingEntity
   /** Other: the entity's type as the file names it (e.g. "3DFACE"). */
   QString typeName;
 
-  /** In paper space (a layout sheet): kept and saved, but not part of the model the canvas shows. */
-  bool paperSpace = false;
-  /**
-   * Whether the entity changed since it was read (DrawingDocument::replaceEntities
-   * says so); a save then works its changes into the record it was read from.
-   */
-  bool edited = false;
   /** Where the entity's record is in the document's source (DrawingDocument::source()); size 0 for none. */
   quint32 recordBegin = 0;
   quint32 recordSize = 0;

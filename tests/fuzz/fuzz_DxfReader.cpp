@@ -8,16 +8,14 @@
 // how a saved crash is looked at.
 
 #include "DrawingDocument.h"
-#include "DrawingEntityItem.h"
+#include "DrawingDisplayList.h"
 #include "DxfReader.h"
 #include "DxfWriter.h"
 #include <QApplication>
 #include <QDir>
 #include <QFile>
-#include <QGraphicsScene>
 #include <QImage>
 #include <QPainter>
-#include <QStyleOptionGraphicsItem>
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
@@ -55,58 +53,46 @@ QByteArray contentsOf(const QString& path)
   return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
-/** Paints @p item over @p area of the scene, which fills the image: an entity seen close up. */
-void paint(QImage& image, DrawingEntityItem& item, const QRectF& area)
-{
-  QPainter painter(&image);
-  painter.setRenderHint(QPainter::Antialiasing);
-  if (area.width() > 0 && area.height() > 0)
-  {
-    const double scale = std::min(image.width() / area.width(), image.height() / area.height());
-    painter.scale(scale, scale);
-    painter.translate(-area.topLeft());
-  }
-  QStyleOptionGraphicsItem option;
-  option.exposedRect = item.boundingRect();
-  item.paint(&painter, &option, nullptr);
-}
-
 /**
- * Does what a canvas does with a drawing: builds every entity's item into a
- * scene, draws the whole, selects what a rectangle around it encloses, draws
- * that, and draws each entity close up and picks it at its middle.
+ * Does what a canvas does with a drawing: works out its display list, paints
+ * the whole, selects what a window around it encloses and what one in its
+ * middle crosses, paints that, and paints each entity close up and picks it
+ * at its middle.
  */
 void draw(const DrawingDocument& document)
 {
   static QImage image(48, 48, QImage::Format_ARGB32_Premultiplied);
-  const DrawingLook look;
-  QGraphicsScene scene;
-  std::vector<DrawingEntityItem*> items;
-  for (const DrawingEntity& entity : document.entities())
-  {
-    items.push_back(new DrawingEntityItem(entity.handle));
-    items.back()->rebuild(document, entity, look);
-    scene.addItem(items.back());
-  }
-  const QRectF extents = scene.itemsBoundingRect();
-  {
+  DrawingDisplayList list;
+  list.rebuild(&document, DrawingLook());
+  const DrawingBox extents = list.extents();
+  std::vector<bool> selected(list.size(), false);
+  const auto paintArea = [&](const DrawingBox& area) {
     QPainter painter(&image);
-    scene.render(&painter, image.rect(), extents);
-  }
-  for (QGraphicsItem* enclosed : scene.items(extents, Qt::ContainsItemBoundingRect))
-    if (auto* item = qgraphicsitem_cast<DrawingEntityItem*>(enclosed))
-      item->setHighlighted(true);
+    painter.setRenderHint(QPainter::Antialiasing);
+    const double width = area.right - area.left;
+    const double height = area.bottom - area.top;
+    const double scale = width > 0 && height > 0 ? std::min(image.width() / width, image.height() / height) : 1.0;
+    painter.scale(scale, scale);
+    painter.translate(-area.left, -area.top);
+    list.paint(&painter, area, scale, selected);
+  };
+  if (!extents.isValid())
+    return;
+  paintArea(extents);
+  for (std::uint32_t enclosed : list.enclosedBy(extents))
+    selected[enclosed] = true;
+  const DrawingBox middle{extents.left + (extents.right - extents.left) / 3, extents.top + (extents.bottom - extents.top) / 3,
+                          extents.right - (extents.right - extents.left) / 3, extents.bottom - (extents.bottom - extents.top) / 3};
+  for (std::uint32_t crossed : list.crossedBy(middle))
+    check(crossed < selected.size() && list.isShown(crossed), "a crossing found an entity not shown");
+  paintArea(extents);
+  for (std::size_t i = 0; i < list.size(); ++i)
   {
-    QPainter painter(&image);
-    scene.render(&painter, image.rect(), extents);
-  }
-  for (DrawingEntityItem* item : items)
-  {
-    if (!item->isVisible())
+    if (!list.isShown(i))
       continue;
-    const QRectF box = item->boundingRect();
-    paint(image, *item, box);
-    item->hits(box.center(), box.width() / 100 + 1e-3);
+    const DrawingBox box = list.bounds(i);
+    paintArea(box);
+    list.nearest(QPointF(box.left / 2 + box.right / 2, box.top / 2 + box.bottom / 2), (box.right - box.left) / 100 + 1e-3);
   }
 }
 
