@@ -241,6 +241,7 @@ int runEditor(QApplication& app, const Options& options)
   }
   else
   {
+    editor.placeOnScreen();
     editor.show();
     status = app.exec();
   }
