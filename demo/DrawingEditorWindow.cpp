@@ -65,6 +65,28 @@ private:
   QPointer<QWidget> m_palette;
 };
 
+/**
+ * Why a file cannot be written at @p path, as far as the file system tells:
+ * the writer knows only that writing failed. Empty when nothing stands out.
+ */
+QString writeObstacle(const QString& path)
+{
+  const QFileInfo file(path);
+  const QFileInfo folder(file.absolutePath());
+  const QString where = QDir::toNativeSeparators(folder.absoluteFilePath());
+  if (!folder.exists())
+    return DrawingEditorWindow::tr("The folder %1 does not exist.").arg(where);
+  if (!folder.isDir())
+    return DrawingEditorWindow::tr("%1 is a file, not a folder.").arg(where);
+  if (file.isDir())
+    return DrawingEditorWindow::tr("A folder of that name is in the way.");
+  if (file.exists() && !file.isWritable())
+    return DrawingEditorWindow::tr("The file is read-only.");
+  if (!folder.isWritable())
+    return DrawingEditorWindow::tr("The folder %1 does not allow writing.").arg(where);
+  return QString();
+}
+
 } // namespace
 
 DrawingEditorWindow::DrawingEditorWindow(QWidget* parent)
@@ -229,12 +251,13 @@ void DrawingEditorWindow::setPrompts(std::unique_ptr<EditorPrompts> prompts)
     m_prompts = std::move(prompts);
 }
 
-void DrawingEditorWindow::tell(QMessageBox::Icon icon, const QString& title, const QString& text)
+void DrawingEditorWindow::tell(QMessageBox::Icon icon, const QString& title, const QString& text, const QString& why)
 {
   EditorPrompts::Question notice;
   notice.icon = icon;
   notice.title = title;
   notice.text = text;
+  notice.details = why;
   m_prompts->ask(this, notice);
 }
 
@@ -301,8 +324,9 @@ void DrawingEditorWindow::openChosen(const QString& path)
   // What is left out is said here: a save would not keep it.
   if (!openFile(path, &error, &skipped))
   {
-    tell(QMessageBox::Critical, tr("Open Drawing"),
-         tr("%1 cannot be opened: %2").arg(QFileInfo(path).fileName(), error));
+    if (error.isEmpty())
+      error = tr("The reason is not known.");
+    tell(QMessageBox::Critical, tr("Open Drawing"), tr("%1 cannot be opened.").arg(QFileInfo(path).fileName()), error);
     return;
   }
   m_recent.add(path);
@@ -359,9 +383,12 @@ bool DrawingEditorWindow::writeDrawing(const QString& path)
   QString error;
   if (!saveFile(path, &error))
   {
+    const QString obstacle = writeObstacle(path);
+    if (!obstacle.isEmpty())
+      error = error.isEmpty() ? obstacle : error + QLatin1Char('\n') + obstacle;
     if (error.isEmpty())
-      error = tr("the reason is not known");
-    tell(QMessageBox::Critical, tr("Save Drawing"), tr("%1 cannot be saved: %2").arg(name, error));
+      error = tr("The reason is not known.");
+    tell(QMessageBox::Critical, tr("Save Drawing"), tr("%1 cannot be saved.").arg(name), error);
     return false;
   }
   m_recent.add(path);

@@ -82,7 +82,8 @@ private:
   bool saveAs();
   /** Says what the save changes beyond the edits, when it does, and writes unless the user cancels. */
   bool writeDrawing(const QString& path);
-  void tell(QMessageBox::Icon icon, const QString& title, const QString& text);
+  /** A notice with its reason below; nothing to choose. */
+  void tell(QMessageBox::Icon icon, const QString& title, const QString& text, const QString& why = QString());
   void onSelectionChanged();
   void afterDocumentReset();
   void updateTitle();

@@ -16,6 +16,7 @@ class ScriptedPrompts : public EditorPrompts
 public:
   QVector<QMessageBox::StandardButton> answers;
   QStringList asked;
+  QString lastDetails;
   QString savePath;
   QString openPath;
   int saveChoosers = 0;
@@ -23,6 +24,7 @@ public:
   QMessageBox::StandardButton ask(QWidget*, const Question& question) override
   {
     asked << question.title;
+    lastDetails = question.details;
     return answers.isEmpty() ? QMessageBox::Ok : answers.takeFirst();
   }
   QString openFileName(QWidget*, const QString&, const QString&, const QString&) override { return openPath; }
@@ -150,6 +152,8 @@ private slots:
     // THEN the question came once, what was chosen was written, and the action went ahead only after it
     QCOMPARE(prompts->asked, asked);
     QCOMPARE(prompts->saveChoosers, fileName.isEmpty() && answer == QMessageBox::Save ? 1 : 0);
+    if (asked.contains(QStringLiteral("Save Drawing")))
+      QVERIFY2(prompts->lastDetails.contains(QStringLiteral("missing-folder does not exist")), qPrintable(prompts->lastDetails));
     for (const QString& name : {QStringLiteral("named.dxf"), QStringLiteral("chosen.dxf")})
       QCOMPARE(QFile::exists(path(name)), name == written);
     const DrawingDocument& document = window.document();
