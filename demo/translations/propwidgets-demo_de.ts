@@ -2,6 +2,61 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="de_DE">
 <context>
+    <name>DemoWindow</name>
+    <message>
+        <source>Properties</source>
+        <translation>Eigenschaften</translation>
+    </message>
+    <message>
+        <source>&lt;b&gt;Wheel hub&lt;/b&gt; &amp;nbsp;·&amp;nbsp; 3 objects selected</source>
+        <translation>&lt;b&gt;Radnabe&lt;/b&gt; &amp;nbsp;·&amp;nbsp; 3 Objekte ausgewählt</translation>
+    </message>
+    <message>
+        <source>Mixed selection</source>
+        <translation>Gemischte Auswahl</translation>
+    </message>
+    <message>
+        <source>The selected objects hold different values: every control shows its varies state</source>
+        <translation>Die ausgewählten Objekte haben verschiedene Werte: jedes Steuerelement zeigt, dass sie variieren</translation>
+    </message>
+    <message>
+        <source>Dark</source>
+        <translation>Dunkel</translation>
+    </message>
+    <message>
+        <source>Light</source>
+        <translation>Hell</translation>
+    </message>
+    <message>
+        <source>Property grid</source>
+        <translation>Eigenschaftentabelle</translation>
+    </message>
+    <message>
+        <source>Writes the bag accepts or refuses appear here.</source>
+        <translation>Hier erscheinen die Schreibvorgänge, die die Eigenschaftensammlung annimmt oder ablehnt.</translation>
+    </message>
+    <message>
+        <source>%1 cannot show its item: %2</source>
+        <translation>%1 kann sein Element nicht zeigen: %2</translation>
+    </message>
+    <message>
+        <source>Radius</source>
+        <translation>Radius</translation>
+    </message>
+    <message>
+        <source>Segments</source>
+        <translation>Segmente</translation>
+    </message>
+    <message>
+        <source>Visible</source>
+        <translation>Sichtbar</translation>
+    </message>
+    <message>
+        <source>Drawing redrawn %1 times</source>
+        <translation>Zeichnung %1-mal neu gezeichnet</translation>
+    </message>
+</context>
+<context>
     <name>DrawingCanvas</name>
     <message>
         <source>Drawing</source>
@@ -596,6 +651,566 @@
     <message>
         <source>Note box</source>
         <translation>Hinweis</translation>
+    </message>
+    <message>
+        <source>General</source>
+        <translation>Allgemein</translation>
+    </message>
+    <message>
+        <source>What the object is called and how it behaves</source>
+        <translation>Wie das Objekt heißt und wie es sich verhält</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>The name shown in the object browser</source>
+        <translation>Der Name, der im Objektbrowser gezeigt wird</translation>
+    </message>
+    <message>
+        <source>A name cannot be empty.</source>
+        <translation>Ein Name kann nicht leer sein.</translation>
+    </message>
+    <message>
+        <source>Layer</source>
+        <translation>Layer</translation>
+    </message>
+    <message>
+        <source>The layer the object is drawn on</source>
+        <translation>Der Layer, auf dem das Objekt gezeichnet wird</translation>
+    </message>
+    <message>
+        <source>Objects cannot be moved onto a locked layer.</source>
+        <translation>Objekte können nicht auf einen gesperrten Layer verschoben werden.</translation>
+    </message>
+    <message>
+        <source>Lock the layer</source>
+        <translation>Layer sperren</translation>
+    </message>
+    <message>
+        <source>Colour</source>
+        <translation>Farbe</translation>
+    </message>
+    <message>
+        <source>The colour the object is drawn in</source>
+        <translation>Die Farbe, in der das Objekt gezeichnet wird</translation>
+    </message>
+    <message>
+        <source>Linetype</source>
+        <translation>Linientyp</translation>
+    </message>
+    <message>
+        <source>The dash pattern of the object&apos;s lines</source>
+        <translation>Das Strichmuster der Linien des Objekts</translation>
+    </message>
+    <message>
+        <source>Lineweight</source>
+        <translation>Linienstärke</translation>
+    </message>
+    <message>
+        <source>The printed width of the object&apos;s lines</source>
+        <translation>Die gedruckte Breite der Linien des Objekts</translation>
+    </message>
+    <message>
+        <source>Revision note</source>
+        <translation>Revisionsvermerk</translation>
+    </message>
+    <message>
+        <source>Free text kept with the object</source>
+        <translation>Freier Text, der beim Objekt gespeichert wird</translation>
+    </message>
+    <message>
+        <source>Visible</source>
+        <translation>Sichtbar</translation>
+    </message>
+    <message>
+        <source>Whether the object is drawn</source>
+        <translation>Ob das Objekt gezeichnet wird</translation>
+    </message>
+    <message>
+        <source>Locked</source>
+        <translation>Gesperrt</translation>
+    </message>
+    <message>
+        <source>A locked object cannot be moved</source>
+        <translation>Ein gesperrtes Objekt kann nicht verschoben werden</translation>
+    </message>
+    <message>
+        <source>Protect from edits</source>
+        <translation>Vor Änderungen schützen</translation>
+    </message>
+    <message>
+        <source>Snap to grid</source>
+        <translation>Am Raster fangen</translation>
+    </message>
+    <message>
+        <source>Moves snap the object to the grid</source>
+        <translation>Beim Verschieben fängt das Objekt am Raster</translation>
+    </message>
+    <message>
+        <source>Annotative</source>
+        <translation>Beschriftungsskaliert</translation>
+    </message>
+    <message>
+        <source>Scales with the viewport</source>
+        <translation>Skaliert mit dem Ansichtsfenster</translation>
+    </message>
+    <message>
+        <source>Scale with viewport</source>
+        <translation>Mit dem Ansichtsfenster skalieren</translation>
+    </message>
+    <message>
+        <source>Last revised</source>
+        <translation>Zuletzt revidiert</translation>
+    </message>
+    <message>
+        <source>Date of the last approved change</source>
+        <translation>Datum der letzten freigegebenen Änderung</translation>
+    </message>
+    <message>
+        <source>A revision cannot be dated after 2030.</source>
+        <translation>Eine Revision kann nicht nach 2030 datiert sein.</translation>
+    </message>
+    <message>
+        <source>Geometry</source>
+        <translation>Geometrie</translation>
+    </message>
+    <message>
+        <source>Size and placement</source>
+        <translation>Größe und Lage</translation>
+    </message>
+    <message>
+        <source>Radius</source>
+        <translation>Radius</translation>
+    </message>
+    <message>
+        <source>Radius of the hub circle, in mm</source>
+        <translation>Radius des Nabenkreises, in mm</translation>
+    </message>
+    <message>
+        <source>The radius must be greater than zero.</source>
+        <translation>Der Radius muss größer als null sein.</translation>
+    </message>
+    <message>
+        <source>Thickness</source>
+        <translation>Dicke</translation>
+    </message>
+    <message>
+        <source>Extrusion thickness, in mm</source>
+        <translation>Extrusionsdicke, in mm</translation>
+    </message>
+    <message>
+        <source>The thickness cannot be negative.</source>
+        <translation>Die Dicke kann nicht negativ sein.</translation>
+    </message>
+    <message>
+        <source>Rotation</source>
+        <translation>Drehung</translation>
+    </message>
+    <message>
+        <source>Rotation about the insertion point</source>
+        <translation>Drehung um den Einfügepunkt</translation>
+    </message>
+    <message>
+        <source>Scale factor</source>
+        <translation>Skalierfaktor</translation>
+    </message>
+    <message>
+        <source>Uniform scale of the object</source>
+        <translation>Gleichmäßige Skalierung des Objekts</translation>
+    </message>
+    <message>
+        <source>The scale factor must be greater than zero.</source>
+        <translation>Der Skalierfaktor muss größer als null sein.</translation>
+    </message>
+    <message>
+        <source>Reset to 1</source>
+        <translation>Auf 1 zurücksetzen</translation>
+    </message>
+    <message>
+        <source>Segments</source>
+        <translation>Segmente</translation>
+    </message>
+    <message>
+        <source>Number of segments of the tessellation</source>
+        <translation>Anzahl der Segmente der Unterteilung</translation>
+    </message>
+    <message>
+        <source>The number of segments must be even.</source>
+        <translation>Die Anzahl der Segmente muss gerade sein.</translation>
+    </message>
+    <message>
+        <source>Opacity</source>
+        <translation>Deckkraft</translation>
+    </message>
+    <message>
+        <source>Opacity in percent</source>
+        <translation>Deckkraft in Prozent</translation>
+    </message>
+    <message>
+        <source>Vertices</source>
+        <translation>Scheitelpunkte</translation>
+    </message>
+    <message>
+        <source>Corner points of the outline</source>
+        <translation>Eckpunkte des Umrisses</translation>
+    </message>
+    <message>
+        <source>X</source>
+        <translation>X</translation>
+    </message>
+    <message>
+        <source>Y</source>
+        <translation>Y</translation>
+    </message>
+    <message>
+        <source>Start point</source>
+        <translation>Startpunkt</translation>
+    </message>
+    <message>
+        <source>Where the centre line starts</source>
+        <translation>Wo die Mittellinie beginnt</translation>
+    </message>
+    <message>
+        <source>Z</source>
+        <translation>Z</translation>
+    </message>
+    <message>
+        <source>End point</source>
+        <translation>Endpunkt</translation>
+    </message>
+    <message>
+        <source>Where the centre line ends, in plan</source>
+        <translation>Wo die Mittellinie endet, im Grundriss</translation>
+    </message>
+    <message>
+        <source>3D vertices</source>
+        <translation>3D-Scheitelpunkte</translation>
+    </message>
+    <message>
+        <source>Corners of the hub&apos;s bounding box</source>
+        <translation>Ecken des umschließenden Quaders der Nabe</translation>
+    </message>
+    <message>
+        <source>Block scale</source>
+        <translation>Blockskalierung</translation>
+    </message>
+    <message>
+        <source>Scale of the block in X and Y</source>
+        <translation>Skalierung des Blocks in X und Y</translation>
+    </message>
+    <message>
+        <source>A scale must be greater than zero.</source>
+        <translation>Eine Skalierung muss größer als null sein.</translation>
+    </message>
+    <message>
+        <source>Drawing</source>
+        <translation>Zeichnung</translation>
+    </message>
+    <message>
+        <source>The sheets and the title block</source>
+        <translation>Die Blätter und das Schriftfeld</translation>
+    </message>
+    <message>
+        <source>Layouts</source>
+        <translation>Layouts</translation>
+    </message>
+    <message>
+        <source>Ticked layouts are plotted; a pinned one opens first</source>
+        <translation>Angehakte Layouts werden geplottet; ein angeheftetes öffnet sich zuerst</translation>
+    </message>
+    <message>
+        <source>Model</source>
+        <translation>Modell</translation>
+    </message>
+    <message>
+        <source>Assembly</source>
+        <translation>Baugruppe</translation>
+    </message>
+    <message>
+        <source>Details</source>
+        <translation>Details</translation>
+    </message>
+    <message>
+        <source>Parts list</source>
+        <translation>Stückliste</translation>
+    </message>
+    <message>
+        <source>Title block</source>
+        <translation>Schriftfeld</translation>
+    </message>
+    <message>
+        <source>The fields of the sheet&apos;s title block</source>
+        <translation>Die Felder des Schriftfelds des Blatts</translation>
+    </message>
+    <message>
+        <source>Title</source>
+        <translation>Titel</translation>
+    </message>
+    <message>
+        <source>Wheel hub</source>
+        <translation>Radnabe</translation>
+    </message>
+    <message>
+        <source>Drawn by</source>
+        <translation>Gezeichnet von</translation>
+    </message>
+    <message>
+        <source>Sheet</source>
+        <translation>Blatt</translation>
+    </message>
+    <message>
+        <source>Field</source>
+        <translation>Feld</translation>
+    </message>
+    <message>
+        <source>Value</source>
+        <translation>Wert</translation>
+    </message>
+    <message>
+        <source>Object snaps</source>
+        <translation>Objektfang</translation>
+    </message>
+    <message>
+        <source>The snaps in force while drawing</source>
+        <translation>Die Fangmodi, die beim Zeichnen gelten</translation>
+    </message>
+    <message>
+        <source>Endpoint</source>
+        <translation>Endpunkt</translation>
+    </message>
+    <message>
+        <source>Midpoint</source>
+        <translation>Mittelpunkt</translation>
+    </message>
+    <message>
+        <source>Center</source>
+        <translation>Zentrum</translation>
+    </message>
+    <message>
+        <source>Intersection</source>
+        <translation>Schnittpunkt</translation>
+    </message>
+    <message>
+        <source>Text</source>
+        <translation>Text</translation>
+    </message>
+    <message>
+        <source>The object&apos;s label</source>
+        <translation>Die Beschriftung des Objekts</translation>
+    </message>
+    <message>
+        <source>Text height</source>
+        <translation>Texthöhe</translation>
+    </message>
+    <message>
+        <source>A standard height, or type your own</source>
+        <translation>Eine Standardhöhe, oder eine eigene eingeben</translation>
+    </message>
+    <message>
+        <source>The text height must be greater than zero.</source>
+        <translation>Die Texthöhe muss größer als null sein.</translation>
+    </message>
+    <message>
+        <source>Text style</source>
+        <translation>Textstil</translation>
+    </message>
+    <message>
+        <source>The style of the label text</source>
+        <translation>Der Stil des Beschriftungstexts</translation>
+    </message>
+    <message>
+        <source>Standard</source>
+        <translation>Standard</translation>
+    </message>
+    <message>
+        <source>Notes</source>
+        <translation>Notizen</translation>
+    </message>
+    <message>
+        <source>Leader arrow</source>
+        <translation>Führungspfeil</translation>
+    </message>
+    <message>
+        <source>The arrowhead of the label&apos;s leader</source>
+        <translation>Die Pfeilspitze der Führungslinie der Beschriftung</translation>
+    </message>
+    <message>
+        <source>Justification</source>
+        <translation>Ausrichtung</translation>
+    </message>
+    <message>
+        <source>Where the text sits on its insertion point</source>
+        <translation>Wo der Text an seinem Einfügepunkt sitzt</translation>
+    </message>
+    <message>
+        <source>Top left</source>
+        <translation>Oben links</translation>
+    </message>
+    <message>
+        <source>Top centre</source>
+        <translation>Oben Mitte</translation>
+    </message>
+    <message>
+        <source>Top right</source>
+        <translation>Oben rechts</translation>
+    </message>
+    <message>
+        <source>Middle left</source>
+        <translation>Mitte links</translation>
+    </message>
+    <message>
+        <source>Middle centre</source>
+        <translation>Mitte Mitte</translation>
+    </message>
+    <message>
+        <source>Middle right</source>
+        <translation>Mitte rechts</translation>
+    </message>
+    <message>
+        <source>Bottom left</source>
+        <translation>Unten links</translation>
+    </message>
+    <message>
+        <source>Bottom centre</source>
+        <translation>Unten Mitte</translation>
+    </message>
+    <message>
+        <source>Bottom right</source>
+        <translation>Unten rechts</translation>
+    </message>
+    <message>
+        <source>Alignment</source>
+        <translation>Zeilenausrichtung</translation>
+    </message>
+    <message>
+        <source>Alignment of the text lines</source>
+        <translation>Ausrichtung der Textzeilen</translation>
+    </message>
+    <message>
+        <source>Left</source>
+        <translation>Links</translation>
+    </message>
+    <message>
+        <source>Centre</source>
+        <translation>Mitte</translation>
+    </message>
+    <message>
+        <source>Right</source>
+        <translation>Rechts</translation>
+    </message>
+    <message>
+        <source>Units</source>
+        <translation>Einheiten</translation>
+    </message>
+    <message>
+        <source>Units of the dimension text</source>
+        <translation>Einheiten des Bemaßungstexts</translation>
+    </message>
+    <message>
+        <source>Frame</source>
+        <translation>Rahmen</translation>
+    </message>
+    <message>
+        <source>The frame drawn around the text</source>
+        <translation>Der Rahmen, der um den Text gezeichnet wird</translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation>Keiner</translation>
+    </message>
+    <message>
+        <source>Box</source>
+        <translation>Rechteck</translation>
+    </message>
+    <message>
+        <source>Round</source>
+        <translation>Rund</translation>
+    </message>
+    <message>
+        <source>Commands</source>
+        <translation>Befehle</translation>
+    </message>
+    <message>
+        <source>What can be done with the selection</source>
+        <translation>Was sich mit der Auswahl tun lässt</translation>
+    </message>
+    <message>
+        <source>Quick tools</source>
+        <translation>Schnellwerkzeuge</translation>
+    </message>
+    <message>
+        <source>Commands for the selection</source>
+        <translation>Befehle für die Auswahl</translation>
+    </message>
+    <message>
+        <source>Zoom to</source>
+        <translation>Zoomen auf</translation>
+    </message>
+    <message>
+        <source>Select similar</source>
+        <translation>Ähnliche auswählen</translation>
+    </message>
+    <message>
+        <source>Isolate</source>
+        <translation>Isolieren</translation>
+    </message>
+    <message>
+        <source>Match</source>
+        <translation>Übertragen</translation>
+    </message>
+    <message>
+        <source>Copy properties between objects</source>
+        <translation>Eigenschaften zwischen Objekten kopieren</translation>
+    </message>
+    <message>
+        <source>Match properties</source>
+        <translation>Eigenschaften übertragen</translation>
+    </message>
+    <message>
+        <source>Reset all</source>
+        <translation>Alles zurücksetzen</translation>
+    </message>
+    <message>
+        <source>%1 refused: %2</source>
+        <translation>%1 abgelehnt: %2</translation>
+    </message>
+    <message>
+        <source>Yes</source>
+        <translation>Ja</translation>
+    </message>
+    <message>
+        <source>No</source>
+        <translation>Nein</translation>
+    </message>
+    <message>
+        <source>set to %1</source>
+        <translation>auf %1 gesetzt</translation>
+    </message>
+    <message>
+        <source>ran &quot;%1&quot;</source>
+        <translation>„%1“ ausgeführt</translation>
+    </message>
+    <message>
+        <source>%1 %2</source>
+        <translation>%1 %2</translation>
+    </message>
+    <message>
+        <source>ticked</source>
+        <translation>angehakt</translation>
+    </message>
+    <message>
+        <source>cleared</source>
+        <translation>abgehakt</translation>
+    </message>
+    <message>
+        <source>%1 set to %2</source>
+        <translation>%1 auf %2 gesetzt</translation>
+    </message>
+    <message>
+        <source>vertex %1 %2 set to %3</source>
+        <translation>Scheitelpunkt %1 %2 auf %3 gesetzt</translation>
     </message>
 </context>
 <context>
