@@ -1,6 +1,7 @@
 #include "DrawingEditorWindow.h"
 
 #include "DemoBag.h"
+#include "DemoSettings.h"
 #include "DemoWindow.h"
 #include "DrawingCanvas.h"
 #include "DxfReader.h"
@@ -12,17 +13,25 @@
 #include <QActionGroup>
 #include <QApplication>
 #include <QCloseEvent>
-#include <QFileDialog>
+#include <QDir>
 #include <QFileInfo>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QPainter>
+#include <QScreen>
 #include <QSplitter>
+#include <QStatusBar>
+#include <QStyle>
+#include <QWindow>
 
 namespace
 {
+
+const char kGeometryKey[] = "editor/geometry";
+/** How long a note in the status bar stays, in milliseconds. */
+constexpr int kNoteTimeout = 6000;
 
 /**
  * Lets Ctrl+Z and Ctrl+Shift+Z reach the drawing's undo from a palette field
@@ -56,32 +65,54 @@ private:
   QPointer<QWidget> m_palette;
 };
 
+/**
+ * Why a file cannot be written at @p path, as far as the file system tells:
+ * the writer knows only that writing failed. Empty when nothing stands out.
+ */
+QString writeObstacle(const QString& path)
+{
+  const QFileInfo file(path);
+  const QFileInfo folder(file.absolutePath());
+  const QString where = QDir::toNativeSeparators(folder.absoluteFilePath());
+  if (!folder.exists())
+    return DrawingEditorWindow::tr("The folder %1 does not exist.").arg(where);
+  if (!folder.isDir())
+    return DrawingEditorWindow::tr("%1 is a file, not a folder.").arg(where);
+  if (file.isDir())
+    return DrawingEditorWindow::tr("A folder of that name is in the way.");
+  if (file.exists() && !file.isWritable())
+    return DrawingEditorWindow::tr("The file is read-only.");
+  if (!folder.isWritable())
+    return DrawingEditorWindow::tr("The folder %1 does not allow writing.").arg(where);
+  return QString();
+}
+
 } // namespace
 
 DrawingEditorWindow::DrawingEditorWindow(QWidget* parent)
-  : QMainWindow(parent), m_bag(&m_document, &m_undo)
+  : QMainWindow(parent), m_bag(&m_document, &m_undo), m_prompts(std::make_unique<EditorPrompts>())
 {
-  auto* split = new QSplitter(Qt::Horizontal, this);
-  split->setObjectName(QStringLiteral("split"));
-  split->setChildrenCollapsible(false);
-  m_canvas = new DrawingCanvas(&m_document, split);
+  m_split = new QSplitter(Qt::Horizontal, this);
+  m_split->setObjectName(QStringLiteral("split"));
+  m_split->setChildrenCollapsible(false);
+  m_canvas = new DrawingCanvas(&m_document, m_split);
   m_canvas->setAccessibleName(tr("Drawing"));
-  m_palette = new PropertyPalette(&m_bag, split);
-  split->addWidget(m_canvas);
-  split->addWidget(m_palette);
-  split->setStretchFactor(0, 1);
-  split->setStretchFactor(1, 0);
-  setCentralWidget(split);
+  m_palette = new PropertyPalette(&m_bag, m_split);
+  m_split->addWidget(m_canvas);
+  m_split->addWidget(m_palette);
+  m_split->setStretchFactor(0, 1);
+  m_split->setStretchFactor(1, 0);
+  setCentralWidget(m_split);
   buildMenus();
+  statusBar()->setObjectName(QStringLiteral("statusBar"));
   qApp->installEventFilter(new UndoShortcutFilter(m_palette, this));
 
   connect(m_canvas, &DrawingCanvas::selectionChanged, this, &DrawingEditorWindow::onSelectionChanged);
   connect(&m_document, &DrawingDocument::documentReset, this, &DrawingEditorWindow::afterDocumentReset);
   connect(&m_undo, &QUndoStack::cleanChanged, this, &DrawingEditorWindow::updateTitle);
+  // The size pictures are made at; a window shown to a person takes its size from the screen (placeOnScreen).
   resize(1400, 860);
-  // Room for the longest captions beside their controls; the drawing takes the rest.
-  const int paletteWidth = fontMetrics().averageCharWidth() * 52;
-  split->setSizes({width() - paletteWidth, paletteWidth});
+  fitPalette();
   updateTitle();
 }
 
@@ -97,11 +128,23 @@ DrawingEditorWindow::~DrawingEditorWindow()
 void DrawingEditorWindow::buildMenus()
 {
   QMenu* file = menuBar()->addMenu(tr("&File"));
-  file->addAction(tr("&Open..."), this, &DrawingEditorWindow::onOpen, QKeySequence::Open);
-  // Not every platform binds the standard Save As key: name it.
-  file->addAction(tr("Save &As..."), this, &DrawingEditorWindow::onSaveAs, QKeySequence(Qt::CTRL + Qt::SHIFT + Qt::Key_S));
+  const auto add = [this, file](const char* name, const QString& text, auto slot, const QKeySequence& key) {
+    QAction* action = file->addAction(text, this, slot, key);
+    action->setObjectName(QLatin1String(name));
+    return action;
+  };
+  add("actionNew", tr("&New"), &DrawingEditorWindow::onNew, QKeySequence::New);
+  add("actionOpen", tr("&Open..."), &DrawingEditorWindow::onOpen, QKeySequence::Open);
+  m_recentMenu = file->addMenu(tr("Open &Recent"));
+  m_recentMenu->setObjectName(QStringLiteral("menuRecent"));
+  connect(m_recentMenu, &QMenu::aboutToShow, this, &DrawingEditorWindow::fillRecentMenu);
+  fillRecentMenu();
   file->addSeparator();
-  file->addAction(tr("&Quit"), this, &QWidget::close, QKeySequence::Quit);
+  add("actionSave", tr("&Save"), &DrawingEditorWindow::save, QKeySequence::Save);
+  // Not every platform binds the standard Save As key: name it.
+  add("actionSaveAs", tr("Save &As..."), &DrawingEditorWindow::saveAs, QKeySequence(Qt::CTRL + Qt::SHIFT + Qt::Key_S));
+  file->addSeparator();
+  add("actionQuit", tr("&Quit"), &QWidget::close, QKeySequence::Quit);
 
   QMenu* edit = menuBar()->addMenu(tr("&Edit"));
   QAction* undo = m_undo.createUndoAction(this, tr("&Undo"));
@@ -137,12 +180,37 @@ void DrawingEditorWindow::buildMenus()
   view->addAction(tr("Control &Catalogue"), this, &DrawingEditorWindow::showCatalogue);
 }
 
-bool DrawingEditorWindow::openFile(const QString& path, QString* error)
+void DrawingEditorWindow::fillRecentMenu()
+{
+  m_recentMenu->clear();
+  const QStringList files = m_recent.files();
+  for (int i = 0; i < files.size(); ++i)
+  {
+    const QString path = files.at(i);
+    // The number is the key that picks it; the folder shows where the mouse rests.
+    QString name = QFileInfo(path).fileName();
+    name.replace(QLatin1Char('&'), QStringLiteral("&&"));
+    QAction* action = m_recentMenu->addAction(QStringLiteral("&%1 %2").arg(i + 1).arg(name));
+    action->setStatusTip(QDir::toNativeSeparators(path));
+    action->setToolTip(action->statusTip());
+    action->setData(path);
+    connect(action, &QAction::triggered, this, [this, path]() { openRecent(path); });
+  }
+  if (files.isEmpty())
+    m_recentMenu->addAction(tr("No recent drawings"))->setEnabled(false);
+  m_recentMenu->addSeparator();
+  QAction* clear = m_recentMenu->addAction(tr("&Clear List"), this, [this]() { m_recent.clear(); });
+  clear->setObjectName(QStringLiteral("actionClearRecent"));
+  clear->setEnabled(!files.isEmpty());
+}
+
+bool DrawingEditorWindow::openFile(const QString& path, QString* error, int* skipped)
 {
   // A file that cannot be read leaves the drawing on screen as it was.
-  if (!readDxf(path, m_document, error))
+  if (!readDxf(path, m_document, error, skipped))
     return false;
   m_document.setFileName(path);
+  m_isSample = false;
   m_undo.clear();
   afterDocumentReset();
   return true;
@@ -152,6 +220,16 @@ void DrawingEditorWindow::openSample()
 {
   m_document.clear();
   makeSampleDrawing(m_document);
+  m_isSample = true;
+  m_undo.clear();
+  afterDocumentReset();
+}
+
+void DrawingEditorWindow::newDrawing()
+{
+  // A new database holds layer 0 and the linetypes ByBlock, ByLayer and Continuous, as every drawing does.
+  m_document.clear();
+  m_isSample = false;
   m_undo.clear();
   afterDocumentReset();
 }
@@ -161,42 +239,161 @@ bool DrawingEditorWindow::saveFile(const QString& path, QString* error)
   if (!writeDxf(path, m_document, error))
     return false;
   m_document.setFileName(path);
+  m_isSample = false;
   m_undo.setClean();
   updateTitle();
   return true;
 }
 
-bool DrawingEditorWindow::mayDiscardChanges()
+void DrawingEditorWindow::setPrompts(std::unique_ptr<EditorPrompts> prompts)
 {
-  return m_undo.isClean() ||
-         QMessageBox::question(this, tr("Unsaved Changes"), tr("The drawing has unsaved changes. Discard them?"),
-                               QMessageBox::Discard | QMessageBox::Cancel, QMessageBox::Cancel) == QMessageBox::Discard;
+  if (prompts)
+    m_prompts = std::move(prompts);
+}
+
+void DrawingEditorWindow::tell(QMessageBox::Icon icon, const QString& title, const QString& text, const QString& why)
+{
+  EditorPrompts::Question notice;
+  notice.icon = icon;
+  notice.title = title;
+  notice.text = text;
+  notice.details = why;
+  m_prompts->ask(this, notice);
+}
+
+bool DrawingEditorWindow::maySaveOrDiscardChanges()
+{
+  if (m_undo.isClean())
+    return true;
+  EditorPrompts::Question question;
+  question.title = tr("Unsaved Changes");
+  question.text = tr("%1 has changes that are not saved.").arg(shownName());
+  question.details = tr("Save them first, discard them, or cancel and go on editing.");
+  question.buttons = QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel;
+  question.defaultButton = QMessageBox::Save;
+  switch (m_prompts->ask(this, question))
+  {
+  case QMessageBox::Save:
+    // A save that fails or that the user cancels keeps the drawing, and the action waits.
+    return save();
+  case QMessageBox::Discard:
+    return true;
+  default:
+    return false;
+  }
+}
+
+void DrawingEditorWindow::onNew()
+{
+  if (!maySaveOrDiscardChanges())
+    return;
+  newDrawing();
+  statusBar()->showMessage(tr("New drawing"), kNoteTimeout);
 }
 
 void DrawingEditorWindow::onOpen()
 {
-  if (!mayDiscardChanges())
+  if (!maySaveOrDiscardChanges())
     return;
-  const QString path = QFileDialog::getOpenFileName(this, tr("Open Drawing"), QFileInfo(m_document.fileName()).path(),
-                                                    tr("DXF drawings (*.dxf);;All files (*)"));
-  if (path.isEmpty())
-    return;
-  QString error;
-  if (!openFile(path, &error))
-    QMessageBox::critical(this, tr("Open Drawing"), tr("%1 cannot be opened: %2").arg(QFileInfo(path).fileName(), error));
+  const QString folder = m_document.fileName().isEmpty()
+                           ? (m_recent.files().isEmpty() ? QString() : QFileInfo(m_recent.files().first()).path())
+                           : QFileInfo(m_document.fileName()).path();
+  const QString path = m_prompts->openFileName(this, tr("Open Drawing"), folder, tr("DXF drawings (*.dxf);;All files (*)"));
+  if (!path.isEmpty())
+    openChosen(path);
 }
 
-void DrawingEditorWindow::onSaveAs()
+void DrawingEditorWindow::openRecent(const QString& path)
 {
-  QString path = QFileDialog::getSaveFileName(this, tr("Save Drawing As"), m_document.fileName(),
-                                              tr("DXF drawings (*.dxf)"));
-  if (path.isEmpty())
+  // Asked before the question about unsaved changes: a file that is gone would only make the user save for nothing.
+  if (!QFileInfo(path).isFile())
+  {
+    m_recent.remove(path);
+    tell(QMessageBox::Warning, tr("Open Recent Drawing"),
+         tr("%1 no longer exists; it has been taken off the recent drawings.").arg(QDir::toNativeSeparators(path)));
     return;
-  if (QFileInfo(path).suffix().isEmpty())
-    path += QStringLiteral(".dxf");
+  }
+  if (maySaveOrDiscardChanges())
+    openChosen(path);
+}
+
+void DrawingEditorWindow::openChosen(const QString& path)
+{
+  QString error;
+  int skipped = 0;
+  // What is left out is said here: a save would not keep it.
+  if (!openFile(path, &error, &skipped))
+  {
+    if (error.isEmpty())
+      error = tr("The reason is not known.");
+    tell(QMessageBox::Critical, tr("Open Drawing"), tr("%1 cannot be opened.").arg(QFileInfo(path).fileName()), error);
+    return;
+  }
+  m_recent.add(path);
+  if (skipped > 0)
+    statusBar()->showMessage(tr("Opened %1; objects of kinds the editor does not know, left out: %2")
+                               .arg(QFileInfo(path).fileName())
+                               .arg(skipped),
+                             kNoteTimeout);
+  else
+    statusBar()->showMessage(tr("Opened %1").arg(QFileInfo(path).fileName()), kNoteTimeout);
+}
+
+bool DrawingEditorWindow::save()
+{
+  if (m_document.fileName().isEmpty())
+    return saveAs();
+  return writeDrawing(m_document.fileName());
+}
+
+bool DrawingEditorWindow::saveAs()
+{
+  QString suggested = m_document.fileName();
+  if (suggested.isEmpty())
+  {
+    const QStringList recent = m_recent.files();
+    const QDir folder = recent.isEmpty() ? QDir::current() : QFileInfo(recent.first()).dir();
+    suggested = folder.filePath(shownName() + QStringLiteral(".dxf"));
+  }
+  const QString path = m_prompts->saveFileName(this, tr("Save Drawing As"), suggested, tr("DXF drawings (*.dxf)"),
+                                               QStringLiteral("dxf"));
+  return !path.isEmpty() && writeDrawing(path);
+}
+
+bool DrawingEditorWindow::writeDrawing(const QString& path)
+{
+  const QString name = QFileInfo(path).fileName();
+  const DxfSaveReport report = dxfSaveReport(m_document);
+  QStringList changes = report.losses;
+  if (!report.versionChange.isEmpty())
+    changes.prepend(report.versionChange);
+  if (!changes.isEmpty())
+  {
+    EditorPrompts::Question question;
+    question.icon = QMessageBox::Warning;
+    question.title = tr("Save Drawing");
+    question.text = tr("Saving %1 changes more than your edits:").arg(name);
+    question.details = QStringLiteral("\u2022 ") + changes.join(QStringLiteral("\n\u2022 "));
+    question.buttons = QMessageBox::Save | QMessageBox::Cancel;
+    question.defaultButton = QMessageBox::Cancel;
+    question.captions.insert(QMessageBox::Save, tr("Save Anyway"));
+    if (m_prompts->ask(this, question) != QMessageBox::Save)
+      return false;
+  }
   QString error;
   if (!saveFile(path, &error))
-    QMessageBox::critical(this, tr("Save Drawing As"), tr("%1 cannot be saved: %2").arg(QFileInfo(path).fileName(), error));
+  {
+    const QString obstacle = writeObstacle(path);
+    if (!obstacle.isEmpty())
+      error = error.isEmpty() ? obstacle : error + QLatin1Char('\n') + obstacle;
+    if (error.isEmpty())
+      error = tr("The reason is not known.");
+    tell(QMessageBox::Critical, tr("Save Drawing"), tr("%1 cannot be saved.").arg(name), error);
+    return false;
+  }
+  m_recent.add(path);
+  statusBar()->showMessage(tr("Saved %1").arg(name), kNoteTimeout);
+  return true;
 }
 
 void DrawingEditorWindow::onSelectionChanged()
@@ -246,11 +443,55 @@ void DrawingEditorWindow::setPaletteForm(int form)
   m_palette->setForm(form);
 }
 
+QString DrawingEditorWindow::shownName() const
+{
+  if (!m_document.fileName().isEmpty())
+    return QFileInfo(m_document.fileName()).fileName();
+  return m_isSample ? tr("Sample drawing") : tr("Untitled");
+}
+
 void DrawingEditorWindow::updateTitle()
 {
-  const QString name = m_document.fileName().isEmpty() ? tr("Sample drawing") : QFileInfo(m_document.fileName()).fileName();
-  setWindowTitle(name + QStringLiteral("[*]"));
+  setWindowTitle(shownName() + QStringLiteral("[*]"));
   setWindowModified(!m_undo.isClean());
+}
+
+void DrawingEditorWindow::fitPalette()
+{
+  // Room for the longest captions beside their controls, but never more than half the window; the drawing takes the rest.
+  const int paletteWidth = qMin(fontMetrics().averageCharWidth() * 52, width() / 2);
+  m_split->setSizes({width() - paletteWidth, paletteWidth});
+}
+
+void DrawingEditorWindow::placeOnScreen()
+{
+  // Made now, so that the frame the platform adds around the window is known.
+  create();
+  const QMargins frame = windowHandle() ? windowHandle()->frameMargins() : QMargins();
+  const QByteArray kept = demoSettings()->value(QLatin1String(kGeometryKey)).toByteArray();
+  QScreen* screen = QGuiApplication::primaryScreen();
+  const bool restored = !kept.isEmpty() && restoreGeometry(kept);
+  if (restored)
+    if (QScreen* shownOn = QGuiApplication::screenAt(geometry().center()))
+      screen = shownOn;
+  if (!screen)
+    return;
+  const QRect room = screen->availableGeometry().marginsRemoved(frame);
+  if (!restored)
+  {
+    const QSize size = QSize(1400, 860).boundedTo(room.size() * 0.85);
+    setGeometry(QStyle::alignedRect(layoutDirection(), Qt::AlignCenter, size, room));
+  }
+  else if (!isMaximized() && !isFullScreen() && !room.contains(geometry()))
+  {
+    // A place kept from a larger screen, another scale or a screen now gone is brought back whole.
+    QRect placed = geometry();
+    placed.setSize(placed.size().boundedTo(room.size()));
+    placed.moveLeft(qBound(room.left(), placed.left(), room.right() - placed.width() + 1));
+    placed.moveTop(qBound(room.top(), placed.top(), room.bottom() - placed.height() + 1));
+    setGeometry(placed);
+  }
+  fitPalette();
 }
 
 bool DrawingEditorWindow::saveScreenshot(const QString& path, qreal scale)
@@ -284,11 +525,13 @@ void DrawingEditorWindow::showCatalogue()
 
 void DrawingEditorWindow::closeEvent(QCloseEvent* event)
 {
-  if (!mayDiscardChanges())
+  if (!maySaveOrDiscardChanges())
   {
     event->ignore();
     return;
   }
+  if (isVisible())
+    demoSettings()->setValue(QLatin1String(kGeometryKey), saveGeometry());
   if (m_catalogue)
     m_catalogue->close();
   event->accept();

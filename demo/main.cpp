@@ -120,8 +120,9 @@ int runSaveAs(const Options& options)
 
 /**
  * Speaks the language as a host does: Qt's own texts (dialog buttons, context
- * menus) from the system's catalogue when it has one, the controls' texts
- * from the library's.
+ * menus) from the system's catalogue when it has one (Debian's
+ * qttranslations5-l10n), the controls' texts from the library's and the
+ * editor's own from the demo's, built into it.
  */
 void installTranslators(QApplication& app, const QString& language)
 {
@@ -134,6 +135,15 @@ void installTranslators(QApplication& app, const QString& language)
     delete qtTranslator;
   if (!propUiInstallTranslator(locale))
     std::fprintf(stderr, "propwidgets-demo: the controls have no catalogue for \"%s\"\n", qPrintable(language));
+  auto* demoTranslator = new QTranslator(&app);
+  if (demoTranslator->load(locale, QStringLiteral("propwidgets-demo"), QStringLiteral("_"),
+                           QStringLiteral(":/propwidgets-demo/translations")))
+    QApplication::installTranslator(demoTranslator);
+  else
+  {
+    delete demoTranslator;
+    std::fprintf(stderr, "propwidgets-demo: the editor has no catalogue for \"%s\"\n", qPrintable(language));
+  }
 }
 
 /** The host's document: here it only counts redraw requests. */
@@ -287,6 +297,7 @@ int runEditor(QApplication& app, const Options& options)
   }
   else
   {
+    editor.placeOnScreen();
     editor.show();
     status = app.exec();
   }

@@ -8,10 +8,13 @@
 #include <QtTest>
 #include <QtWidgets>
 
-// Built with the paths of the library's sources and of Qt's lupdate, so
+// Built with the paths of the library's sources, the demo's catalogues and Qt's lupdate, so
 // that the catalogue is checked against the sources as they are now.
 #ifndef PROP_SOURCE_DIR
 #error "PROP_SOURCE_DIR must name the library's source folder"
+#endif
+#ifndef PROP_DEMO_TRANSLATIONS
+#error "PROP_DEMO_TRANSLATIONS must name the demo's catalogue folder"
 #endif
 #ifndef PROP_LUPDATE
 #error "PROP_LUPDATE must name Qt's lupdate"
@@ -105,19 +108,33 @@ private slots:
 
   // A text added to the sources without a translation fails here, on a
   // clean checkout: the sources are read afresh, not the build's catalogue.
+  // The demo's catalogue is held to the same rule over the sources its list names.
+  void catalogueTranslatesEveryTextOfTheSources_data()
+  {
+    QTest::addColumn<QString>("shippedPath");
+    QTest::addColumn<QStringList>("sources");
+    QTest::addColumn<QString>("folder");
+    const QString library = QStringLiteral(PROP_SOURCE_DIR);
+    QStringList libraryDirs;
+    for (const char* dir : {"contract", "module", "controls", "actions", "cad", "mvc"})
+      libraryDirs << library + QLatin1Char('/') + QLatin1String(dir);
+    QTest::newRow("library") << library + QStringLiteral("/res/translations/propwidgets_de.ts") << libraryDirs << library;
+    const QString demo = QStringLiteral(PROP_DEMO_TRANSLATIONS);
+    QTest::newRow("demo") << demo + QStringLiteral("/propwidgets-demo_de.ts") << QStringList{QStringLiteral("@sources.lst")}
+                          << demo;
+  }
   void catalogueTranslatesEveryTextOfTheSources()
   {
-    const QString language = QStringLiteral("de");
-    const QString sources = QStringLiteral(PROP_SOURCE_DIR);
-    const QString shippedPath = sources + QStringLiteral("/res/translations/propwidgets_%1.ts").arg(language);
+    QFETCH(QString, shippedPath);
+    QFETCH(QStringList, sources);
+    QFETCH(QString, folder);
     QTemporaryDir scratch;
     QVERIFY(scratch.isValid());
     const QString freshPath = scratch.filePath(QStringLiteral("fresh.ts"));
     QStringList arguments{QStringLiteral("-silent"), QStringLiteral("-locations"), QStringLiteral("none")};
-    for (const char* dir : {"contract", "module", "controls", "actions", "cad", "mvc"})
-      arguments << sources + QLatin1Char('/') + QLatin1String(dir);
-    arguments << QStringLiteral("-ts") << freshPath;
+    arguments << sources << QStringLiteral("-ts") << freshPath;
     QProcess lupdate;
+    lupdate.setWorkingDirectory(folder);
     lupdate.start(QStringLiteral(PROP_LUPDATE), arguments);
     QVERIFY2(lupdate.waitForFinished(60000), qPrintable(lupdate.errorString()));
     QVERIFY2(lupdate.exitStatus() == QProcess::NormalExit && lupdate.exitCode() == 0,
@@ -149,7 +166,7 @@ private slots:
           else if (placeholders(translation) != placeholders(message.source))
             faults << QStringLiteral("placeholders differ in ") + where;
     }
-    QVERIFY2(faults.isEmpty(), qPrintable(QStringLiteral("run the update_translations target and translate:\n  ") +
+    QVERIFY2(faults.isEmpty(), qPrintable(QStringLiteral("run the update_translations (or update_demo_translations) target and translate:\n  ") +
                                           faults.join(QStringLiteral("\n  "))));
   }
 
