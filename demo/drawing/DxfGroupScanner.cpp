@@ -9,10 +9,11 @@
 namespace
 {
 
-QString tr(const char* text)
+// lupdate reads the texts of a class that declares its context, and not those of a free function
+struct DxfGroupScannerTexts
 {
-  return QCoreApplication::translate("DxfGroupScanner", text);
-}
+  Q_DECLARE_TR_FUNCTIONS(DxfGroupScanner)
+};
 
 // Beyond this, sums and products of a few coordinates overflow to infinity,
 // which no file can hold; and no drawing measures anything this large.
@@ -154,7 +155,7 @@ bool DxfGroupScanner::next(DxfGroup& group)
   int value = -1;
   const auto parsed = std::from_chars(code.data(), code.data() + code.size(), value);
   if (code.empty() || parsed.ptr != code.data() + code.size() || parsed.ec != std::errc() || value < 0 || value > 1071)
-    return fail(tr("\"%1\" is not a group code").arg(quoted(codeLine)));
+    return fail(DxfGroupScannerTexts::tr("\"%1\" is not a group code").arg(quoted(codeLine)));
   group.code = value;
   std::string_view valueLine;
   if (!readLine(valueLine))
@@ -184,9 +185,9 @@ bool DxfGroupScanner::readLine(std::string_view& line)
   line = std::string_view(start, std::size_t(end - m_pos));
   m_pos = std::min(end + 1, m_end);
   if (line.size() > std::size_t(kMaxLineLength))
-    return fail(tr("the line is longer than %1 characters").arg(kMaxLineLength));
+    return fail(DxfGroupScannerTexts::tr("the line is longer than %1 characters").arg(kMaxLineLength));
   if (std::memchr(line.data(), 0, line.size()))
-    return fail(tr("the line holds a zero byte, which no text file does"));
+    return fail(DxfGroupScannerTexts::tr("the line holds a zero byte, which no text file does"));
   return true;
 }
 
@@ -200,11 +201,11 @@ bool DxfGroupScanner::checkValue(DxfGroup& group)
   if (kind == ValueKind::Real)
   {
     if (!isDecimal(text))
-      return fail(tr("group %1 holds \"%2\", which is not a number").arg(group.code).arg(quoted(group.value)));
+      return fail(DxfGroupScannerTexts::tr("group %1 holds \"%2\", which is not a number").arg(group.code).arg(quoted(group.value)));
     const double value = decimalOf(text);
     // a header variable means nothing to the drawing, and some programs keep huge ones there
     if (!std::isfinite(value) || (std::abs(value) > kLargestNumber && !m_inVariable))
-      return fail(tr("group %1 holds %2, more than a drawing can measure").arg(group.code).arg(quoted(group.value)));
+      return fail(DxfGroupScannerTexts::tr("group %1 holds %2, more than a drawing can measure").arg(group.code).arg(quoted(group.value)));
     group.number = value;
     return true;
   }
@@ -216,9 +217,9 @@ bool DxfGroupScanner::checkValue(DxfGroup& group)
     ok = std::from_chars(digits.data(), digits.data() + digits.size(), value).ec == std::errc();
   }
   if (!ok)
-    return fail(tr("group %1 holds \"%2\", which is not a whole number").arg(group.code).arg(quoted(group.value)));
+    return fail(DxfGroupScannerTexts::tr("group %1 holds \"%2\", which is not a whole number").arg(group.code).arg(quoted(group.value)));
   if (kind == ValueKind::Integer && (value < std::numeric_limits<int>::min() || value > std::numeric_limits<int>::max()))
-    return fail(tr("group %1 holds %2, out of its range").arg(group.code).arg(quoted(group.value)));
+    return fail(DxfGroupScannerTexts::tr("group %1 holds %2, out of its range").arg(group.code).arg(quoted(group.value)));
   group.number = double(value);
   return true;
 }

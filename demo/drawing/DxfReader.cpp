@@ -30,10 +30,11 @@
 namespace
 {
 
-QString tr(const char* text)
+// lupdate reads the texts of a class that declares its context, and not those of a free function
+struct DxfReaderTexts
 {
-  return QCoreApplication::translate("DxfReader", text);
-}
+  Q_DECLARE_TR_FUNCTIONS(DxfReader)
+};
 
 // Far beyond any real drawing, and well within what a QByteArray holds.
 constexpr qint64 kLargestFile = qint64(512) << 20;
@@ -503,7 +504,7 @@ bool read(const QByteArray& data, const QString& shown, const QString& path, Dra
           QString* error, int* skipped)
 {
   if (data.startsWith("AutoCAD Binary DXF"))
-    return fail(error, tr("%1 is a binary DXF file; only text DXF files can be opened.").arg(shown));
+    return fail(error, DxfReaderTexts::tr("%1 is a binary DXF file; only text DXF files can be opened.").arg(shown));
 
   // read aside, so that a file that turns out bad leaves the open drawing as it was
   DrawingDocument read;
@@ -514,14 +515,14 @@ bool read(const QByteArray& data, const QString& shown, const QString& path, Dra
   {
     // a file that fails at its first group was never a drawing
     if (scanner.line() <= 2)
-      return fail(error, tr("%1 is not a DXF drawing.").arg(shown));
+      return fail(error, DxfReaderTexts::tr("%1 is not a DXF drawing.").arg(shown));
     return fail(error,
-                tr("%1 is damaged at line %2: %3.").arg(shown, QString::number(scanner.line()), scanner.fault()));
+                DxfReaderTexts::tr("%1 is damaged at line %2: %3.").arg(shown, QString::number(scanner.line()), scanner.fault()));
   }
   if (!builder.sawSection)
-    return fail(error, tr("%1 is not a DXF drawing.").arg(shown));
+    return fail(error, DxfReaderTexts::tr("%1 is not a DXF drawing.").arg(shown));
   if (!builder.sawEnd)
-    return fail(error, tr("%1 ends early: the file is incomplete.").arg(shown));
+    return fail(error, DxfReaderTexts::tr("%1 ends early: the file is incomplete.").arg(shown));
   builder.finish();
   numberBlockEntities(read);
   quint64 stored = read.entities().size();
@@ -529,7 +530,7 @@ bool read(const QByteArray& data, const QString& shown, const QString& path, Dra
     stored += block.entities.size();
   const quint64 most = kMostDrawnByInserts + kDrawnPerStoredEntity * stored;
   if (read.drawnEntityCount(most + 1) > most)
-    return fail(error, tr("%1 takes more than %2 entities to draw, each block counted as often as it is inserted.")
+    return fail(error, DxfReaderTexts::tr("%1 takes more than %2 entities to draw, each block counted as often as it is inserted.")
                            .arg(shown, QLocale().toString(most)));
   read.setFileName(path);
   if (skipped)
@@ -551,14 +552,14 @@ bool readDxf(const QString& path, DrawingDocument& document, QString* error, int
   const QString shown = QFileInfo(path).fileName();
   QFile file(path);
   if (!file.open(QIODevice::ReadOnly))
-    return fail(error, tr("Cannot open %1: %2").arg(shown, file.errorString()));
+    return fail(error, DxfReaderTexts::tr("Cannot open %1: %2").arg(shown, file.errorString()));
   // the file is read whole, into memory that must hold it
   if (file.size() > kLargestFile)
-    return fail(error, tr("%1 is larger than %2 MB, more than this editor opens.")
+    return fail(error, DxfReaderTexts::tr("%1 is larger than %2 MB, more than this editor opens.")
                            .arg(shown, QString::number(kLargestFile >> 20)));
   QByteArray data(int(file.size()), Qt::Uninitialized);
   adviseLargePages(data.constData(), std::size_t(data.size()));
   if (file.read(data.data(), data.size()) != data.size() || file.error() != QFileDevice::NoError)
-    return fail(error, tr("Cannot read %1: %2").arg(shown, file.errorString()));
+    return fail(error, DxfReaderTexts::tr("Cannot read %1: %2").arg(shown, file.errorString()));
   return read(data, shown, path, document, error, skipped);
 }

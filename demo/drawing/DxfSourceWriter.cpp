@@ -14,10 +14,11 @@
 namespace
 {
 
-QString tr(const char* text, int count = -1)
+// lupdate reads the texts of a class that declares its context, and not those of a free function
+struct DxfWriterTexts
 {
-  return QCoreApplication::translate("DxfWriter", text, nullptr, count);
-}
+  Q_DECLARE_TR_FUNCTIONS(DxfWriter)
+};
 
 QString nameOf(std::string_view raw, const char* fallback)
 {
@@ -224,23 +225,23 @@ DxfSaveReport DxfSourceWriter::report() const
   {
     QString sentence;
     if (what == QLatin1String("lineweight"))
-      sentence = tr("The lineweights of %n entities cannot be kept: %1 files have none.", count).arg(release);
+      sentence = DxfWriterTexts::tr("The lineweights of %n entities cannot be kept: %1 files have none.", nullptr, count).arg(release);
     else if (what == QLatin1String("true colour"))
-      sentence = tr("The true colours of %n entities cannot be kept: %1 files have palette colours only; the nearest is written.", count).arg(release);
+      sentence = DxfWriterTexts::tr("The true colours of %n entities cannot be kept: %1 files have palette colours only; the nearest is written.", nullptr, count).arg(release);
     else if (what == QLatin1String("new entity"))
-      sentence = tr("%n new entities cannot be written in a %1 file and are left out.", count).arg(release);
+      sentence = DxfWriterTexts::tr("%n new entities cannot be written in a %1 file and are left out.", nullptr, count).arg(release);
     else if (what == QLatin1String("vertex count"))
-      sentence = tr("%n polylines keep their old vertices: their count changed, which the file's polylines cannot take.", count);
+      sentence = DxfWriterTexts::tr("%n polylines keep their old vertices: their count changed, which the file's polylines cannot take.", nullptr, count);
     else if (what == QLatin1String("hatch boundary"))
-      sentence = tr("%n hatches keep their old boundaries.", count);
+      sentence = DxfWriterTexts::tr("%n hatches keep their old boundaries.", nullptr, count);
     else if (what == QLatin1String("attribute count"))
-      sentence = tr("%n inserts keep their old attributes: their count changed.", count);
+      sentence = DxfWriterTexts::tr("%n inserts keep their old attributes: their count changed.", nullptr, count);
     else if (what == QLatin1String("image file"))
-      sentence = tr("%n images keep the file they showed.", count);
+      sentence = DxfWriterTexts::tr("%n images keep the file they showed.", nullptr, count);
     else if (what == QLatin1String("dimension type"))
-      sentence = tr("%n dimensions keep their type.", count);
+      sentence = DxfWriterTexts::tr("%n dimensions keep their type.", nullptr, count);
     else
-      sentence = tr("%n entities keep their kind.", count);
+      sentence = DxfWriterTexts::tr("%n entities keep their kind.", nullptr, count);
     report.losses << sentence;
   }
   return report;

@@ -19,10 +19,11 @@
 namespace
 {
 
-QString tr(const char* text, int count = -1)
+// lupdate reads the texts of a class that declares its context, and not those of a free function
+struct DxfWriterTexts
 {
-  return QCoreApplication::translate("DxfWriter", text, nullptr, count);
-}
+  Q_DECLARE_TR_FUNCTIONS(DxfWriter)
+};
 
 /**
  * dxflib numbers the entities it writes itself; this writer puts the
@@ -478,21 +479,21 @@ bool writeDxf(const QString& path, const DrawingDocument& document, QString* err
   {
     QFile::remove(partial);
     if (error)
-      *error = tr("Cannot write %1.").arg(shown);
+      *error = DxfWriterTexts::tr("Cannot write %1.").arg(shown);
     return false;
   }
   if (QFile::exists(path) && !QFile::remove(path))
   {
     QFile::remove(partial);
     if (error)
-      *error = tr("Cannot replace %1.").arg(shown);
+      *error = DxfWriterTexts::tr("Cannot replace %1.").arg(shown);
     return false;
   }
   if (!QFile::rename(partial, path))
   {
     QFile::remove(partial);
     if (error)
-      *error = tr("Cannot write %1.").arg(shown);
+      *error = DxfWriterTexts::tr("Cannot write %1.").arg(shown);
     return false;
   }
   return true;
@@ -502,8 +503,8 @@ DxfSaveReport dxfSaveReport(const DrawingDocument& document)
 {
   if (!document.source().isEmpty())
     return DxfSourceWriter(document).report();
+  // a drawing made here has no version of its own for the save to differ from
   DxfSaveReport report;
-  report.versionChange = tr("The drawing is written as an AutoCAD 2000 DXF file.");
   int others = 0;
   int images = 0;
   int attributed = 0;
@@ -521,12 +522,12 @@ DxfSaveReport dxfSaveReport(const DrawingDocument& document)
   for (const auto& block : document.blocks())
     count(block.second.entities);
   if (others > 0)
-    report.losses << tr("%n entities of kinds this editor does not know cannot be written.", others);
+    report.losses << DxfWriterTexts::tr("%n entities of kinds this editor does not know cannot be written.", nullptr, others);
   if (images > 0)
-    report.losses << tr("%n images cannot be written.", images);
+    report.losses << DxfWriterTexts::tr("%n images cannot be written.", nullptr, images);
   if (attributed > 0)
-    report.losses << tr("The attributes of %n inserts cannot be written.", attributed);
+    report.losses << DxfWriterTexts::tr("The attributes of %n inserts cannot be written.", nullptr, attributed);
   if (oblique > 0)
-    report.losses << tr("The oblique angle of %n texts cannot be written.", oblique);
+    report.losses << DxfWriterTexts::tr("The oblique angle of %n texts cannot be written.", nullptr, oblique);
   return report;
 }

@@ -8,10 +8,11 @@
 namespace
 {
 
-QString tr(const char* text)
+// lupdate reads the texts of a class that declares its context, and not those of a free function
+struct SampleDrawingTexts
 {
-  return QCoreApplication::translate("SampleDrawing", text);
-}
+  Q_DECLARE_TR_FUNCTIONS(SampleDrawing)
+};
 
 // tan(90° / 4): the bulge of a quarter circle turning counter-clockwise
 constexpr double kQuarter = 0.41421356237309503;
@@ -221,25 +222,25 @@ void makeSampleDrawing(DrawingDocument& document)
   // Notes and the title block.
   DrawingEntity noteText =
       b.text(EntityKind::MText, texts, {10, 26, 0}, 2.5,
-             tr("NOTES:\\P1. Break all sharp edges 0.5 x 45\u00b0.\\P2. Material S235JR, 12 mm plate."));
+             SampleDrawingTexts::tr("NOTES:\\P1. Break all sharp edges 0.5 x 45\u00b0.\\P2. Material S235JR, 12 mm plate."));
   noteText.width = 90.0;
   b.add(noteText);
   b.add(b.polyline(frame, {{5, 5, 0}, {205, 5, 0}, {205, 145, 0}, {5, 145, 0}}, {}, true));
   b.add(b.polyline(frame, {{125, 5, 0}, {205, 5, 0}, {205, 30, 0}, {125, 30, 0}}, {}, true));
   b.line(frame, {125, 17, 0}, {205, 17, 0});
   b.line(frame, {170, 5, 0}, {170, 17, 0});
-  DrawingEntity title = b.text(EntityKind::Text, texts, {129, 21, 0}, 5.0, tr("FLANGE PLATE"));
+  DrawingEntity title = b.text(EntityKind::Text, texts, {129, 21, 0}, 5.0, SampleDrawingTexts::tr("FLANGE PLATE"));
   title.color.setRGB(0x33, 0x99, 0xFF);
   b.add(title);
-  b.add(b.text(EntityKind::Text, texts, {129, 10, 0}, 2.5, tr("PW-0042")));
-  b.add(b.text(EntityKind::Text, texts, {174, 10, 0}, 2.5, tr("1:1")));
-  DrawingEntity sideLabel = b.text(EntityKind::Text, texts, {146, 60, 0}, 3.0, tr("SIDE VIEW"));
+  b.add(b.text(EntityKind::Text, texts, {129, 10, 0}, 2.5, SampleDrawingTexts::tr("PW-0042")));
+  b.add(b.text(EntityKind::Text, texts, {174, 10, 0}, 2.5, SampleDrawingTexts::tr("1:1")));
+  DrawingEntity sideLabel = b.text(EntityKind::Text, texts, {146, 60, 0}, 3.0, SampleDrawingTexts::tr("SIDE VIEW"));
   sideLabel.rotation = 90.0;
   b.add(sideLabel);
 
   // What the hidden layers and the invisible flag keep out of sight.
   b.line(construction, {15, 45, 0}, {105, 105, 0});
-  b.add(b.text(EntityKind::Text, notes, {30, 120, 0}, 3.0, tr("Check the keyway against the shaft.")));
+  b.add(b.text(EntityKind::Text, notes, {30, 120, 0}, 3.0, SampleDrawingTexts::tr("Check the keyway against the shaft.")));
   DrawingEntity invisible = b.entity(EntityKind::Line, outline, {{15, 105, 0}, {105, 45, 0}});
   invisible.visible = false;
   b.add(invisible);

@@ -595,13 +595,142 @@
         <source>group %1 holds %2, out of its range</source>
         <translation>Gruppe %1 enthält %2, außerhalb ihres Bereichs</translation>
     </message>
+</context>
+<context>
+    <name>DxfReader</name>
     <message>
-        <source>group %1 counts %2 points, more than the rest of the file holds</source>
-        <translation>Gruppe %1 zählt %2 Punkte, mehr als der Rest der Datei enthält</translation>
+        <source>%1 is a binary DXF file; only text DXF files can be opened.</source>
+        <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>group %1 holds a text too long to be saved again</source>
-        <translation>Gruppe %1 enthält einen Text, der zu lang ist, um wieder gespeichert zu werden</translation>
+        <source>%1 is not a DXF drawing.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 is damaged at line %2: %3.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 ends early: the file is incomplete.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 takes more than %2 entities to draw, each block counted as often as it is inserted.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Cannot open %1: %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 is larger than %2 MB, more than this editor opens.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Cannot read %1: %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>DxfWriter</name>
+    <message numerus="yes">
+        <source>The lineweights of %n entities cannot be kept: %1 files have none.</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>The true colours of %n entities cannot be kept: %1 files have palette colours only; the nearest is written.</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n new entities cannot be written in a %1 file and are left out.</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n polylines keep their old vertices: their count changed, which the file&apos;s polylines cannot take.</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n hatches keep their old boundaries.</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n inserts keep their old attributes: their count changed.</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n images keep the file they showed.</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n dimensions keep their type.</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n entities keep their kind.</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Cannot write %1.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Cannot replace %1.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>%n entities of kinds this editor does not know cannot be written.</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n images cannot be written.</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>The attributes of %n inserts cannot be written.</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>The oblique angle of %n texts cannot be written.</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -1211,6 +1340,33 @@
     <message>
         <source>vertex %1 %2 set to %3</source>
         <translation>Scheitelpunkt %1 %2 auf %3 gesetzt</translation>
+    </message>
+</context>
+<context>
+    <name>SampleDrawing</name>
+    <message>
+        <source>NOTES:\P1. Break all sharp edges 0.5 x 45°.\P2. Material S235JR, 12 mm plate.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>FLANGE PLATE</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>PW-0042</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>1:1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>SIDE VIEW</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Check the keyway against the shaft.</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
