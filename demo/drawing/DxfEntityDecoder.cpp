@@ -1,7 +1,9 @@
 #include "DxfEntityDecoder.h"
 
 #include "DxfStrings.h"
+#include <algorithm>
 #include <charconv>
+#include <limits>
 #include <cmath>
 
 namespace
@@ -138,24 +140,77 @@ DrawingPoint flat(GroupCursor& cursor, int code)
   return p;
 }
 
+double distance(const DrawingPoint& a, const DrawingPoint& b)
+{
+  return std::hypot(a.x - b.x, a.y - b.y);
+}
+
+/**
+ * Joins the flattened edges end to end. Writers list a loop's edges in any
+ * order and direction; taken as they come, a triangle's three lines can
+ * become a figure whose pattern lines cancel out.
+ */
+void chainEdges(std::vector<std::vector<DrawingPoint>> pieces, DrawingHatchLoop& loop)
+{
+  pieces.erase(std::remove_if(pieces.begin(), pieces.end(), [](const auto& piece) { return piece.empty(); }),
+               pieces.end());
+  std::vector<bool> used(pieces.size(), false);
+  for (std::size_t taken = 0; taken < pieces.size(); ++taken)
+  {
+    std::size_t best = 0;
+    bool reverse = false;
+    if (taken > 0)
+    {
+      double nearest = std::numeric_limits<double>::infinity();
+      const DrawingPoint end = loop.points.back();
+      for (std::size_t i = 0; i < pieces.size(); ++i)
+      {
+        if (used[i])
+          continue;
+        if (const double d = distance(end, pieces[i].front()); d < nearest)
+        {
+          nearest = d;
+          best = i;
+          reverse = false;
+        }
+        if (const double d = distance(end, pieces[i].back()); d < nearest)
+        {
+          nearest = d;
+          best = i;
+          reverse = true;
+        }
+      }
+    }
+    used[best] = true;
+    std::vector<DrawingPoint>& piece = pieces[best];
+    if (reverse)
+      std::reverse(piece.begin(), piece.end());
+    for (const DrawingPoint& p : piece)
+      addPoint(loop.points, p);
+  }
+}
+
 /** One edge loop: lines, arcs, elliptic arcs and splines, flattened to points. */
 void decodeEdges(GroupCursor& cursor, DrawingHatchLoop& loop)
 {
   const DxfGroup* count = cursor.takeIf(93);
   const int edges = count ? count->integer() : 0;
+  std::vector<std::vector<DrawingPoint>> pieces;
   for (int i = 0; i < edges; ++i)
   {
     const DxfGroup* type = cursor.takeIf(72);
     if (!type)
-      return;
+      break;
+    pieces.emplace_back();
+    std::vector<DrawingPoint>& piece = pieces.back();
     switch (type->integer())
     {
     case 1:
     {
       const DrawingPoint start = flat(cursor, 10);
       const DrawingPoint end = flat(cursor, 11);
-      addPoint(loop.points, start);
-      addPoint(loop.points, end);
+      addPoint(piece, start);
+      addPoint(piece, end);
       break;
     }
     case 2:
@@ -165,7 +220,7 @@ void decodeEdges(GroupCursor& cursor, DrawingHatchLoop& loop)
       const double start = cursor.real(50) * M_PI / 180;
       const double end = cursor.real(51) * M_PI / 180;
       const bool ccw = cursor.real(73, 1) != 0;
-      addArc(loop.points, centre, {radius, 0, 0}, 1.0, start, end, ccw);
+      addArc(piece, centre, {radius, 0, 0}, 1.0, start, end, ccw);
       break;
     }
     case 3:
@@ -176,7 +231,7 @@ void decodeEdges(GroupCursor& cursor, DrawingHatchLoop& loop)
       const double start = cursor.real(50) * M_PI / 180;
       const double end = cursor.real(51) * M_PI / 180;
       const bool ccw = cursor.real(73, 1) != 0;
-      addArc(loop.points, centre, major, ratio, start, end, ccw);
+      addArc(piece, centre, major, ratio, start, end, ccw);
       break;
     }
     case 4:
@@ -200,7 +255,7 @@ void decodeEdges(GroupCursor& cursor, DrawingHatchLoop& loop)
       std::vector<DrawingPoint> spline;
       addSpline(spline, degree, knots, control, weights);
       for (const DrawingPoint& p : spline)
-        addPoint(loop.points, p);
+        addPoint(piece, p);
       // fit points and end tangents repeat what the control points say
       if (const DxfGroup* fit = cursor.takeIf(97))
         for (int f = 0; f < fit->integer() && !cursor.atEnd() && cursor.peek().code == 11; ++f)
@@ -212,9 +267,11 @@ void decodeEdges(GroupCursor& cursor, DrawingHatchLoop& loop)
       break;
     }
     default:
-      return;
+      i = edges;
+      break;
     }
   }
+  chainEdges(std::move(pieces), loop);
   if (loop.points.size() > 1 && loop.points.front() == loop.points.back())
     loop.points.pop_back();
 }
