@@ -95,6 +95,30 @@ void DrawingDocument::replaceEntities(const std::vector<DrawingEntity>& changed)
     Q_EMIT entitiesChanged(handles);
 }
 
+void DrawingDocument::changeEntities(const QVector<quint64>& handles, const std::function<void(DrawingEntity&, int)>& change)
+{
+  QVector<quint64> changed;
+  changed.reserve(handles.size());
+  // Handles mostly follow the entities' order (a select all): look just after the last one first.
+  std::size_t next = 0;
+  for (int i = 0; i < handles.size(); ++i)
+  {
+    std::size_t at = next;
+    if (at >= m_entities.size() || m_entities[at].handle != handles[i])
+    {
+      const auto found = m_indexOfHandle.find(handles[i]);
+      if (found == m_indexOfHandle.end())
+        continue;
+      at = found->second;
+    }
+    change(m_entities[at], i);
+    changed.append(handles[i]);
+    next = at + 1;
+  }
+  if (!changed.isEmpty())
+    Q_EMIT entitiesChanged(changed);
+}
+
 void DrawingDocument::clear()
 {
   m_database = std::make_unique<OdDbDatabase>();

@@ -5,6 +5,7 @@
 #include <QObject>
 #include <QString>
 #include <QVector>
+#include <functional>
 #include <limits>
 #include <map>
 #include <memory>
@@ -32,7 +33,8 @@ struct DrawingTextStyle
 /**
  * An open drawing: its tables in the drawing database, its model-space
  * entities and the contents of its blocks. Every change of an entity goes
- * through replaceEntities(), so that views and the palette hear of it.
+ * through replaceEntities() or changeEntities(), so that views and the
+ * palette hear of it.
  */
 class DrawingDocument : public QObject
 {
@@ -84,6 +86,12 @@ public:
 
   /** Puts the given entities in place of those with the same handles; unknown handles are skipped. */
   void replaceEntities(const std::vector<DrawingEntity>& changed);
+  /**
+   * Changes the entities with @p handles where they are, @p change taking
+   * each with its position in @p handles; unknown handles are skipped. One
+   * signal for all, as replaceEntities() gives, without a copy of each.
+   */
+  void changeEntities(const QVector<quint64>& handles, const std::function<void(DrawingEntity&, int)>& change);
 
   /** Drops everything and starts from a new database. */
   void clear();

@@ -191,14 +191,19 @@ void DrawingPropertyBag::select(const QVector<quint64>& handles, bool keepKind)
   {
     m_selection.reserve(handles.size());
     m_entities.reserve(std::size_t(handles.size()));
-    const std::vector<const DrawingEntity*> found = lookUpEntities(*m_document, handles);
-    for (std::size_t i = 0; i < found.size(); ++i)
-      if (found[i])
-      {
-        m_selection.append(handles[int(i)]);
-        m_entities.push_back(found[i]);
-        ++m_kindCounts[std::size_t(found[i]->kind)];
-      }
+    // One pass, as lookUpEntities() walks, that also counts the kinds: a million entities are touched once.
+    const std::vector<DrawingEntity>& all = m_document->entities();
+    std::size_t next = 0;
+    for (quint64 handle : handles)
+    {
+      const DrawingEntity* entity = next < all.size() && all[next].handle == handle ? &all[next] : m_document->entity(handle);
+      if (!entity)
+        continue;
+      next = std::size_t(entity - all.data()) + 1;
+      m_selection.append(handle);
+      m_entities.push_back(entity);
+      ++m_kindCounts[std::size_t(entity->kind)];
+    }
   }
   m_entitiesBase = m_document ? m_document->entities().data() : nullptr;
   m_entitiesSize = m_document ? m_document->entities().size() : 0;
@@ -217,7 +222,9 @@ bool DrawingPropertyBag::reload()
     groupsBefore.append(item->elementCount);
   }
   // An undo may bring back entities that a reset had dropped; forget those the document lost.
-  select(QVector<quint64>(m_selection), true);
+  QVector<quint64> handles;
+  handles.swap(m_selection);
+  select(handles, true);
   if (before.size() != m_items.size())
     return false;
   for (std::size_t i = 0; i < m_items.size(); ++i)
@@ -366,6 +373,11 @@ PropVariant DrawingPropertyBag::mergedValue(const Item& item) const
 {
   if (item.merged)
     return item.value;
+  if (item.role == Item::Property && item.property->equal && item.property->shape == PropertyShape::Scalar)
+  {
+    mergeComparable();
+    return item.value;
+  }
   item.merged = true;
   if (item.role == Item::Filter)
     return item.value = integer(m_kind + 1);
@@ -373,15 +385,40 @@ PropVariant DrawingPropertyBag::mergedValue(const Item& item) const
     return item.value = typeValue();
   const DrawingProperty& property = *item.property;
   const std::vector<const DrawingEntity*>& entities = shown();
-  const DrawingEntity& first = *entities.front();
-  item.value = property.read(first);
+  item.value = property.read(*entities.front());
   for (std::size_t i = 1; i < entities.size(); ++i)
-    if (property.equal ? !property.equal(*entities[i], first) : property.read(*entities[i]) != item.value)
+    if (property.read(*entities[i]) != item.value)
     {
       item.value.setVaries(true);
       break;
     }
   return item.value;
+}
+
+void DrawingPropertyBag::mergeComparable() const
+{
+  // Every item that compares entities directly is merged in one pass: a palette over a million entities
+  // reads each entity once, not once per item.
+  std::vector<Item*> open;
+  for (const auto& item : m_items)
+    if (!item->merged && item->role == Item::Property && item->property->shape == PropertyShape::Scalar && item->property->equal)
+    {
+      item->merged = true;
+      item->value = item->property->read(*shown().front());
+      open.push_back(item.get());
+    }
+  const std::vector<const DrawingEntity*>& entities = shown();
+  const DrawingEntity& first = *entities.front();
+  for (std::size_t i = 1; i < entities.size() && !open.empty(); ++i)
+    for (std::size_t o = 0; o < open.size();)
+      if (!open[o]->property->equal(*entities[i], first))
+      {
+        open[o]->value.setVaries(true);
+        open[o] = open.back();
+        open.pop_back();
+      }
+      else
+        ++o;
 }
 
 PropVariant DrawingPropertyBag::mergedElement(const Item& item, int element) const
@@ -917,21 +954,23 @@ bool DrawingPropertyBag::write(const Item& item, long element, const PropVariant
   };
   auto memo = std::make_shared<Memo>();
   const bool byValue = property.restoresByValue;
-  std::vector<DrawingEntity> after;
+  QVector<quint64> handles;
+  // Which entities the change changes, worked out on a copy that keeps its storage from one entity to the next.
+  DrawingEntity scratch;
   for (const DrawingEntity* current : shown())
   {
-    DrawingEntity changed = *current;
-    if (!change(changed))
+    scratch = *current;
+    if (!change(scratch))
       return false;
     bool differs = false;
     if (property.shape == PropertyShape::Scalar)
-      differs = property.equal ? !property.equal(changed, *current) : property.read(changed) != property.read(*current);
+      differs = property.equal ? !property.equal(scratch, *current) : property.read(scratch) != property.read(*current);
     else if (property.shape == PropertyShape::Texts)
-      differs = paragraphIndex < 0 ? changed.text != current->text
-                                   : property.textElement(changed, paragraphIndex) != property.textElement(*current, paragraphIndex);
+      differs = paragraphIndex < 0 ? scratch.text != current->text
+                                   : property.textElement(scratch, paragraphIndex) != property.textElement(*current, paragraphIndex);
     else
       for (int t = 0; t < targets.size() && !differs; ++t)
-        differs = property.element(changed, targets[t]) != property.element(*current, targets[t]);
+        differs = property.element(scratch, targets[t]) != property.element(*current, targets[t]);
     if (!differs)
       continue;
     if (!byValue)
@@ -940,12 +979,12 @@ bool DrawingPropertyBag::write(const Item& item, long element, const PropVariant
     {
       // Selections mostly share the old value: one kept stands for all until one differs.
       PropVariant old = property.read(*current);
-      if (after.empty())
+      if (handles.isEmpty())
         memo->values.push_back(std::move(old));
       else if (memo->values.size() > 1 || old != memo->values.front())
       {
         if (memo->values.size() == 1)
-          memo->values.assign(after.size(), memo->values.front());
+          memo->values.assign(std::size_t(handles.size()), memo->values.front());
         memo->values.push_back(std::move(old));
       }
     }
@@ -954,14 +993,14 @@ bool DrawingPropertyBag::write(const Item& item, long element, const PropVariant
     else
       for (int t : qAsConst(targets))
         memo->numbers.push_back(property.element(*current, t));
-    after.push_back(std::move(changed));
+    handles.append(current->handle);
   }
-  if (after.empty())
+  if (handles.isEmpty())
     return true;
   const QString stepText = tr("Change %1").arg(property.name);
   if (!m_undoStack)
   {
-    m_document->replaceEntities(after);
+    m_document->changeEntities(handles, [&change](DrawingEntity& e, int) { change(e); });
     return true;
   }
   const std::size_t targetCount = std::size_t(targets.size());
@@ -979,6 +1018,6 @@ bool DrawingPropertyBag::write(const Item& item, long element, const PropVariant
         changer.setElement(e, targets[int(t)], memo->numbers[i * targetCount + t]);
   };
   auto redo = [change](DrawingEntity& e, std::size_t) { change(e); };
-  m_undoStack->push(new EntityChangeCommand(m_document, stepText, std::move(after), undo, redo));
+  m_undoStack->push(new EntityChangeCommand(m_document, stepText, std::move(handles), undo, redo));
   return true;
 }

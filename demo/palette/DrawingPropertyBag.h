@@ -100,6 +100,7 @@ private:
   /** False when a selected entity is gone: nothing is read or written then. */
   bool resolveEntities() const;
   PropVariant mergedValue(const Item& item) const;
+  void mergeComparable() const;
   PropVariant mergedElement(const Item& item, int element) const;
   /** The layer every selected entity is on; null when they differ. */
   OdDbObjectId commonLayer() const;

@@ -4,7 +4,6 @@
 #include <QUndoCommand>
 #include <QVector>
 #include <functional>
-#include <vector>
 
 class DrawingDocument;
 
@@ -22,13 +21,8 @@ public:
   /** Changes the entity of the @p index-th handle, in place. */
   using Change = std::function<void(DrawingEntity& entity, std::size_t index)>;
 
-  /**
-   * @p changed are the entities as the first redo makes them (the caller has
-   * worked them out already to learn which ones change); it is let go after
-   * that redo.
-   */
-  EntityChangeCommand(DrawingDocument* document, const QString& text, std::vector<DrawingEntity> changed, Change undoChange,
-                      Change redoChange);
+  /** The first redo (when the command is pushed) makes the change. */
+  EntityChangeCommand(DrawingDocument* document, const QString& text, QVector<quint64> handles, Change undoChange, Change redoChange);
 
   void undo() override;
   void redo() override;
@@ -38,7 +32,6 @@ private:
 
   DrawingDocument* m_document;
   QVector<quint64> m_handles;
-  std::vector<DrawingEntity> m_firstRedo;
   Change m_undo;
   Change m_redo;
 };
