@@ -827,7 +827,7 @@ bool DrawingPropertyBag::getListText(int index, const PropVariant& value, OdStri
 unsigned int DrawingPropertyBag::getElements(int index, PropKeyArray& elements, OdStringArray& captions)
 {
   const Item* item = find(index);
-  if (!item || item->property->shape == PropertyShape::Scalar)
+  if (!item || item->property->shape == PropertyShape::Scalar || !resolveEntities())
     return 0;
   const QString axes[] = {tr("X"), tr("Y"), tr("Z")};
   const QString vertex = item->property->elementCaption.isEmpty() ? tr("Vertex %1 %2") : item->property->elementCaption;
