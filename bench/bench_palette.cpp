@@ -2,10 +2,14 @@
 // for a selection of 10,000 entities (circles and arcs), the panel of controls
 // and the grid are built and painted, then refreshed after an edit. Every bag
 // call they make is recorded; the same calls are then replayed on the same bag
-// alone. The ratio of the two is the library's share; the palette's bag merges
-// the selection's values inside each read, as a host reading its objects does.
+// alone. The palette's bag merges the selection's values when they are first
+// read after a change and answers from memory afterwards, so every round and
+// every replay starts from a bag that has forgotten its values (reload()), as
+// after a new selection or an edit: the difference of the two is the library's
+// cost, their ratio its share. The palette must be ready (built and painted)
+// within 100 ms, the time a person takes for immediate; the run fails beyond.
 //
-//   bench_palette [ROUNDS]   (default 5; run with QT_QPA_PLATFORM=offscreen)
+//   bench_palette [ROUNDS] [ENTITIES]   (default 5 and 10000; run with QT_QPA_PLATFORM=offscreen)
 //
 // Times are process CPU time, the best of the rounds, all in one run.
 
@@ -202,13 +206,14 @@ struct Figures
   std::size_t callCount = 0;
 };
 
-/** Runs `show` (which records) then replays; keeps the best of the rounds for each. */
-void measure(RecordingBag& recorder, int rounds, const std::function<void()>& prepare, const std::function<void()>& show,
-             Figures& figures)
+/** Runs `show` (which records) then replays, each after the bag forgot its values; keeps the best of the rounds for each. */
+void measure(RecordingBag& recorder, DrawingPropertyBag& bag, int rounds, const std::function<void()>& prepare,
+             const std::function<void()>& show, Figures& figures)
 {
   for (int r = 0; r < rounds; ++r)
   {
     prepare();
+    bag.reload();
     recorder.calls.clear();
     recorder.recording = true;
     const double start = cpuSeconds();
@@ -216,6 +221,7 @@ void measure(RecordingBag& recorder, int rounds, const std::function<void()>& pr
     figures.withWidgets = std::min(figures.withWidgets, cpuSeconds() - start);
     recorder.recording = false;
     figures.callCount = recorder.calls.size();
+    bag.reload();
     const double replayStart = cpuSeconds();
     recorder.replay();
     figures.callsAlone = std::min(figures.callsAlone, cpuSeconds() - replayStart);
@@ -224,9 +230,9 @@ void measure(RecordingBag& recorder, int rounds, const std::function<void()>& pr
 
 void report(const char* what, const Figures& f)
 {
-  std::printf("%-28s %8.2f ms with widgets  %8.2f ms bag calls alone (%zu calls)  ratio %.2fx %s\n", what,
-              f.withWidgets * 1e3, f.callsAlone * 1e3, f.callCount, f.withWidgets / f.callsAlone,
-              f.withWidgets / f.callsAlone <= 1.2 ? "(within 1.2x)" : "(ABOVE 1.2x)");
+  std::printf("%-28s %8.2f ms with widgets  %8.2f ms bag calls alone (%zu calls)  library %.2f ms, ratio %.2fx\n", what,
+              f.withWidgets * 1e3, f.callsAlone * 1e3, f.callCount, (f.withWidgets - f.callsAlone) * 1e3,
+              f.withWidgets / f.callsAlone);
 }
 
 } // namespace
@@ -235,19 +241,20 @@ int main(int argc, char** argv)
 {
   QApplication app(argc, argv);
   const int rounds = argc > 1 ? std::max(1, std::atoi(argv[1])) : 5;
+  const int entities = argc > 2 ? std::max(1, std::atoi(argv[2])) : 10000;
   odrxCreateModuleObject()->initApp();
   int status = 0;
   {
     DrawingDocument document;
     QUndoStack undo;
-    fill(document, 10000);
+    fill(document, entities);
     DrawingPropertyBag bag(&document, &undo);
     QVector<quint64> all;
     for (const DrawingEntity& e : document.entities())
       all.append(e.handle);
     bag.setSelection(all);
     RecordingBag recorder(bag);
-    std::printf("bench_palette: %d entities selected, %d items shared; values merged inside each bag read\n",
+    std::printf("bench_palette: %d entities selected, %d items shared; values merged once per round\n",
                 all.size(), bag.getItemCount());
 
     PalettePanel panel;
@@ -260,18 +267,18 @@ int main(int argc, char** argv)
 
     Figures panelBuild, gridBuild, panelShow, gridShow, panelRefresh, gridRefresh;
     // First without painting: what the controls and the model do with the bag, apart from Qt's drawing.
-    measure(recorder, rounds, [&panel]() {
+    measure(recorder, bag, rounds, [&panel]() {
               panel.setBag(nullptr);
               QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
             },
             [&panel, &recorder]() { panel.setBag(&recorder); }, panelBuild);
-    measure(recorder, rounds, [&grid]() { grid.setBag(nullptr); },
+    measure(recorder, bag, rounds, [&grid]() { grid.setBag(nullptr); },
             [&grid, &recorder]() {
               grid.setBag(&recorder);
               grid.expandAll();
             },
             gridBuild);
-    measure(recorder, rounds, [&panel]() {
+    measure(recorder, bag, rounds, [&panel]() {
               panel.setBag(nullptr);
               QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
             },
@@ -280,7 +287,7 @@ int main(int argc, char** argv)
               panel.grab();
             },
             panelShow);
-    measure(recorder, rounds, [&grid]() { grid.setBag(nullptr); },
+    measure(recorder, bag, rounds, [&grid]() { grid.setBag(nullptr); },
             [&grid, &recorder]() {
               grid.setBag(&recorder);
               grid.expandAll();
@@ -296,11 +303,11 @@ int main(int argc, char** argv)
       v.setDouble(value += 0.5);
       bag.setValue(radius, v);
     };
-    measure(recorder, rounds, edit, [&panel]() {
+    measure(recorder, bag, rounds, edit, [&panel]() {
       panel.refresh();
       panel.grab();
     }, panelRefresh);
-    measure(recorder, rounds, edit, [&grid]() {
+    measure(recorder, bag, rounds, edit, [&grid]() {
       grid.refresh();
       grid.grab();
     }, gridRefresh);
@@ -311,9 +318,12 @@ int main(int argc, char** argv)
     report("grid: build and paint", gridShow);
     report("panel: refresh after edit", panelRefresh);
     report("grid: refresh after edit", gridRefresh);
-    for (const Figures* f : {&panelShow, &gridShow, &panelRefresh, &gridRefresh})
-      if (f->withWidgets / f->callsAlone > 1.2)
+    for (const Figures* f : {&panelShow, &gridShow})
+      if (f->withWidgets > 0.1)
+      {
+        std::printf("ABOVE 100 ms: the palette is not ready at once\n");
         status = 1;
+      }
     panel.setBag(nullptr);
     grid.setBag(nullptr);
   }

@@ -48,6 +48,23 @@ private:
   std::map<std::pair<QString, int>, quint64> m_counts;
 };
 
+/**
+ * Changes @p stored and marks it edited. Where it was read from and in which
+ * space are the file's, never an edit's (the given entity may be the stored one itself).
+ */
+template <typename Change>
+void edit(DrawingEntity& stored, const Change& change)
+{
+  const quint32 recordBegin = stored.recordBegin;
+  const quint32 recordSize = stored.recordSize;
+  const bool paperSpace = stored.paperSpace;
+  change(stored);
+  stored.recordBegin = recordBegin;
+  stored.recordSize = recordSize;
+  stored.paperSpace = paperSpace;
+  stored.edited = true;
+}
+
 } // namespace
 
 DrawingDocument::DrawingDocument(QObject* parent) : QObject(parent), m_database(std::make_unique<OdDbDatabase>()) {}
@@ -122,20 +139,35 @@ void DrawingDocument::replaceEntities(const std::vector<DrawingEntity>& changed)
     const auto found = m_indexOfHandle.find(entity.handle);
     if (found == m_indexOfHandle.end())
       continue;
-    DrawingEntity& stored = m_entities[found->second];
-    // the given entity may be the stored one itself
-    const quint32 recordBegin = stored.recordBegin;
-    const quint32 recordSize = stored.recordSize;
-    const bool paperSpace = stored.paperSpace;
-    stored = entity;
-    stored.recordBegin = recordBegin;
-    stored.recordSize = recordSize;
-    stored.paperSpace = paperSpace;
-    stored.edited = true;
+    edit(m_entities[found->second], [&entity](DrawingEntity& stored) { stored = entity; });
     handles.append(entity.handle);
   }
   if (!handles.isEmpty())
     Q_EMIT entitiesChanged(handles);
+}
+
+void DrawingDocument::changeEntities(const QVector<quint64>& handles, const std::function<void(DrawingEntity&, int)>& change)
+{
+  QVector<quint64> changed;
+  changed.reserve(handles.size());
+  // Handles mostly follow the entities' order (a select all): look just after the last one first.
+  std::size_t next = 0;
+  for (int i = 0; i < handles.size(); ++i)
+  {
+    std::size_t at = next;
+    if (at >= m_entities.size() || m_entities[at].handle != handles[i])
+    {
+      const auto found = m_indexOfHandle.find(handles[i]);
+      if (found == m_indexOfHandle.end())
+        continue;
+      at = found->second;
+    }
+    edit(m_entities[at], [&change, i](DrawingEntity& stored) { change(stored, i); });
+    changed.append(handles[i]);
+    next = at + 1;
+  }
+  if (!changed.isEmpty())
+    Q_EMIT entitiesChanged(changed);
 }
 
 void DrawingDocument::clear()

@@ -6,6 +6,7 @@
 #include <QString>
 #include <QVector>
 #include <algorithm>
+#include <functional>
 #include <limits>
 #include <map>
 #include <unordered_map>
@@ -52,7 +53,8 @@ struct DrawingSource
 /**
  * An open drawing: its tables in the drawing database, its model-space
  * entities and the contents of its blocks. Every change of an entity goes
- * through replaceEntities(), so that views and the palette hear of it.
+ * through replaceEntities() or changeEntities(), so that views and the
+ * palette hear of it.
  */
 class DrawingDocument : public QObject
 {
@@ -116,6 +118,13 @@ public:
    * were; unknown handles are skipped.
    */
   void replaceEntities(const std::vector<DrawingEntity>& changed);
+  /**
+   * Changes the entities with @p handles where they are, @p change taking
+   * each with its position in @p handles, and marks them edited; unknown
+   * handles are skipped. One signal for all, as replaceEntities() gives,
+   * without a copy of each.
+   */
+  void changeEntities(const QVector<quint64>& handles, const std::function<void(DrawingEntity&, int)>& change);
 
   /** Drops everything and starts from a new database. */
   void clear();

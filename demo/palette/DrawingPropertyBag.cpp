@@ -5,6 +5,10 @@
 #include "DrawingDocument.h"
 #include "DrawingProperty.h"
 #include "EntityChangeCommand.h"
+#include "EntityKindName.h"
+#include "EntityLookup.h"
+#include "DemoValues.h"
+#include "MTextParagraphs.h"
 #include "OdDbDatabase.h"
 #include "OdDbLayerTableRecord.h"
 #include "OdDbLinetypeTableRecord.h"
@@ -30,10 +34,24 @@ constexpr double kLargestNumber = 1e100;
 
 struct DrawingPropertyBag::Item
 {
+  enum Role
+  {
+    /** Which kinds the palette shows. */
+    Filter,
+    /** What the shown entities are. */
+    Type,
+    Property
+  };
+  Role role = Property;
   const DrawingProperty* property = nullptr;
   std::unique_ptr<DemoItemType> type;
-  /** Point, Vertices, Scale: how many numbers every selected entity has. */
+  /** Point, Vertices, Scale, Texts: how many elements every shown entity has. */
   int elementCount = 0;
+  /** The merged value and elements, once read, until the drawing changes. */
+  mutable bool merged = false;
+  mutable PropVariant value;
+  mutable std::vector<PropVariant> elements;
+  mutable std::vector<bool> elementMerged;
 };
 
 /** ByLayer stands for what the selection's layer holds, when the selection shares one. */
@@ -81,7 +99,24 @@ DrawingPropertyBag::DrawingPropertyBag(DrawingDocument* document, QUndoStack* un
 {
   if (!m_document)
     return;
-  m_properties = drawingProperties(m_document);
+  // The filter and the type row come first; the table's kinds leave them out of the shared properties.
+  DrawingProperty filter;
+  filter.name = tr("Show");
+  filter.category = tr("General");
+  filter.description = tr("Which of the selected objects the palette shows and edits: all of them, or those of one kind");
+  filter.guid = PropUiGuidTextCombo;
+  filter.format = PropertyFormat::Choice;
+  filter.flags |= PropItemFlag::kChoice;
+  DrawingProperty type;
+  type.name = tr("Type");
+  type.category = filter.category;
+  type.description = tr("What kind of object it is");
+  type.guid = PropUiGuidText;
+  type.format = PropertyFormat::Text;
+  m_properties.push_back(std::move(filter));
+  m_properties.push_back(std::move(type));
+  for (DrawingProperty& property : drawingProperties(m_document))
+    m_properties.push_back(std::move(property));
   auto changed = [this]() {
     const bool same = reload();
     if (m_listener)
@@ -102,14 +137,78 @@ DrawingPropertyBag::~DrawingPropertyBag()
   QObject::disconnect(m_reset);
 }
 
+namespace
+{
+// The filter's and the type row's places in m_properties.
+constexpr std::size_t kFilterRow = 0;
+constexpr std::size_t kTypeRow = 1;
+constexpr std::size_t kFirstProperty = 2;
+constexpr int kKindCount = int(EntityKind::Other) + 1;
+
+PropVariant textOrVaries(const QString& s, bool varies)
+{
+  PropVariant v = text(s);
+  v.setVaries(varies);
+  return v;
+}
+} // namespace
+
 void DrawingPropertyBag::setSelection(const QVector<quint64>& handles)
 {
+  select(handles, false);
+}
+
+bool DrawingPropertyBag::showKind(EntityKind kind)
+{
+  const int k = int(kind);
+  if (k < 0 || k >= int(m_kindCounts.size()) || m_kindCounts[std::size_t(k)] == 0)
+    return false;
+  m_kind = k;
+  merge();
+  return true;
+}
+
+void DrawingPropertyBag::showAllKinds()
+{
+  m_kind = -1;
+  merge();
+}
+
+bool DrawingPropertyBag::shownKind(EntityKind& kind) const
+{
+  if (m_kind < 0)
+    return false;
+  kind = EntityKind(m_kind);
+  return true;
+}
+
+void DrawingPropertyBag::select(const QVector<quint64>& handles, bool keepKind)
+{
   m_selection.clear();
-  m_selection.reserve(handles.size());
+  m_entities.clear();
+  m_kindCounts.assign(std::size_t(kKindCount), 0);
   if (m_document)
+  {
+    m_selection.reserve(handles.size());
+    m_entities.reserve(std::size_t(handles.size()));
+    // One pass, as lookUpEntities() walks, that also counts the kinds: a million entities are touched once.
+    const std::vector<DrawingEntity>& all = m_document->entities();
+    std::size_t next = 0;
     for (quint64 handle : handles)
-      if (m_document->entity(handle))
-        m_selection.append(handle);
+    {
+      const DrawingEntity* entity = next < all.size() && all[next].handle == handle ? &all[next] : m_document->entity(handle);
+      if (!entity)
+        continue;
+      next = std::size_t(entity - all.data()) + 1;
+      m_selection.append(handle);
+      m_entities.push_back(entity);
+      ++m_kindCounts[std::size_t(entity->kind)];
+    }
+  }
+  m_entitiesBase = m_document ? m_document->entities().data() : nullptr;
+  m_entitiesSize = m_document ? m_document->entities().size() : 0;
+  if (!keepKind || m_kind < 0 || m_kindCounts[std::size_t(m_kind)] == 0)
+    m_kind = -1;
   merge();
 }
 
@@ -123,7 +222,9 @@ bool DrawingPropertyBag::reload()
     groupsBefore.append(item->elementCount);
   }
   // An undo may bring back entities that a reset had dropped; forget those the document lost.
-  setSelection(QVector<quint64>(m_selection));
+  QVector<quint64> handles;
+  handles.swap(m_selection);
+  select(handles, true);
   if (before.size() != m_items.size())
     return false;
   for (std::size_t i = 0; i < m_items.size(); ++i)
@@ -132,37 +233,83 @@ bool DrawingPropertyBag::reload()
   return true;
 }
 
+const std::vector<const DrawingEntity*>& DrawingPropertyBag::shown() const
+{
+  return m_kind < 0 ? m_entities : m_shownEntities;
+}
+
+void DrawingPropertyBag::addItem(std::unique_ptr<Item> item)
+{
+  const DrawingProperty& property = *item->property;
+  const bool numeric = property.format == PropertyFormat::Number || property.format == PropertyFormat::Angle;
+  const OdGUID typeGuid = numeric ? PropUiGuidDouble
+                          : property.format == PropertyFormat::Integer ? PropUiGuidInteger
+                          : property.format == PropertyFormat::Text || property.format == PropertyFormat::Choice ? PropUiGuidText
+                                                                                                              : property.guid;
+  item->type = std::make_unique<DemoItemType>(int(m_items.size()), OdString("drawing"), typeGuid);
+  m_items.push_back(std::move(item));
+}
+
 void DrawingPropertyBag::merge()
 {
   m_items.clear();
-  m_entitiesBase = nullptr;
+  m_shownEntities.clear();
   if (!resolveEntities())
     return;
-
-  for (const DrawingProperty& property : m_properties)
+  if (m_kind >= 0)
   {
-    bool shared = true;
+    m_shownEntities.reserve(std::size_t(m_kindCounts[std::size_t(m_kind)]));
     for (const DrawingEntity* entity : m_entities)
-      if (!property.applies(*entity))
-      {
-        shared = false;
-        break;
-      }
-    if (!shared)
+      if (int(entity->kind) == m_kind)
+        m_shownEntities.push_back(entity);
+  }
+  const std::vector<const DrawingEntity*>& entities = shown();
+
+  auto row = std::make_unique<Item>();
+  row->role = Item::Filter;
+  row->property = &m_properties[kFilterRow];
+  addItem(std::move(row));
+  row = std::make_unique<Item>();
+  row->role = Item::Type;
+  row->property = &m_properties[kTypeRow];
+  addItem(std::move(row));
+
+  unsigned int kinds = 0;
+  for (int k = 0; k < kKindCount; ++k)
+    if ((m_kind < 0 || m_kind == k) && m_kindCounts[std::size_t(k)] > 0)
+      kinds |= kindBit(EntityKind(k));
+  for (std::size_t p = kFirstProperty; p < m_properties.size(); ++p)
+  {
+    const DrawingProperty& property = m_properties[p];
+    // The kinds decide most properties at once; only a condition (enough points, say) asks each entity.
+    if ((property.kinds & kinds) != kinds)
+      continue;
+    if (property.condition &&
+        !std::all_of(entities.begin(), entities.end(), [&property](const DrawingEntity* e) { return property.condition(*e); }))
       continue;
     auto item = std::make_unique<Item>();
     item->property = &property;
-    if (property.shape != PropertyShape::Scalar)
+    if (property.shape == PropertyShape::Point || property.shape == PropertyShape::Scale)
+      item->elementCount = property.count(*entities.front());
+    else if (property.shape != PropertyShape::Scalar)
     {
       // Polylines with fewer vertices end the list: only the vertices every one has are shared.
-      item->elementCount = property.count(*m_entities.front());
-      for (const DrawingEntity* entity : m_entities)
+      item->elementCount = property.count(*entities.front());
+      for (const DrawingEntity* entity : entities)
         item->elementCount = std::min(item->elementCount, property.count(*entity));
+      // Attributes are shared by their tags, in order: those up to the first that differs.
+      if (property.elementName)
+        for (const DrawingEntity* entity : entities)
+          for (int e = 0; e < item->elementCount; ++e)
+            if (property.elementName(*entity, e) != property.elementName(*entities.front(), e))
+            {
+              item->elementCount = e;
+              break;
+            }
+      if (item->elementCount == 0)
+        continue;
     }
-    const bool numeric = property.format == PropertyFormat::Number || property.format == PropertyFormat::Angle;
-    const OdGUID typeGuid = numeric ? PropUiGuidDouble : property.format == PropertyFormat::Text ? PropUiGuidText : property.guid;
-    item->type = std::make_unique<DemoItemType>(int(m_items.size()), OdString("drawing"), typeGuid);
-    m_items.push_back(std::move(item));
+    addItem(std::move(item));
   }
 }
 
@@ -174,38 +321,138 @@ bool DrawingPropertyBag::resolveEntities() const
   const std::vector<DrawingEntity>& all = m_document->entities();
   if (all.data() != m_entitiesBase || all.size() != m_entitiesSize)
   {
-    m_entities.clear();
-    m_entities.reserve(std::size_t(m_selection.size()));
-    for (quint64 handle : qAsConst(m_selection))
-      if (const DrawingEntity* entity = m_document->entity(handle))
-        m_entities.push_back(entity);
+    m_entities = lookUpEntities(*m_document, m_selection);
+    m_entities.erase(std::remove(m_entities.begin(), m_entities.end(), nullptr), m_entities.end());
+    m_shownEntities.clear();
+    if (m_kind >= 0)
+      for (const DrawingEntity* entity : m_entities)
+        if (int(entity->kind) == m_kind)
+          m_shownEntities.push_back(entity);
     m_entitiesBase = all.data();
     m_entitiesSize = all.size();
   }
   return !m_entities.empty() && m_entities.size() == std::size_t(m_selection.size());
 }
 
+std::vector<DrawingChoice> DrawingPropertyBag::kindChoices() const
+{
+  std::vector<DrawingChoice> choices;
+  choices.push_back({tr("All (%1)").arg(m_selection.size()), integer(0)});
+  for (int k = 0; k < int(m_kindCounts.size()); ++k)
+    if (m_kindCounts[std::size_t(k)] > 0)
+      choices.push_back({tr("%1 (%2)").arg(entityKindName(EntityKind(k))).arg(m_kindCounts[std::size_t(k)]), integer(k + 1)});
+  return choices;
+}
+
+std::vector<DrawingChoice> DrawingPropertyBag::choicesOf(const Item& item) const
+{
+  if (item.role == Item::Filter)
+    return kindChoices();
+  if (item.property->choices)
+    return item.property->choices();
+  return {};
+}
+
+PropVariant DrawingPropertyBag::typeValue() const
+{
+  const std::vector<const DrawingEntity*>& entities = shown();
+  const EntityKind kind = entities.front()->kind;
+  if (m_kind < 0)
+    for (int k = 0; k < int(m_kindCounts.size()); ++k)
+      if (k != int(kind) && m_kindCounts[std::size_t(k)] > 0)
+        return textOrVaries(entityTypeName(*entities.front()), true);
+  // Objects the editor does not know by kind may still differ by the file's name for them.
+  if (kind == EntityKind::Other)
+    for (const DrawingEntity* entity : entities)
+      if (entity->typeName != entities.front()->typeName)
+        return textOrVaries(entityTypeName(*entities.front()), true);
+  return text(entityTypeName(*entities.front()));
+}
+
 PropVariant DrawingPropertyBag::mergedValue(const Item& item) const
 {
+  if (item.merged)
+    return item.value;
+  if (item.role == Item::Property && item.property->equal && item.property->shape == PropertyShape::Scalar)
+  {
+    mergeComparable();
+    return item.value;
+  }
+  item.merged = true;
+  if (item.role == Item::Filter)
+    return item.value = integer(m_kind + 1);
+  if (item.role == Item::Type)
+    return item.value = typeValue();
   const DrawingProperty& property = *item.property;
-  PropVariant value = property.read(*m_entities.front());
-  for (std::size_t i = 1; i < m_entities.size(); ++i)
-    if (property.read(*m_entities[i]) != value)
+  const std::vector<const DrawingEntity*>& entities = shown();
+  item.value = property.read(*entities.front());
+  for (std::size_t i = 1; i < entities.size(); ++i)
+    if (property.read(*entities[i]) != item.value)
     {
-      value.setVaries(true);
+      item.value.setVaries(true);
       break;
     }
-  return value;
+  return item.value;
+}
+
+void DrawingPropertyBag::mergeComparable() const
+{
+  // Every item that compares entities directly is merged in one pass: a palette over a million entities
+  // reads each entity once, not once per item.
+  std::vector<Item*> open;
+  for (const auto& item : m_items)
+    if (!item->merged && item->role == Item::Property && item->property->shape == PropertyShape::Scalar && item->property->equal)
+    {
+      item->merged = true;
+      item->value = item->property->read(*shown().front());
+      open.push_back(item.get());
+    }
+  const std::vector<const DrawingEntity*>& entities = shown();
+  const DrawingEntity& first = *entities.front();
+  for (std::size_t i = 1; i < entities.size() && !open.empty(); ++i)
+    for (std::size_t o = 0; o < open.size();)
+      if (!open[o]->property->equal(*entities[i], first))
+      {
+        open[o]->value.setVaries(true);
+        open[o] = open.back();
+        open.pop_back();
+      }
+      else
+        ++o;
 }
 
 PropVariant DrawingPropertyBag::mergedElement(const Item& item, int element) const
 {
+  if (item.elements.size() != std::size_t(item.elementCount))
+  {
+    item.elements.assign(std::size_t(item.elementCount), PropVariant());
+    item.elementMerged.assign(std::size_t(item.elementCount), false);
+  }
+  PropVariant& value = item.elements[std::size_t(element)];
+  if (item.elementMerged[std::size_t(element)])
+    return value;
+  item.elementMerged[std::size_t(element)] = true;
   const DrawingProperty& property = *item.property;
-  PropVariant value;
-  const double first = property.element(*m_entities.front(), element);
+  const std::vector<const DrawingEntity*>& entities = shown();
+  if (property.shape == PropertyShape::Texts)
+  {
+    // The last element is where a new paragraph is typed: it starts empty.
+    if (property.appendsText && element == item.elementCount - 1)
+      return value = text(QString());
+    const QString first = property.textElement(*entities.front(), element);
+    value = text(first);
+    for (std::size_t i = 1; i < entities.size(); ++i)
+      if (property.textElement(*entities[i], element) != first)
+      {
+        value.setVaries(true);
+        break;
+      }
+    return value;
+  }
+  const double first = property.element(*entities.front(), element);
   value.setDouble(first);
-  for (std::size_t i = 1; i < m_entities.size(); ++i)
-    if (property.element(*m_entities[i], element) != first)
+  for (std::size_t i = 1; i < entities.size(); ++i)
+    if (property.element(*entities[i], element) != first)
     {
       value.setVaries(true);
       break;
@@ -219,7 +466,7 @@ OdDbObjectId DrawingPropertyBag::commonLayer() const
   if (!resolveEntities())
     return id;
   for (const auto& item : m_items)
-    if (item->property->format == PropertyFormat::Layer)
+    if (item->role == Item::Property && item->property->format == PropertyFormat::Layer)
     {
       const PropVariant layer = mergedValue(*item);
       if (!layer.isVaries())
@@ -256,7 +503,7 @@ PropItemType* DrawingPropertyBag::getItemType(int index)
 bool DrawingPropertyBag::isEditable(int index, unsigned long)
 {
   const Item* item = find(index);
-  return item && (item->property->write || item->property->setElement);
+  return item && (item->role == Item::Filter || item->property->isEditable());
 }
 
 bool DrawingPropertyBag::getName(int index, OdString& name)
@@ -301,6 +548,13 @@ OdGUID DrawingPropertyBag::getControlGuid(int index)
 QString DrawingPropertyBag::checkValue(const Item& item, unsigned long, const PropVariant& value) const
 {
   const DrawingProperty& property = *item.property;
+  if (property.format == PropertyFormat::Choice)
+  {
+    for (const DrawingChoice& choice : choicesOf(item))
+      if (choice.value == value)
+        return QString();
+    return tr("%1 takes one of the values it lists.").arg(property.name);
+  }
   if (property.format != PropertyFormat::Number && property.format != PropertyFormat::Angle)
     return QString();
   QVector<double> numbers;
@@ -320,6 +574,13 @@ QString DrawingPropertyBag::checkValue(const Item& item, unsigned long, const Pr
     const QString refusal = property.refuse ? property.refuse(n) : QString();
     if (!refusal.isEmpty())
       return refusal;
+    if (property.refuseFor && resolveEntities())
+      for (const DrawingEntity* entity : shown())
+      {
+        const QString own = property.refuseFor(*entity, n);
+        if (!own.isEmpty())
+          return own;
+      }
   }
   return QString();
 }
@@ -336,7 +597,7 @@ bool DrawingPropertyBag::validate(int index, unsigned long element, const PropVa
   return false;
 }
 
-bool DrawingPropertyBag::formatValue(int index, unsigned long, const PropVariant& value, OdString& formatted)
+bool DrawingPropertyBag::formatValue(int index, unsigned long element, const PropVariant& value, OdString& formatted)
 {
   const Item* item = find(index);
   if (!item || !m_document || (value.type() & (PropVariant::kNoData | PropVariant::kEmpty)))
@@ -372,9 +633,28 @@ bool DrawingPropertyBag::formatValue(int index, unsigned long, const PropVariant
       result = numberText(d);
     break;
   }
+  case PropertyFormat::Integer:
+    if (value.scalarType() == PropVariant::kInt32 && !value.isArray())
+      result = c.toString(value.getInt32());
+    break;
   case PropertyFormat::Text:
     if (value.scalarType() == PropVariant::kString && !value.isArray())
+    {
       result = toQString(value.getString());
+      // The whole of a multi-line text on one line: its paragraphs apart by a pilcrow, never its codes.
+      if (item->property->appendsText && element == 0 && value == mergedValue(*item))
+        result = mtextParagraphs(result).join(QStringLiteral(" \u00B6 "));
+    }
+    break;
+  case PropertyFormat::Choice:
+    for (const DrawingChoice& choice : choicesOf(*item))
+      if (choice.value == value)
+        result = choice.name;
+    // A value the list lacks (an alignment the file combines oddly) shows as what it is.
+    if (result.isNull() && value.scalarType() == PropVariant::kString && !value.isArray())
+      result = toQString(value.getString());
+    else if (result.isNull() && value.scalarType() == PropVariant::kInt32 && !value.isArray())
+      result = c.toString(value.getInt32());
     break;
   case PropertyFormat::Bool:
     if (value.scalarType() == PropVariant::kBool && !value.isArray())
@@ -406,15 +686,33 @@ bool DrawingPropertyBag::parseValue(int index, unsigned long, const OdString& in
   const Item* item = find(index);
   if (!item)
     return false;
-  QString s = toQString(input).trimmed();
+  QString s = toQString(input);
   switch (item->property->format)
   {
   case PropertyFormat::Text:
-    value.setString(toOdString(s));
+    // A paragraph keeps its blanks as typed; a one-line field drops those at its ends.
+    value.setString(toOdString(item->property->shape == PropertyShape::Texts ? s : s.trimmed()));
     return true;
+  case PropertyFormat::Choice:
+    for (const DrawingChoice& choice : choicesOf(*item))
+      if (choice.name.compare(s.trimmed(), Qt::CaseInsensitive) == 0)
+      {
+        value = choice.value;
+        return true;
+      }
+    return false;
+  case PropertyFormat::Integer:
+  {
+    bool ok = false;
+    const int i = s.trimmed().toInt(&ok);
+    if (ok)
+      value.setInt32(i);
+    return ok;
+  }
   case PropertyFormat::Number:
   case PropertyFormat::Angle:
   {
+    s = s.trimmed();
     s.remove(QChar(0x00B0));
     bool ok = false;
     double d = QLocale::c().toDouble(s, &ok);
@@ -435,7 +733,7 @@ bool DrawingPropertyBag::getValue(int index, PropVariant& value)
   const Item* item = find(index);
   if (!item || !resolveEntities())
     return false;
-  if (item->property->shape == PropertyShape::Scalar)
+  if (item->property->shape == PropertyShape::Scalar || item->property->shape == PropertyShape::Texts)
   {
     value = mergedValue(*item);
     return true;
@@ -459,20 +757,90 @@ bool DrawingPropertyBag::setValue(int index, const PropVariant& value)
   OdString message;
   if (!item || !validate(index, 0, value, message))
     return false;
+  if (item->role == Item::Filter)
+    return writeFilter(value);
+  // A multi-line text is written a paragraph at a time.
+  if (item->property->shape == PropertyShape::Texts)
+    return false;
   return write(*item, -1, value);
+}
+
+bool DrawingPropertyBag::writeFilter(const PropVariant& value)
+{
+  if (value.scalarType() != PropVariant::kInt32 || value.isArray())
+    return false;
+  const int key = value.getInt32();
+  if (key == m_kind + 1)
+    return true;
+  if (key == 0)
+    showAllKinds();
+  else if (!showKind(EntityKind(key - 1)))
+    return false;
+  // The filter's own control is in the middle of its commit: the palette builds its rows anew afterwards.
+  if (m_listener)
+    m_listener(false);
+  return true;
+}
+
+bool DrawingPropertyBag::getValueList(int index, OdStringArray& names, PropKeyArray& keys)
+{
+  const Item* item = find(index);
+  if (!item || item->property->format != PropertyFormat::Choice)
+    return false;
+  const std::vector<DrawingChoice> choices = choicesOf(*item);
+  for (std::size_t i = 0; i < choices.size(); ++i)
+  {
+    names.append(toOdString(choices[i].name));
+    keys.append(static_cast<unsigned long>(i));
+  }
+  return !choices.empty();
+}
+
+bool DrawingPropertyBag::getListValue(int index, unsigned long id, PropVariant& value)
+{
+  const Item* item = find(index);
+  if (!item || item->property->format != PropertyFormat::Choice)
+    return false;
+  const std::vector<DrawingChoice> choices = choicesOf(*item);
+  if (id >= choices.size())
+    return false;
+  value = choices[id].value;
+  return true;
+}
+
+bool DrawingPropertyBag::getListText(int index, const PropVariant& value, OdString& listText)
+{
+  const Item* item = find(index);
+  if (!item || item->property->format != PropertyFormat::Choice)
+    return false;
+  PropVariant plain = value;
+  plain.setVaries(false);
+  for (const DrawingChoice& choice : choicesOf(*item))
+    if (choice.value == plain)
+    {
+      listText = toOdString(choice.name);
+      return true;
+    }
+  return false;
 }
 
 unsigned int DrawingPropertyBag::getElements(int index, PropKeyArray& elements, OdStringArray& captions)
 {
   const Item* item = find(index);
-  if (!item || item->property->shape == PropertyShape::Scalar)
+  if (!item || item->property->shape == PropertyShape::Scalar || !resolveEntities())
     return 0;
   const QString axes[] = {tr("X"), tr("Y"), tr("Z")};
+  const QString vertex = item->property->elementCaption.isEmpty() ? tr("Vertex %1 %2") : item->property->elementCaption;
   for (int e = 0; e < item->elementCount; ++e)
   {
     elements.append(static_cast<unsigned long>(e));
-    if (item->property->shape == PropertyShape::Vertices)
-      captions.append(toOdString(tr("Vertex %1 %2").arg(e / 3 + 1).arg(axes[e % 3])));
+    if (item->property->shape == PropertyShape::Texts && item->property->elementName)
+      captions.append(toOdString(item->property->elementName(*shown().front(), e)));
+    else if (item->property->shape == PropertyShape::Texts)
+      captions.append(toOdString(item->property->appendsText && e == item->elementCount - 1 ? tr("New paragraph")
+                                                                                             : tr("Paragraph %1").arg(e + 1)));
+    else if (item->property->shape == PropertyShape::Vertices)
+      captions.append(toOdString(vertex.arg(e / 3 + 1).arg(axes[e % 3])));
     else
       captions.append(toOdString(axes[e % 3]));
   }
@@ -512,12 +880,26 @@ PropBagCtx* DrawingPropertyBag::getContext()
 bool DrawingPropertyBag::write(const Item& item, long element, const PropVariant& value)
 {
   const DrawingProperty& property = *item.property;
+  if (item.role != Item::Property)
+    return false;
   // Which numbers the value sets: one element, or all of a point or scale at once.
   QVector<int> targets;
   QVector<double> numbers;
-  if (property.shape != PropertyShape::Scalar)
+  QString paragraph;
+  int paragraphIndex = -1;
+  if (property.shape == PropertyShape::Texts)
+  {
+    if (element < 0 || !property.setTextElement || value.scalarType() != PropVariant::kString || value.isArray())
+      return false;
+    paragraph = toQString(value.getString());
+    // The last element appends a paragraph to each text, however many it has.
+    paragraphIndex = property.appendsText && element == item.elementCount - 1 ? -1 : int(element);
+  }
+  else if (property.shape != PropertyShape::Scalar)
   {
     double d = 0.0;
+    if (!property.setElement)
+      return false;
     if (value.isArray() && value.scalarType() == PropVariant::kDouble)
     {
       const OdDoubleArray& all = value.getDoubleArray();
@@ -543,44 +925,99 @@ bool DrawingPropertyBag::write(const Item& item, long element, const PropVariant
 
   if (!resolveEntities())
     return false;
-  std::vector<DrawingEntity> before;
-  std::vector<DrawingEntity> after;
-  before.reserve(std::size_t(m_selection.size()));
-  after.reserve(std::size_t(m_selection.size()));
-  for (quint64 handle : qAsConst(m_selection))
+  // The change itself, the same for the first time, as worked out here, and for each redo.
+  const DrawingProperty changer = property;
+  auto change = [changer, value, targets, numbers, paragraph, paragraphIndex](DrawingEntity& e) {
+    if (changer.shape == PropertyShape::Scalar)
+      return changer.write(e, value);
+    if (changer.shape == PropertyShape::Texts)
+    {
+      changer.setTextElement(e, paragraphIndex, paragraph);
+      return true;
+    }
+    for (int t = 0; t < targets.size(); ++t)
+    {
+      if (targets[t] >= changer.count(e))
+        return false;
+      changer.setElement(e, targets[t], numbers[t]);
+    }
+    return true;
+  };
+
+  // What the undo puts back: the property's old values where writing them back restores the entity, else the entity.
+  struct Memo
   {
-    const DrawingEntity* current = m_document->entity(handle);
-    if (!current)
-      continue;
-    DrawingEntity changed = *current;
+    std::vector<PropVariant> values;
+    std::vector<double> numbers;
+    std::vector<QString> texts;
+    std::vector<DrawingEntity> entities;
+  };
+  auto memo = std::make_shared<Memo>();
+  const bool byValue = property.restoresByValue;
+  QVector<quint64> handles;
+  // Which entities the change changes, worked out on a copy that keeps its storage from one entity to the next.
+  DrawingEntity scratch;
+  for (const DrawingEntity* current : shown())
+  {
+    scratch = *current;
+    if (!change(scratch))
+      return false;
     bool differs = false;
     if (property.shape == PropertyShape::Scalar)
-    {
-      if (!property.write(changed, value))
-        return false;
-      differs = property.read(changed) != property.read(*current);
-    }
+      differs = property.equal ? !property.equal(scratch, *current) : property.read(scratch) != property.read(*current);
+    else if (property.shape == PropertyShape::Texts)
+      differs = paragraphIndex < 0 ? scratch.text != current->text
+                                   : property.textElement(scratch, paragraphIndex) != property.textElement(*current, paragraphIndex);
     else
-    {
-      for (int t = 0; t < targets.size(); ++t)
-      {
-        if (targets[t] >= property.count(changed))
-          return false;
-        differs = differs || property.element(changed, targets[t]) != numbers[t];
-        property.setElement(changed, targets[t], numbers[t]);
-      }
-    }
+      for (int t = 0; t < targets.size() && !differs; ++t)
+        differs = property.element(scratch, targets[t]) != property.element(*current, targets[t]);
     if (!differs)
       continue;
-    before.push_back(*current);
-    after.push_back(std::move(changed));
+    if (!byValue)
+      memo->entities.push_back(*current);
+    else if (property.shape == PropertyShape::Scalar)
+    {
+      // Selections mostly share the old value: one kept stands for all until one differs.
+      PropVariant old = property.read(*current);
+      if (handles.isEmpty())
+        memo->values.push_back(std::move(old));
+      else if (memo->values.size() > 1 || old != memo->values.front())
+      {
+        if (memo->values.size() == 1)
+          memo->values.assign(std::size_t(handles.size()), memo->values.front());
+        memo->values.push_back(std::move(old));
+      }
+    }
+    else if (property.shape == PropertyShape::Texts)
+      memo->texts.push_back(paragraphIndex < 0 ? current->text : property.textElement(*current, paragraphIndex));
+    else
+      for (int t : qAsConst(targets))
+        memo->numbers.push_back(property.element(*current, t));
+    handles.append(current->handle);
   }
-  if (after.empty())
+  if (handles.isEmpty())
     return true;
-  const QString text = tr("Change %1").arg(property.name);
-  if (m_undoStack)
-    m_undoStack->push(new EntityChangeCommand(m_document, text, std::move(before), std::move(after)));
-  else
-    m_document->replaceEntities(after);
+  const QString stepText = tr("Change %1").arg(property.name);
+  if (!m_undoStack)
+  {
+    m_document->changeEntities(handles, [&change](DrawingEntity& e, int) { change(e); });
+    return true;
+  }
+  const std::size_t targetCount = std::size_t(targets.size());
+  auto undo = [changer, memo, byValue, targets, targetCount, paragraphIndex](DrawingEntity& e, std::size_t i) {
+    if (!byValue)
+      e = memo->entities[i];
+    else if (changer.shape == PropertyShape::Scalar)
+      changer.write(e, memo->values.size() == 1 ? memo->values.front() : memo->values[i]);
+    else if (changer.shape == PropertyShape::Texts && paragraphIndex < 0)
+      e.text = memo->texts[i];
+    else if (changer.shape == PropertyShape::Texts)
+      changer.setTextElement(e, paragraphIndex, memo->texts[i]);
+    else
+      for (std::size_t t = 0; t < targetCount; ++t)
+        changer.setElement(e, targets[int(t)], memo->numbers[i * targetCount + t]);
+  };
+  auto redo = [change](DrawingEntity& e, std::size_t) { change(e); };
+  m_undoStack->push(new EntityChangeCommand(m_document, stepText, std::move(handles), undo, redo));
   return true;
 }

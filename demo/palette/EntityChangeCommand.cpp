@@ -2,20 +2,26 @@
 
 #include "DrawingDocument.h"
 
-EntityChangeCommand::EntityChangeCommand(DrawingDocument* document, const QString& text,
-                                         std::vector<DrawingEntity> before, std::vector<DrawingEntity> after)
-  : QUndoCommand(text), m_document(document), m_before(std::move(before)), m_after(std::move(after))
+EntityChangeCommand::EntityChangeCommand(DrawingDocument* document, const QString& text, QVector<quint64> handles,
+                                         Change undoChange, Change redoChange)
+  : QUndoCommand(text), m_document(document), m_handles(std::move(handles)), m_undo(std::move(undoChange)),
+    m_redo(std::move(redoChange))
 {
 }
 
 void EntityChangeCommand::undo()
 {
-  if (m_document)
-    m_document->replaceEntities(m_before);
+  apply(m_undo);
 }
 
 void EntityChangeCommand::redo()
 {
+  apply(m_redo);
+}
+
+void EntityChangeCommand::apply(const Change& change)
+{
+  // An entity the drawing no longer has (another drawing was opened meanwhile) is skipped.
   if (m_document)
-    m_document->replaceEntities(m_after);
+    m_document->changeEntities(m_handles, [&change](DrawingEntity& entity, int index) { change(entity, std::size_t(index)); });
 }

@@ -1,5 +1,6 @@
 #include "PropertyPalette.h"
 
+#include "DrawingEntity.h"
 #include "DrawingPropertyBag.h"
 #include "PaletteGrid.h"
 #include "PalettePanel.h"
@@ -79,7 +80,10 @@ void PropertyPalette::onBagChanged(bool sameItems)
 void PropertyPalette::showCount()
 {
   const int count = m_bag ? m_bag->selection().size() : 0;
-  const QString text = count == 0 ? tr("No selection") : count == 1 ? tr("1 object selected") : tr("%1 objects selected").arg(count);
+  QString text = count == 0 ? tr("No selection") : count == 1 ? tr("1 object selected") : tr("%1 objects selected").arg(count);
+  EntityKind kind;
+  if (m_bag && m_bag->shownKind(kind))
+    text = tr("%1 objects selected, %2 shown").arg(count).arg(m_bag->shownCount());
   if (m_count->text() != text)
     m_count->setText(text);
 }

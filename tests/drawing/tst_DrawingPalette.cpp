@@ -1,14 +1,18 @@
 #include "DrawingDocument.h"
+#include "DrawingHatchPatterns.h"
 #include "DrawingPropertyBag.h"
 #include "MessageCatcher.h"
 #include "OdStringQt.h"
 #include "PaletteGrid.h"
 #include "PalettePanel.h"
+#include "PropUiQComboBox.h"
 #include "PropUiQDistanceCtrl.h"
+#include "QHostComboBox.h"
 #include "PropVariantConversions.h"
 #include "PropWidgetsEntry.h"
 #include "OdRxModule.h"
 #include "PropertyPalette.h"
+#include <QAbstractItemModelTester>
 #include <QUndoStack>
 #include <QtTest>
 #include <cmath>
@@ -35,7 +39,7 @@ struct Drawing
 {
   DrawingDocument document;
   QUndoStack undo;
-  quint64 line1, line2, circle, arc, polyline, text, mtext, insert, dimension;
+  quint64 line1, line2, circle, arc, polyline, text, mtext, insert, dimension, ellipse, spline, point, hatch;
 
   Drawing()
   {
@@ -62,13 +66,36 @@ struct Drawing
     text = document.addEntity(t);
     DrawingEntity m = entity(EntityKind::MText, {{3, 8, 0}});
     m.height = 2.5;
-    m.text = QStringLiteral("World");
+    m.text = QStringLiteral("World\\PSecond \\\\P end");
     mtext = document.addEntity(m);
     DrawingEntity i = entity(EntityKind::Insert, {{7, 7, 0}});
     i.blockName = QStringLiteral("Door");
     i.rotation = 30;
+    for (const auto& tagged : {std::make_pair("ROOM", "101"), std::make_pair("AREA", "12 m2")})
+    {
+      DrawingEntity attribute = entity(EntityKind::Text, {{7, 7, 0}});
+      attribute.blockName = QString::fromLatin1(tagged.first);
+      attribute.text = QString::fromLatin1(tagged.second);
+      i.editDetails().attributes.push_back(attribute);
+    }
     insert = document.addEntity(i);
     dimension = document.addEntity(entity(EntityKind::Dimension, {{0, 0, 0}, {3, 4, 0}, {0, 6, 0}}));
+    // A major axis 8 long along Y, and a minor one of 4.
+    DrawingEntity el = entity(EntityKind::Ellipse, {{1, 1, 0}, {0, 4, 0}});
+    el.ratio = 0.5;
+    el.endAngle = 360;
+    ellipse = document.addEntity(el);
+    DrawingEntity sp = entity(EntityKind::Spline, {{0, 0, 0}, {1, 2, 0}, {3, 2, 0}, {4, 0, 0}});
+    sp.editDetails().degree = 3;
+    sp.editDetails().knots = {0, 0, 0, 0, 1, 1, 1, 1};
+    spline = document.addEntity(sp);
+    point = document.addEntity(entity(EntityKind::Point, {{5, 6, 7}}));
+    DrawingEntity h = entity(EntityKind::Hatch, {});
+    h.editDetails().pattern = QStringLiteral("ANSI31");
+    h.editDetails().patternLines = hatchPatternLines(QStringLiteral("ANSI31"), 1, 0);
+    h.editDetails().loops = {DrawingHatchLoop{{{0, 0, 0}, {4, 0, 0}, {4, 4, 0}}, {0, 0, 0}}};
+    hatch = document.addEntity(h);
+    document.textStyle(QStringLiteral("Notes")).font = QStringLiteral("isocp.shx");
   }
 
   /** Every field of every entity, at full precision: equal texts mean equal drawings. */
@@ -86,7 +113,14 @@ struct Drawing
       for (double b : e.bulges)
         f << n(b);
       f << QString::number(e.closed) << n(e.radius) << n(e.startAngle) << n(e.endAngle) << n(e.height) << n(e.rotation)
-        << n(e.scale.x) << n(e.scale.y) << n(e.scale.z) << e.blockName << e.text << QString::number(e.dimensionType);
+        << n(e.scale.x) << n(e.scale.y) << n(e.scale.z) << e.blockName << e.text << QString::number(e.dimensionType)
+        << n(e.ratio) << e.style << n(e.widthFactor) << n(e.oblique) << QString::number(e.horizontalAlignment)
+        << QString::number(e.verticalAlignment) << QString::number(e.details().degree) << e.details().pattern
+        << n(e.details().patternScale) << n(e.details().patternAngle) << QString::number(e.details().solidFill);
+      for (const DrawingHatchLine& l : e.details().patternLines)
+        f << n(l.angle) << n(l.offset.x) << n(l.offset.y) << QString::number(l.dashes.size());
+      for (const DrawingEntity& a : e.details().attributes)
+        f << a.blockName << a.text;
       lines << f.join(QLatin1Char(' '));
     }
     return lines.join(QLatin1Char('\n'));
@@ -110,6 +144,43 @@ int itemNamed(DrawingPropertyBag& bag, const QString& name)
   return bag.findItem(toOdString(name));
 }
 
+/** What the bag shows for an item or one of its elements (-1: the whole item); "*varies*" for a varying value. */
+QString shownText(DrawingPropertyBag& bag, int index, int element)
+{
+  PropVariant v;
+  if (element < 0 ? !bag.getValue(index, v) : !bag.getElementValue(index, unsigned(element), v))
+    return QStringLiteral("(unread)");
+  if (v.isVaries())
+    return QStringLiteral("*varies*");
+  OdString text;
+  return bag.formatValue(index, element < 0 ? 0 : unsigned(element), v, text) ? toQString(text) : QStringLiteral("(unformatted)");
+}
+
+QStringList listedNames(DrawingPropertyBag& bag, int index)
+{
+  OdStringArray names;
+  PropKeyArray keys;
+  bag.getValueList(index, names, keys);
+  QStringList list;
+  for (const OdString& name : names)
+    list << toQString(name);
+  return list;
+}
+
+PropVariant word(const QString& s)
+{
+  PropVariant v;
+  v.setString(toOdString(s));
+  return v;
+}
+
+PropVariant whole(int i)
+{
+  PropVariant v;
+  v.setInt32(i);
+  return v;
+}
+
 PropVariant real(double d)
 {
   PropVariant v;
@@ -117,7 +188,7 @@ PropVariant real(double d)
   return v;
 }
 
-const QStringList kGeneral{QStringLiteral("Layer"), QStringLiteral("Colour"), QStringLiteral("Linetype"),
+const QStringList kGeneral{QStringLiteral("Show"), QStringLiteral("Type"), QStringLiteral("Layer"), QStringLiteral("Colour"), QStringLiteral("Linetype"),
                            QStringLiteral("Lineweight"), QStringLiteral("Linetype scale"), QStringLiteral("Visible")};
 
 } // namespace
@@ -132,7 +203,9 @@ class TestDrawingPalette : public QObject
                                         {QStringLiteral("circle"), d.circle}, {QStringLiteral("arc"), d.arc},
                                         {QStringLiteral("polyline"), d.polyline}, {QStringLiteral("text"), d.text},
                                         {QStringLiteral("mtext"), d.mtext},   {QStringLiteral("insert"), d.insert},
-                                        {QStringLiteral("dimension"), d.dimension}};
+                                        {QStringLiteral("dimension"), d.dimension}, {QStringLiteral("ellipse"), d.ellipse},
+                                        {QStringLiteral("spline"), d.spline}, {QStringLiteral("point"), d.point},
+                                        {QStringLiteral("hatch"), d.hatch}};
     QVector<quint64> result;
     for (const QString& name : which.split(QLatin1Char('+')))
       result << byName.value(name);
@@ -157,13 +230,22 @@ private slots:
     QTest::newRow("circle and arc") << "circle+arc" << QStringList{"Centre", "Radius", "Diameter"};
     QTest::newRow("arc alone") << "arc" << QStringList{"Centre", "Radius", "Diameter", "Start angle", "End angle", "Arc length"};
     QTest::newRow("text and insert") << "text+insert" << QStringList{"Position", "Rotation"};
-    QTest::newRow("both texts") << "text+mtext" << QStringList{"Position", "Rotation", "Contents", "Height"};
-    QTest::newRow("insert") << "insert" << QStringList{"Position", "Rotation", "Scale", "Block"};
-    QTest::newRow("open polyline") << "polyline" << QStringList{"Vertices", "Length", "Closed"};
+    QTest::newRow("both texts") << "text+mtext" << QStringList{"Position", "Rotation", "Style", "Height"};
+    QTest::newRow("text") << "text"
+                          << QStringList{"Position", "Rotation", "Contents", "Style", "Alignment", "Height", "Width factor", "Oblique angle"};
+    QTest::newRow("multi-line text") << "mtext" << QStringList{"Position", "Rotation", "Contents", "Style", "Height"};
+    QTest::newRow("ellipse") << "ellipse" << QStringList{"Centre", "Major axis", "Minor axis", "Ratio", "Start angle", "End angle"};
+    QTest::newRow("arc and ellipse") << "arc+ellipse" << QStringList{"Centre", "Start angle", "End angle"};
+    QTest::newRow("spline") << "spline" << QStringList{"Control points", "Closed", "Degree"};
+    QTest::newRow("polyline and spline") << "polyline+spline" << QStringList{"Closed"};
+    QTest::newRow("point and text") << "point+text" << QStringList{"Position"};
+    QTest::newRow("hatch") << "hatch" << QStringList{"Pattern", "Pattern scale", "Pattern angle", "Solid fill"};
+    QTest::newRow("insert") << "insert" << QStringList{"Position", "Rotation", "Scale", "Block", "Attributes"};
+    QTest::newRow("open polyline") << "polyline" << QStringList{"Vertices", "Number of vertices", "Length", "Closed"};
     QTest::newRow("dimension") << "dimension"
                                << QStringList{"First point", "Second point", "Dimension line", "Measurement", "Dimension text"};
     QTest::newRow("line and circle") << "line1+circle" << QStringList();
-    QTest::newRow("every kind") << "line1+circle+arc+polyline+text+mtext+insert+dimension" << QStringList();
+    QTest::newRow("every kind") << "line1+circle+arc+polyline+text+mtext+insert+dimension+ellipse+spline+point+hatch" << QStringList();
   }
 
   void onlySharedPropertiesShow()
@@ -265,6 +347,24 @@ private slots:
     QTest::newRow("circumference") << "circle" << "Circumference" << PropVariant() << "";
     QTest::newRow("measurement") << "dimension" << "Measurement" << PropVariant() << "";
     QTest::newRow("block") << "insert" << "Block" << PropVariant() << "";
+    QTest::newRow("type") << "line1+circle" << "Type" << PropVariant() << "";
+    QTest::newRow("degree") << "spline" << "Degree" << PropVariant() << "";
+    QTest::newRow("control points") << "spline" << "Control points" << PropVariant() << "";
+    QTest::newRow("number of vertices") << "polyline" << "Number of vertices" << PropVariant() << "";
+    QTest::newRow("width factor zero") << "text" << "Width factor" << real(0) << "The width factor must be greater than zero.";
+    QTest::newRow("oblique too far") << "text" << "Oblique angle" << real(-86) << "The oblique angle must lie between -85° and 85°.";
+    QTest::newRow("ratio zero") << "ellipse" << "Ratio" << real(0) << "The ratio must be greater than zero and at most 1.";
+    QTest::newRow("ratio above one") << "ellipse" << "Ratio" << real(1.5) << "The ratio must be greater than zero and at most 1.";
+    QTest::newRow("minor beyond major") << "ellipse" << "Minor axis" << real(8.5)
+                                        << "The minor axis must be longer than zero and no longer than the major axis.";
+    QTest::newRow("major zero") << "ellipse" << "Major axis" << real(0) << "The major axis must be longer than zero.";
+    QTest::newRow("style the drawing lacks") << "text+mtext" << "Style" << word("Bold") << "Style takes one of the values it lists.";
+    QTest::newRow("alignment not listed") << "text" << "Alignment" << whole(35) << "Alignment takes one of the values it lists.";
+    QTest::newRow("pattern scale zero") << "hatch" << "Pattern scale" << real(0) << "The pattern scale must be greater than zero.";
+    QTest::newRow("unknown pattern") << "hatch" << "Pattern" << word("BRICKS") << "Pattern takes one of the values it lists.";
+    QTest::newRow("solid fill") << "hatch" << "Solid fill" << PropVariant() << "";
+    QTest::newRow("a kind not selected") << "line1" << "Show" << whole(int(EntityKind::Circle) + 1)
+                                         << "Show takes one of the values it lists.";
     QTest::newRow("radius zero") << "circle+arc" << "Radius" << real(0) << "The radius must be greater than zero.";
     QTest::newRow("radius negative") << "circle" << "Radius" << real(-1) << "The radius must be greater than zero.";
     QTest::newRow("diameter zero") << "circle" << "Diameter" << real(0) << "The diameter must be greater than zero.";
@@ -353,6 +453,22 @@ private slots:
     QTest::newRow("start point Y") << "line1+line2" << "Start point" << 1 << real(-4) << "Change Start point";
     QTest::newRow("vertex 2 X") << "polyline" << "Vertices" << 3 << real(9) << "Change Vertices";
     QTest::newRow("locked scale") << "insert" << "Scale" << 0 << scale << "Change Scale";
+    QTest::newRow("major axis") << "ellipse" << "Major axis" << -1 << real(10) << "Change Major axis";
+    QTest::newRow("minor axis") << "ellipse" << "Minor axis" << -1 << real(2) << "Change Minor axis";
+    QTest::newRow("ratio") << "ellipse" << "Ratio" << -1 << real(1) << "Change Ratio";
+    QTest::newRow("end angles") << "arc+ellipse" << "End angle" << -1 << real(180) << "Change End angle";
+    QTest::newRow("spline closed") << "spline" << "Closed" << -1 << PropVariant().setBool(true) << "Change Closed";
+    QTest::newRow("style") << "text+mtext" << "Style" << -1 << word("Notes") << "Change Style";
+    QTest::newRow("alignment") << "text" << "Alignment" << -1 << whole(12) << "Change Alignment";
+    QTest::newRow("width factor") << "text" << "Width factor" << -1 << real(0.8) << "Change Width factor";
+    QTest::newRow("oblique") << "text" << "Oblique angle" << -1 << real(15) << "Change Oblique angle";
+    QTest::newRow("paragraph") << "mtext" << "Contents" << 1 << word(" two ") << "Change Contents";
+    QTest::newRow("new paragraph") << "mtext" << "Contents" << 2 << word("Third") << "Change Contents";
+    QTest::newRow("point Z") << "point" << "Position" << 2 << real(0) << "Change Position";
+    QTest::newRow("attribute") << "insert" << "Attributes" << 1 << word("14 m2") << "Change Attributes";
+    QTest::newRow("pattern") << "hatch" << "Pattern" << -1 << word("SOLID") << "Change Pattern";
+    QTest::newRow("pattern scale") << "hatch" << "Pattern scale" << -1 << real(2.5) << "Change Pattern scale";
+    QTest::newRow("pattern angle") << "hatch" << "Pattern angle" << -1 << real(45) << "Change Pattern angle";
   }
 
   void anEditIsOneUndoStepOverTheSelection()
@@ -389,6 +505,127 @@ private slots:
     QCOMPARE(d.dump(), before);
     d.undo.redo();
     QCOMPARE(d.dump(), after);
+  }
+
+  void valuesShowAsPeopleReadThem_data()
+  {
+    QTest::addColumn<QString>("selection");
+    QTest::addColumn<QString>("item");
+    QTest::addColumn<int>("element");
+    QTest::addColumn<QString>("shown");
+    QTest::newRow("one kind") << "line1+line2" << "Type" << -1 << "Line";
+    QTest::newRow("two kinds") << "line1+circle" << "Type" << -1 << "*varies*";
+    QTest::newRow("filter") << "line1+line2+circle" << "Show" << -1 << "All (3)";
+    QTest::newRow("alignment") << "text" << "Alignment" << -1 << "Left";
+    QTest::newRow("unnamed style") << "text" << "Style" << -1 << "Standard";
+    QTest::newRow("degree") << "spline" << "Degree" << -1 << "3";
+    QTest::newRow("control point") << "spline" << "Control points" << 4 << "2.0000";
+    QTest::newRow("vertices") << "polyline" << "Number of vertices" << -1 << "3";
+    QTest::newRow("major axis") << "ellipse" << "Major axis" << -1 << "8.0000";
+    QTest::newRow("minor axis") << "ellipse" << "Minor axis" << -1 << "4.0000";
+    // The paragraphs apart, never the break's code; an escaped backslash is no break.
+    QTest::newRow("paragraphs") << "mtext" << "Contents" << -1 << "World \u00B6 Second \\\\P end";
+    QTest::newRow("first paragraph") << "mtext" << "Contents" << 0 << "World";
+    QTest::newRow("second paragraph") << "mtext" << "Contents" << 1 << "Second \\\\P end";
+    QTest::newRow("new paragraph") << "mtext" << "Contents" << 2 << "";
+    QTest::newRow("attributes") << "insert" << "Attributes" << -1 << "101, 12 m2";
+    QTest::newRow("attribute") << "insert" << "Attributes" << 1 << "12 m2";
+  }
+
+  void valuesShowAsPeopleReadThem()
+  {
+    QFETCH(QString, selection);
+    QFETCH(QString, item);
+    QFETCH(int, element);
+    QFETCH(QString, shown);
+    Drawing d;
+    DrawingPropertyBag bag(&d.document, &d.undo);
+    bag.setSelection(handles(d, selection));
+    QCOMPARE(shownText(bag, itemNamed(bag, item), element), shown);
+  }
+
+  void theFilterShowsAndEditsOneKind_data()
+  {
+    QTest::addColumn<QString>("selection");
+    QTest::addColumn<QStringList>("entries");
+    QTest::addColumn<int>("chosen");
+    QTest::addColumn<QStringList>("geometry");
+    QTest::newRow("lines and a circle") << "line1+circle+line2" << QStringList{"All (3)", "Line (2)", "Circle (1)"} << 2
+                                        << QStringList{"Centre", "Radius", "Diameter", "Circumference", "Area"};
+    // In the kinds' own order, whatever the selection's.
+    QTest::newRow("four kinds") << "point+spline+ellipse+arc"
+                                << QStringList{"All (4)", "Arc (1)", "Ellipse (1)", "Spline (1)", "Point (1)"} << 3
+                                << QStringList{"Control points", "Closed", "Degree"};
+  }
+
+  void theFilterShowsAndEditsOneKind()
+  {
+    QFETCH(QString, selection);
+    QFETCH(QStringList, entries);
+    QFETCH(int, chosen);
+    QFETCH(QStringList, geometry);
+    // GIVEN a selection of several kinds
+    Drawing d;
+    DrawingPropertyBag bag(&d.document, &d.undo);
+    QVector<bool> rebuilds;
+    bag.setChangeListener([&rebuilds](bool same) { rebuilds << same; });
+    bag.setSelection(handles(d, selection));
+    const int filter = itemNamed(bag, QStringLiteral("Show"));
+    QCOMPARE(filter, 0);
+    QCOMPARE(listedNames(bag, filter), entries);
+    QCOMPARE(shownText(bag, itemNamed(bag, QStringLiteral("Type")), -1), QStringLiteral("*varies*"));
+    // WHEN one kind is chosen THEN the palette is built anew over that kind alone, and the selection stays
+    PropVariant kind;
+    QVERIFY(bag.getListValue(filter, unsigned(chosen), kind));
+    QVERIFY(bag.setValue(filter, kind));
+    QCOMPARE(rebuilds, QVector<bool>{false});
+    QCOMPARE(namesOf(bag), kGeneral + geometry);
+    const QString kindName = entries[chosen].section(QLatin1Char(' '), 0, 0);
+    QCOMPARE(shownText(bag, itemNamed(bag, QStringLiteral("Type")), -1), kindName);
+    QCOMPARE(shownText(bag, filter, -1), entries[chosen]);
+    QCOMPARE(bag.selection(), handles(d, selection));
+    QCOMPARE(d.undo.count(), 0);
+    // WHEN the colour is set THEN only the entities of that kind take it, and the filter stays through the change
+    OdCmColor red;
+    red.setColorIndex(1);
+    QVERIFY(bag.setValue(itemNamed(bag, QStringLiteral("Colour")), propVariantFromColor(red)));
+    int reds = 0;
+    for (quint64 handle : handles(d, selection))
+      reds += d.document.entity(handle)->color.colorIndex() == 1 ? 1 : 0;
+    QCOMPARE(reds, entries[chosen].section(QLatin1Char('('), 1).chopped(1).toInt());
+    QCOMPARE(shownText(bag, filter, -1), entries[chosen]);
+    // WHEN the selection changes THEN every kind shows again
+    bag.setSelection(handles(d, selection));
+    QCOMPARE(shownText(bag, filter, -1), entries.first());
+  }
+
+  void writesThatMoveOtherFields()
+  {
+    Drawing d;
+    DrawingPropertyBag bag(&d.document, &d.undo);
+    bag.setSelection({d.text});
+    QVERIFY(bag.setValue(itemNamed(bag, QStringLiteral("Alignment")), whole(23)));
+    const DrawingEntity* t = d.document.entity(d.text);
+    QCOMPARE(t->horizontalAlignment, 2);
+    QCOMPARE(t->verticalAlignment, 3);
+    QCOMPARE(t->points.size(), std::size_t(2));
+    QVERIFY(t->points[1] == t->points[0]);
+    // A hatch's lines follow its pattern, scale and angle.
+    bag.setSelection({d.hatch});
+    QVERIFY(bag.setValue(itemNamed(bag, QStringLiteral("Pattern")), word("NET")));
+    QVERIFY(bag.setValue(itemNamed(bag, QStringLiteral("Pattern angle")), real(30)));
+    const DrawingEntityDetail& hatch = d.document.entity(d.hatch)->details();
+    QCOMPARE(hatch.patternLines.size(), hatchPatternLines(QStringLiteral("NET"), 1, 30).size());
+    QCOMPARE(hatch.patternLines[0].angle, hatchPatternLines(QStringLiteral("NET"), 1, 30)[0].angle);
+    bag.setSelection({d.mtext});
+    const int contents = itemNamed(bag, QStringLiteral("Contents"));
+    PropKeyArray elements;
+    OdStringArray captions;
+    QCOMPARE(bag.getElements(contents, elements, captions), 3u);
+    QCOMPARE(toQString(captions[2]), QStringLiteral("New paragraph"));
+    QCOMPARE(toQString(captions[1]), QStringLiteral("Paragraph 2"));
+    QVERIFY(bag.setElementValue(contents, 0, word("Hello")));
+    QCOMPARE(d.document.entity(d.mtext)->text, QStringLiteral("Hello\\PSecond \\\\P end"));
   }
 
   void theBagFollowsTheDocument()
@@ -454,6 +691,23 @@ private slots:
     d.undo.undo();
     QTRY_VERIFY(control->isVaries());
     QCOMPARE(cell.data().toString(), QStringLiteral("*VARIES*"));
+
+    // WHEN the filter's combo picks the arcs THEN both forms show the arc alone, the grid's model holding up
+    QAbstractItemModelTester tester(palette.grid()->model(), QAbstractItemModelTester::FailureReportingMode::QtTest);
+    auto* filter = qobject_cast<PropUiQComboBox*>(palette.panel()->controls().value(0).data());
+    QVERIFY(filter);
+    QCOMPARE(filter->comboBox()->accessibleName(), QStringLiteral("Show"));
+    const int arcs = filter->comboBox()->findText(QStringLiteral("Arc (1)"));
+    QVERIFY(arcs > 0);
+    filter->comboBox()->setCurrentIndex(arcs);
+    filter->onActivated(arcs);
+    QTRY_COMPARE(palette.panel()->controls().size(), bag.getItemCount());
+    QCOMPARE(palette.grid()->model()->rowCount(), bag.getItemCount());
+    QVERIFY(bag.findItem(OdString(L"Arc length")) > 0);
+    QCOMPARE(palette.grid()->model()->index(0, 1).data().toString(), QStringLiteral("Arc (1)"));
+    QCOMPARE(palette.grid()->model()->index(1, 1).data().toString(), QStringLiteral("Arc"));
+    // Choosing what to show is no edit of the drawing.
+    QCOMPARE(d.undo.count(), 1);
   }
 };
 
