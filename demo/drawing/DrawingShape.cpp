@@ -473,7 +473,7 @@ private:
     const QFontMetricsF& metrics = fs.metrics;
     const double fontUnit = look.height / fs.capHeight * look.widthFactor;
     const double wrapAt = e.width > 0 && std::isfinite(e.width / fontUnit) ? e.width / fontUnit : 0.0;
-    const QStringList lines = wrappedLines(mtextParagraphs(e.text), metrics, wrapAt);
+    const QStringList lines = wrappedLines(drawnParagraphs(e.text), metrics, wrapAt);
     const DrawingPoint p = pointAt(e, 0);
     QTransform placement;
     placement.translate(p.x, p.y);
@@ -598,7 +598,7 @@ private:
     const QString measured = angular ? QString::number(value, 'f', 0) + QStringLiteral("\u00b0")
                                      : prefix + QString::number(value, 'f', 2).remove(trailingZeros);
     QString shown = e.text.isEmpty() ? measured : QString(e.text).replace(QLatin1String("<>"), measured);
-    shown = mtextParagraphs(shown).join(QLatin1Char(' '));
+    shown = drawnParagraphs(shown).join(QLatin1Char(' '));
     if (textAngle > 90.0 || textAngle <= -90.0)
       textAngle += 180.0;
     QTransform placement;

@@ -35,7 +35,7 @@ QString drawnText(const QString& text)
   return shown;
 }
 
-QStringList mtextParagraphs(const QString& text)
+QStringList drawnParagraphs(const QString& text)
 {
   QStringList paragraphs;
   QString current;

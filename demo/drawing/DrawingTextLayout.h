@@ -14,7 +14,7 @@ QString drawnText(const QString& text);
  * ...) removed as the canvas draws them in one font, stacked fractions as
  * a/b, escaped and Unicode characters as themselves.
  */
-QStringList mtextParagraphs(const QString& text);
+QStringList drawnParagraphs(const QString& text);
 
 /**
  * @p paragraphs broken into lines no wider than @p width (in the units of
