@@ -32,7 +32,7 @@ enum : quint64
   D = 4
 };
 
-void fillDocument(DrawingDocument& document, OdDbObjectId* hiddenLayer = nullptr)
+void fillDocument(DrawingDocument& document, OdDbObjectId* hiddenLayer = nullptr, bool diagonalOnPaper = false)
 {
   OdDbDatabase& db = document.database();
   const OdDbObjectId zero = db.getLayerZeroId();
@@ -40,7 +40,10 @@ void fillDocument(DrawingDocument& document, OdDbObjectId* hiddenLayer = nullptr
   document.addEntity(lineOn(zero, A, {0, 0, 0}, {100, 0, 0}));
   document.addEntity(lineOn(zero, B, {0, 100, 0}, {100, 100, 0}));
   document.addEntity(lineOn(zero, C, {50, 10, 0}, {50, 90, 0}));
-  document.addEntity(lineOn(other, D, {0, 0, 0}, {100, 100, 0}));
+  DrawingEntity diagonal = lineOn(other, D, {0, 0, 0}, {100, 100, 0});
+  // where an entity lies is the file's: a document takes it only with the entity
+  diagonal.paperSpace = diagonalOnPaper;
+  document.addEntity(diagonal);
   if (hiddenLayer)
     *hiddenLayer = other;
 }
@@ -472,16 +475,15 @@ private Q_SLOTS:
     QFETCH(QString, how);
     DrawingDocument document;
     OdDbObjectId layer;
-    fillDocument(document, &layer);
+    fillDocument(document, &layer, how == QLatin1String("paper"));
     if (how == QLatin1String("frozen"))
       document.database().openLayer(layer)->setIsFrozen(true);
     else if (how == QLatin1String("off"))
       document.database().openLayer(layer)->setIsOff(true);
-    else
+    else if (how == QLatin1String("invisible"))
     {
       DrawingEntity d = *document.entity(D);
-      d.visible = how != QLatin1String("invisible");
-      d.paperSpace = how == QLatin1String("paper");
+      d.visible = false;
       document.replaceEntities({d});
     }
     DrawingCanvas canvas(&document);
