@@ -341,16 +341,8 @@
         <translation>Mittelpunkt</translation>
     </message>
     <message>
-        <source>The centre of the circle or arc</source>
-        <translation>Der Mittelpunkt des Kreises oder Bogens</translation>
-    </message>
-    <message>
         <source>Position</source>
         <translation>Position</translation>
-    </message>
-    <message>
-        <source>The insertion point</source>
-        <translation>Der Einfügepunkt</translation>
     </message>
     <message>
         <source>First point</source>
@@ -413,16 +405,8 @@
         <translation>Startwinkel</translation>
     </message>
     <message>
-        <source>Where the arc starts, counter-clockwise from the X axis</source>
-        <translation>Wo der Bogen beginnt, gegen den Uhrzeigersinn von der X-Achse aus</translation>
-    </message>
-    <message>
         <source>End angle</source>
         <translation>Endwinkel</translation>
-    </message>
-    <message>
-        <source>Where the arc ends, counter-clockwise from the X axis</source>
-        <translation>Wo der Bogen endet, gegen den Uhrzeigersinn von der X-Achse aus</translation>
     </message>
     <message>
         <source>Arc length</source>
@@ -564,6 +548,270 @@
         <source>Change %1</source>
         <translation>%1 ändern</translation>
     </message>
+    <message>
+        <source>Left</source>
+        <translation>Links</translation>
+    </message>
+    <message>
+        <source>Right</source>
+        <translation>Rechts</translation>
+    </message>
+    <message>
+        <source>Aligned</source>
+        <translation>Ausgerichtet</translation>
+    </message>
+    <message>
+        <source>Middle</source>
+        <translation>Mitte</translation>
+    </message>
+    <message>
+        <source>Fit</source>
+        <translation>Eingepasst</translation>
+    </message>
+    <message>
+        <source>Top Left</source>
+        <translation>Oben links</translation>
+    </message>
+    <message>
+        <source>Top Centre</source>
+        <translation>Oben zentriert</translation>
+    </message>
+    <message>
+        <source>Top Right</source>
+        <translation>Oben rechts</translation>
+    </message>
+    <message>
+        <source>Middle Left</source>
+        <translation>Mitte links</translation>
+    </message>
+    <message>
+        <source>Middle Centre</source>
+        <translation>Mitte zentriert</translation>
+    </message>
+    <message>
+        <source>Middle Right</source>
+        <translation>Mitte rechts</translation>
+    </message>
+    <message>
+        <source>Bottom Left</source>
+        <translation>Unten links</translation>
+    </message>
+    <message>
+        <source>Bottom Centre</source>
+        <translation>Unten zentriert</translation>
+    </message>
+    <message>
+        <source>Bottom Right</source>
+        <translation>Unten rechts</translation>
+    </message>
+    <message>
+        <source>Hatch</source>
+        <translation>Schraffur</translation>
+    </message>
+    <message>
+        <source>The centre of the circle, arc or ellipse</source>
+        <translation>Der Mittelpunkt des Kreises, Bogens oder der Ellipse</translation>
+    </message>
+    <message>
+        <source>The insertion point, or where the point is</source>
+        <translation>Der Einfügepunkt, oder wo der Punkt liegt</translation>
+    </message>
+    <message>
+        <source>Number of vertices</source>
+        <translation>Anzahl der Scheitelpunkte</translation>
+    </message>
+    <message>
+        <source>How many corners the polyline has</source>
+        <translation>Wie viele Ecken die Polylinie hat</translation>
+    </message>
+    <message>
+        <source>Control points</source>
+        <translation>Kontrollpunkte</translation>
+    </message>
+    <message>
+        <source>The points that pull the spline into shape; pick one by its number</source>
+        <translation>Die Punkte, die den Spline formen; einen nach seiner Nummer wählen</translation>
+    </message>
+    <message>
+        <source>Point %1 %2</source>
+        <translation>Punkt %1 %2</translation>
+    </message>
+    <message>
+        <source>Major axis</source>
+        <translation>Hauptachse</translation>
+    </message>
+    <message>
+        <source>The length of the ellipse&apos;s longer axis, through its centre</source>
+        <translation>Die Länge der längeren Achse der Ellipse, durch ihren Mittelpunkt</translation>
+    </message>
+    <message>
+        <source>The major axis must be longer than zero.</source>
+        <translation>Die Hauptachse muss länger als null sein.</translation>
+    </message>
+    <message>
+        <source>Minor axis</source>
+        <translation>Nebenachse</translation>
+    </message>
+    <message>
+        <source>The length of the ellipse&apos;s shorter axis; it sets the ratio</source>
+        <translation>Die Länge der kürzeren Achse der Ellipse; sie bestimmt das Verhältnis</translation>
+    </message>
+    <message>
+        <source>The minor axis must be longer than zero and no longer than the major axis.</source>
+        <translation>Die Nebenachse muss länger als null und höchstens so lang wie die Hauptachse sein.</translation>
+    </message>
+    <message>
+        <source>Ratio</source>
+        <translation>Verhältnis</translation>
+    </message>
+    <message>
+        <source>The minor axis as a share of the major axis</source>
+        <translation>Die Nebenachse als Anteil der Hauptachse</translation>
+    </message>
+    <message>
+        <source>The ratio must be greater than zero and at most 1.</source>
+        <translation>Das Verhältnis muss größer als null und höchstens 1 sein.</translation>
+    </message>
+    <message>
+        <source>Where the arc starts, counter-clockwise from the X axis; on an ellipse, from its major axis</source>
+        <translation>Wo der Bogen beginnt, gegen den Uhrzeigersinn ab der X-Achse; bei einer Ellipse ab ihrer Hauptachse</translation>
+    </message>
+    <message>
+        <source>Where the arc ends, counter-clockwise from the X axis; on an ellipse, from its major axis</source>
+        <translation>Wo der Bogen endet, gegen den Uhrzeigersinn ab der X-Achse; bei einer Ellipse ab ihrer Hauptachse</translation>
+    </message>
+    <message>
+        <source>Degree</source>
+        <translation>Grad</translation>
+    </message>
+    <message>
+        <source>The degree of the spline&apos;s curve; shown only, as another degree would need other knots</source>
+        <translation>Der Grad der Splinekurve; nur angezeigt, da ein anderer Grad andere Knoten bräuchte</translation>
+    </message>
+    <message>
+        <source>The text shown, a line per paragraph; the last line adds a paragraph</source>
+        <translation>Der angezeigte Text, eine Zeile je Absatz; die letzte Zeile fügt einen Absatz hinzu</translation>
+    </message>
+    <message>
+        <source>Attributes</source>
+        <translation>Attribute</translation>
+    </message>
+    <message>
+        <source>The values the block&apos;s attributes hold, by tag</source>
+        <translation>Die Werte der Attribute des Blocks, nach Bezeichner</translation>
+    </message>
+    <message>
+        <source>Style</source>
+        <translation>Stil</translation>
+    </message>
+    <message>
+        <source>The text style: font and its settings</source>
+        <translation>Der Textstil: Schrift und ihre Einstellungen</translation>
+    </message>
+    <message>
+        <source>Alignment</source>
+        <translation>Ausrichtung</translation>
+    </message>
+    <message>
+        <source>Which point of the text its insertion point is</source>
+        <translation>Welcher Punkt des Textes sein Einfügepunkt ist</translation>
+    </message>
+    <message>
+        <source>Width factor</source>
+        <translation>Breitenfaktor</translation>
+    </message>
+    <message>
+        <source>How wide the letters are, relative to the font</source>
+        <translation>Wie breit die Buchstaben sind, bezogen auf die Schrift</translation>
+    </message>
+    <message>
+        <source>The width factor must be greater than zero.</source>
+        <translation>Der Breitenfaktor muss größer als null sein.</translation>
+    </message>
+    <message>
+        <source>Oblique angle</source>
+        <translation>Neigungswinkel</translation>
+    </message>
+    <message>
+        <source>How far the letters lean, from upright</source>
+        <translation>Wie weit sich die Buchstaben aus der Senkrechten neigen</translation>
+    </message>
+    <message>
+        <source>The oblique angle must lie between -85° and 85°.</source>
+        <translation>Der Neigungswinkel muss zwischen -85° und 85° liegen.</translation>
+    </message>
+    <message>
+        <source>Pattern</source>
+        <translation>Muster</translation>
+    </message>
+    <message>
+        <source>The pattern the hatch is filled with</source>
+        <translation>Das Muster, mit dem die Schraffur gefüllt ist</translation>
+    </message>
+    <message>
+        <source>Pattern scale</source>
+        <translation>Musterskalierung</translation>
+    </message>
+    <message>
+        <source>How large the pattern is drawn</source>
+        <translation>Wie groß das Muster gezeichnet wird</translation>
+    </message>
+    <message>
+        <source>The pattern scale must be greater than zero.</source>
+        <translation>Die Musterskalierung muss größer als null sein.</translation>
+    </message>
+    <message>
+        <source>Pattern angle</source>
+        <translation>Musterwinkel</translation>
+    </message>
+    <message>
+        <source>How far the pattern is turned</source>
+        <translation>Wie weit das Muster gedreht ist</translation>
+    </message>
+    <message>
+        <source>Solid fill</source>
+        <translation>Volle Füllung</translation>
+    </message>
+    <message>
+        <source>Whether the hatch is filled solid; the SOLID pattern fills it, any other pattern does not</source>
+        <translation>Ob die Schraffur voll gefüllt ist; das Muster SOLID füllt sie, jedes andere nicht</translation>
+    </message>
+    <message>
+        <source>Show</source>
+        <translation>Anzeigen</translation>
+    </message>
+    <message>
+        <source>Which of the selected objects the palette shows and edits: all of them, or those of one kind</source>
+        <translation>Welche der gewählten Objekte die Palette zeigt und bearbeitet: alle oder die einer Art</translation>
+    </message>
+    <message>
+        <source>Type</source>
+        <translation>Typ</translation>
+    </message>
+    <message>
+        <source>What kind of object it is</source>
+        <translation>Welche Art Objekt es ist</translation>
+    </message>
+    <message>
+        <source>All (%1)</source>
+        <translation>Alle (%1)</translation>
+    </message>
+    <message>
+        <source>%1 (%2)</source>
+        <translation>%1 (%2)</translation>
+    </message>
+    <message>
+        <source>%1 takes one of the values it lists.</source>
+        <translation>%1 nimmt einen der aufgeführten Werte an.</translation>
+    </message>
+    <message>
+        <source>New paragraph</source>
+        <translation>Neuer Absatz</translation>
+    </message>
+    <message>
+        <source>Paragraph %1</source>
+        <translation>Absatz %1</translation>
+    </message>
 </context>
 <context>
     <name>DxfGroupScanner</name>
@@ -600,137 +848,204 @@
     <name>DxfReader</name>
     <message>
         <source>%1 is a binary DXF file; only text DXF files can be opened.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 ist eine binäre DXF-Datei; nur DXF-Textdateien können geöffnet werden.</translation>
     </message>
     <message>
         <source>%1 is not a DXF drawing.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 ist keine DXF-Zeichnung.</translation>
     </message>
     <message>
         <source>%1 is damaged at line %2: %3.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 ist in Zeile %2 beschädigt: %3.</translation>
     </message>
     <message>
         <source>%1 ends early: the file is incomplete.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 endet zu früh: Die Datei ist unvollständig.</translation>
     </message>
     <message>
         <source>%1 takes more than %2 entities to draw, each block counted as often as it is inserted.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 braucht mehr als %2 Objekte zum Zeichnen, jeder Block so oft gezählt, wie er eingefügt ist.</translation>
     </message>
     <message>
         <source>Cannot open %1: %2</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 kann nicht geöffnet werden: %2</translation>
     </message>
     <message>
         <source>%1 is larger than %2 MB, more than this editor opens.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 ist größer als %2 MB, mehr als dieser Editor öffnet.</translation>
     </message>
     <message>
         <source>Cannot read %1: %2</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 kann nicht gelesen werden: %2</translation>
     </message>
 </context>
 <context>
     <name>DxfWriter</name>
     <message numerus="yes">
         <source>The lineweights of %n entities cannot be kept: %1 files have none.</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Die Linienstärke von %n Objekt kann nicht erhalten bleiben: %1-Dateien haben keine.</numerusform>
+            <numerusform>Die Linienstärken von %n Objekten können nicht erhalten bleiben: %1-Dateien haben keine.</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>The true colours of %n entities cannot be kept: %1 files have palette colours only; the nearest is written.</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Die Echtfarbe von %n Objekt kann nicht erhalten bleiben: %1-Dateien haben nur Palettenfarben; die nächste wird geschrieben.</numerusform>
+            <numerusform>Die Echtfarben von %n Objekten können nicht erhalten bleiben: %1-Dateien haben nur Palettenfarben; die nächste wird geschrieben.</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>%n new entities cannot be written in a %1 file and are left out.</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n neues Objekt kann nicht in eine %1-Datei geschrieben werden und wird weggelassen.</numerusform>
+            <numerusform>%n neue Objekte können nicht in eine %1-Datei geschrieben werden und werden weggelassen.</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>%n polylines keep their old vertices: their count changed, which the file&apos;s polylines cannot take.</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n Polylinie behält ihre alten Scheitelpunkte: Ihre Anzahl hat sich geändert, was die Polylinien der Datei nicht aufnehmen können.</numerusform>
+            <numerusform>%n Polylinien behalten ihre alten Scheitelpunkte: Ihre Anzahl hat sich geändert, was die Polylinien der Datei nicht aufnehmen können.</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>%n hatches keep their old boundaries.</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n Schraffur behält ihre alten Grenzen.</numerusform>
+            <numerusform>%n Schraffuren behalten ihre alten Grenzen.</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>%n inserts keep their old attributes: their count changed.</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n Blockreferenz behält ihre alten Attribute: Ihre Anzahl hat sich geändert.</numerusform>
+            <numerusform>%n Blockreferenzen behalten ihre alten Attribute: Ihre Anzahl hat sich geändert.</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>%n images keep the file they showed.</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n Bild behält die Datei, die es zeigte.</numerusform>
+            <numerusform>%n Bilder behalten die Datei, die sie zeigten.</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>%n dimensions keep their type.</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n Bemaßung behält ihren Typ.</numerusform>
+            <numerusform>%n Bemaßungen behalten ihren Typ.</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>%n entities keep their kind.</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n Objekt behält seine Art.</numerusform>
+            <numerusform>%n Objekte behalten ihre Art.</numerusform>
         </translation>
     </message>
     <message>
         <source>Cannot write %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 kann nicht geschrieben werden.</translation>
     </message>
     <message>
         <source>Cannot replace %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 kann nicht ersetzt werden.</translation>
     </message>
     <message numerus="yes">
         <source>%n entities of kinds this editor does not know cannot be written.</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n Objekt einer Art, die dieser Editor nicht kennt, kann nicht geschrieben werden.</numerusform>
+            <numerusform>%n Objekte von Arten, die dieser Editor nicht kennt, können nicht geschrieben werden.</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>%n images cannot be written.</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n Bild kann nicht geschrieben werden.</numerusform>
+            <numerusform>%n Bilder können nicht geschrieben werden.</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>The attributes of %n inserts cannot be written.</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Die Attribute von %n Blockreferenz können nicht geschrieben werden.</numerusform>
+            <numerusform>Die Attribute von %n Blockreferenzen können nicht geschrieben werden.</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>The oblique angle of %n texts cannot be written.</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Der Neigungswinkel von %n Text kann nicht geschrieben werden.</numerusform>
+            <numerusform>Der Neigungswinkel von %n Texten kann nicht geschrieben werden.</numerusform>
         </translation>
+    </message>
+</context>
+<context>
+    <name>EntityKindName</name>
+    <message>
+        <source>Line</source>
+        <translation>Linie</translation>
+    </message>
+    <message>
+        <source>Circle</source>
+        <translation>Kreis</translation>
+    </message>
+    <message>
+        <source>Arc</source>
+        <translation>Bogen</translation>
+    </message>
+    <message>
+        <source>Polyline</source>
+        <translation>Polylinie</translation>
+    </message>
+    <message>
+        <source>Text</source>
+        <translation>Text</translation>
+    </message>
+    <message>
+        <source>Multiline Text</source>
+        <translation>Absatztext</translation>
+    </message>
+    <message>
+        <source>Block Reference</source>
+        <translation>Blockreferenz</translation>
+    </message>
+    <message>
+        <source>Dimension</source>
+        <translation>Bemaßung</translation>
+    </message>
+    <message>
+        <source>Ellipse</source>
+        <translation>Ellipse</translation>
+    </message>
+    <message>
+        <source>Spline</source>
+        <translation>Spline</translation>
+    </message>
+    <message>
+        <source>Hatch</source>
+        <translation>Schraffur</translation>
+    </message>
+    <message>
+        <source>Point</source>
+        <translation>Punkt</translation>
+    </message>
+    <message>
+        <source>Solid</source>
+        <translation>Füllfläche</translation>
+    </message>
+    <message>
+        <source>Trace</source>
+        <translation>Band</translation>
+    </message>
+    <message>
+        <source>Image</source>
+        <translation>Bild</translation>
+    </message>
+    <message>
+        <source>Other</source>
+        <translation>Sonstiges</translation>
     </message>
 </context>
 <context>
@@ -769,6 +1084,10 @@
     <message>
         <source>%1 objects selected</source>
         <translation>%1 Objekte ausgewählt</translation>
+    </message>
+    <message>
+        <source>%1 objects selected, %2 shown</source>
+        <translation>%1 Objekte gewählt, %2 angezeigt</translation>
     </message>
 </context>
 <context>
@@ -1346,27 +1665,27 @@
     <name>SampleDrawing</name>
     <message>
         <source>NOTES:\P1. Break all sharp edges 0.5 x 45°.\P2. Material S235JR, 12 mm plate.</source>
-        <translation type="unfinished"></translation>
+        <translation>HINWEISE:\P1. Alle scharfen Kanten 0,5 x 45° brechen.\P2. Werkstoff S235JR, Blech 12 mm.</translation>
     </message>
     <message>
         <source>FLANGE PLATE</source>
-        <translation type="unfinished"></translation>
+        <translation>FLANSCHPLATTE</translation>
     </message>
     <message>
         <source>PW-0042</source>
-        <translation type="unfinished"></translation>
+        <translation>PW-0042</translation>
     </message>
     <message>
         <source>1:1</source>
-        <translation type="unfinished"></translation>
+        <translation>1:1</translation>
     </message>
     <message>
         <source>SIDE VIEW</source>
-        <translation type="unfinished"></translation>
+        <translation>SEITENANSICHT</translation>
     </message>
     <message>
         <source>Check the keyway against the shaft.</source>
-        <translation type="unfinished"></translation>
+        <translation>Passfedernut gegen die Welle prüfen.</translation>
     </message>
 </context>
 <context>
