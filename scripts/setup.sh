@@ -5,7 +5,7 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 
 packages=(cmake ninja-build g++ qtbase5-dev qtbase5-dev-tools qttools5-dev qttools5-dev-tools libqt5test5 fonts-dejavu-core
-  pkg-config libdxflib-dev libmuparser-dev librecad-data qttranslations5-l10n)
+  pkg-config libdxflib-dev libmuparser-dev librecad-data qttranslations5-l10n python3-ezdxf)
 ./scripts/install-packages.sh "${packages[@]}"
 
 build=build

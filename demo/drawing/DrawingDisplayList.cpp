@@ -6,6 +6,7 @@
 #include <QPainter>
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <map>
 
 namespace
@@ -19,6 +20,62 @@ constexpr std::size_t kRebuildShare = 16;
 constexpr double kSmallPixels = 12.0;
 // Room around what is painted for pens wider than the entity's box (a highlight's glow), in pixels.
 constexpr double kPenRoom = 8.0;
+
+/**
+ * Draws a line, circle, arc or polyline of a few pixels straight from its
+ * numbers, in the current pen: at that size its linetype, lineweight and
+ * bulges do not show, and a drawing seen whole has hundreds of thousands of
+ * them, whose shapes would take seconds to build. False for other kinds.
+ */
+bool sketch(QPainter* painter, const DrawingEntity& e)
+{
+  // the scene's Y axis points down, the drawing's up
+  const auto at = [&e](std::size_t i) { return QPointF(e.points[i].x, -e.points[i].y); };
+  switch (e.kind)
+  {
+  case EntityKind::Line:
+    if (e.points.size() < 2)
+      return false;
+    painter->drawLine(at(0), at(1));
+    return true;
+  case EntityKind::Circle:
+  case EntityKind::Arc:
+  {
+    if (e.points.empty())
+      return false;
+    const QRectF box(at(0) - QPointF(e.radius, e.radius), QSizeF(2 * e.radius, 2 * e.radius));
+    if (e.kind == EntityKind::Circle)
+    {
+      painter->drawEllipse(box);
+      return true;
+    }
+    double sweep = std::fmod(e.endAngle - e.startAngle, 360.0);
+    if (sweep <= 0)
+      sweep += 360.0;
+    // seen with the scene's Y down, the drawing's counter-clockwise turns stay counter-clockwise on screen
+    painter->drawArc(box, int(std::lround(std::fmod(e.startAngle, 360.0) * 16)), int(std::lround(sweep * 16)));
+    return true;
+  }
+  case EntityKind::Polyline:
+  {
+    const std::size_t n = e.points.size();
+    if (n < 2)
+      return false;
+    QPointF corners[64];
+    if (n > std::size(corners))
+      return false;
+    for (std::size_t i = 0; i < n; ++i)
+      corners[i] = at(i);
+    if (e.closed)
+      painter->drawPolygon(corners, int(n));
+    else
+      painter->drawPolyline(corners, int(n));
+    return true;
+  }
+  default:
+    return false;
+  }
+}
 
 bool isFinite(const DrawingBox& b)
 {
@@ -384,9 +441,29 @@ void DrawingDisplayList::paint(QPainter* painter, const DrawingBox& area, double
   };
   const bool antialiased = painter->testRenderHint(QPainter::Antialiasing);
   painter->setRenderHint(QPainter::Antialiasing, false);
+  const std::vector<DrawingEntity>& entities = m_document->entities();
+  QRgb penColor = 0;
+  bool penSet = false;
+  painter->setBrush(Qt::NoBrush);
   for (std::uint32_t id : m_drawn)
-    if (small(id))
-      shapeOf(id).paint(painter, lod, id < selected.size() && selected[id]);
+  {
+    if (!small(id))
+      continue;
+    const bool on = id < selected.size() && selected[id];
+    const QRgb color = on ? highlight : (m_colors[id] | 0xff000000u);
+    if (!penSet || color != penColor)
+    {
+      painter->setPen(QPen(QColor::fromRgba(color), 0));
+      penColor = color;
+      penSet = true;
+    }
+    if (!sketch(painter, entities[id]))
+    {
+      shapeOf(id).paint(painter, lod, on);
+      penSet = false;
+      painter->setBrush(Qt::NoBrush);
+    }
+  }
   painter->setRenderHint(QPainter::Antialiasing, antialiased);
   for (std::uint32_t id : m_drawn)
     if (!small(id))
