@@ -125,6 +125,8 @@ public:
 
   bool sawSection = false;
   bool sawEnd = false;
+  /** The line of a second section of entities, which no drawing has; 0 when there is none. */
+  int secondEntitiesLine = 0;
   int skipped = 0;
 
   void read(DxfGroupScanner& scanner)
@@ -144,7 +146,8 @@ public:
     bool skippingBlock = false;
     while (records.next(record))
     {
-      const DxfGroup& head = record.front();
+      // a copy: completing a record appends to it, which may move its groups
+      const DxfGroup head = record.front();
       if (head.code != 0)
         continue; // comments before the first section
       if (head.value == "SECTION")
@@ -155,7 +158,15 @@ public:
         if (section == "HEADER")
           readHeader(record, source);
         else if (section == "ENTITIES")
+        {
+          // a save writes the model space back in one place, where the file had it
+          if (source.entitiesBegin >= 0)
+          {
+            secondEntitiesLine = head.line;
+            break;
+          }
           source.entitiesBegin = source.entitiesEnd = record.back().end;
+        }
         else if (section == "OBJECTS" && source.entitiesPlace < 0)
           source.entitiesPlace = head.begin;
         continue;
@@ -519,6 +530,9 @@ bool read(const QByteArray& data, const QString& shown, const QString& path, Dra
     return fail(error,
                 DxfReaderTexts::tr("%1 is damaged at line %2: %3.").arg(shown, QString::number(scanner.line()), scanner.fault()));
   }
+  if (builder.secondEntitiesLine > 0)
+    return fail(error, DxfReaderTexts::tr("%1 is damaged at line %2: a second section of entities.")
+                           .arg(shown, QString::number(builder.secondEntitiesLine)));
   if (!builder.sawSection)
     return fail(error, DxfReaderTexts::tr("%1 is not a DXF drawing.").arg(shown));
   if (!builder.sawEnd)
