@@ -429,7 +429,7 @@ void DxfEntityDecoder::decode(const std::vector<DxfGroup>& record, DrawingEntity
   int trueColor = -1;
   // A damaged record may repeat a common group; the first is the one a save changes, so it is the one read.
   unsigned int seen = 0;
-  const auto first = [&seen](unsigned int bit) {
+  const auto firstTime = [&seen](unsigned int bit) {
     const bool was = seen & (1u << bit);
     seen |= 1u << bit;
     return !was;
@@ -440,39 +440,39 @@ void DxfEntityDecoder::decode(const std::vector<DxfGroup>& record, DrawingEntity
     switch (g.code)
     {
     case 5:
-      if (first(0))
+      if (firstTime(0))
         e.handle = handleOf(g.value);
       break;
     case 8:
-      if (first(1))
+      if (firstTime(1))
         names.layer = g.value;
       break;
     case 6:
-      if (first(2))
+      if (firstTime(2))
         names.linetype = g.value;
       break;
     case 62:
-      if (first(3))
+      if (firstTime(3))
         color = g.integer();
       break;
     case 420:
-      if (first(4))
+      if (firstTime(4))
         trueColor = g.integer();
       break;
     case 370:
-      if (first(5) && OdDb::isLineWeight(g.integer()))
+      if (firstTime(5) && OdDb::isLineWeight(g.integer()))
         e.lineWeight = OdDb::LineWeight(g.integer());
       break;
     case 48:
-      if (first(6) && g.number > 0)
+      if (firstTime(6) && g.number > 0)
         e.linetypeScale = g.number;
       break;
     case 60:
-      if (first(7))
+      if (firstTime(7))
         e.visible = g.integer() == 0;
       break;
     case 67:
-      if (first(8))
+      if (firstTime(8))
         e.paperSpace = g.integer() != 0;
       break;
     default:
