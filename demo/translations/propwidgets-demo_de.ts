@@ -1087,7 +1087,7 @@
     </message>
     <message>
         <source>%1 objects selected, %2 shown</source>
-        <translation>%1 Objekte gewählt, %2 angezeigt</translation>
+        <translation>%1 Objekte ausgewählt, %2 angezeigt</translation>
     </message>
 </context>
 <context>
