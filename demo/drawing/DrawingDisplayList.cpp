@@ -97,35 +97,6 @@ QRgb resolve(const OdCmColor& color, const OdDbLayerTableRecord* layer, QRgb ink
   return QColor::fromRgb(OdCmEntityColor::lookUpRGB(OdUInt8(index))).rgb();
 }
 
-/** Whether the segment from @p a to @p b meets @p area. */
-bool segmentMeets(const QPointF& a, const QPointF& b, const DrawingBox& area)
-{
-  double t0 = 0.0;
-  double t1 = 1.0;
-  const double starts[2] = {a.x(), a.y()};
-  const double deltas[2] = {b.x() - a.x(), b.y() - a.y()};
-  const double lows[2] = {area.left, area.top};
-  const double highs[2] = {area.right, area.bottom};
-  for (int axis = 0; axis < 2; ++axis)
-  {
-    if (deltas[axis] == 0)
-    {
-      if (starts[axis] < lows[axis] || starts[axis] > highs[axis])
-        return false;
-      continue;
-    }
-    double enter = (lows[axis] - starts[axis]) / deltas[axis];
-    double leave = (highs[axis] - starts[axis]) / deltas[axis];
-    if (enter > leave)
-      std::swap(enter, leave);
-    t0 = std::max(t0, enter);
-    t1 = std::min(t1, leave);
-    if (t0 > t1)
-      return false;
-  }
-  return true;
-}
-
 double distanceToSegment(const QPointF& a, const QPointF& b, const QPointF& p)
 {
   const QPointF d = b - a;
@@ -323,7 +294,7 @@ bool DrawingDisplayList::shapePassesThrough(std::size_t position, const DrawingB
   const DrawingShape& shape = shapeOf(position);
   for (const QPolygonF& polygon : shape.outline().toSubpathPolygons())
     for (int i = 0; i < polygon.size(); ++i)
-      if (segmentMeets(polygon[i], polygon[std::max(i - 1, 0)], area))
+      if (DrawingEntityCurves::segmentMeets(polygon[i], polygon[std::max(i - 1, 0)], area))
         return true;
   // an area inside a text's box or a filled shape, away from its edges
   const QPointF middle((area.left + area.right) / 2, (area.top + area.bottom) / 2);

@@ -121,34 +121,6 @@ bool inside(const DrawingBox& area, const QPointF& p)
   return area.left <= p.x() && p.x() <= area.right && area.top <= p.y() && p.y() <= area.bottom;
 }
 
-/** Whether the segment from @p a to @p b meets @p area: it is cut to the area's slabs one axis at a time. */
-bool segmentMeets(const QPointF& a, const QPointF& b, const DrawingBox& area)
-{
-  double t0 = 0.0;
-  double t1 = 1.0;
-  const double starts[2] = {a.x(), a.y()};
-  const double deltas[2] = {b.x() - a.x(), b.y() - a.y()};
-  const double lows[2] = {area.left, area.top};
-  const double highs[2] = {area.right, area.bottom};
-  for (int axis = 0; axis < 2; ++axis)
-  {
-    if (deltas[axis] == 0)
-    {
-      if (starts[axis] < lows[axis] || starts[axis] > highs[axis])
-        return false;
-      continue;
-    }
-    double enter = (lows[axis] - starts[axis]) / deltas[axis];
-    double leave = (highs[axis] - starts[axis]) / deltas[axis];
-    if (enter > leave)
-      std::swap(enter, leave);
-    t0 = std::max(t0, enter);
-    t1 = std::min(t1, leave);
-    if (t0 > t1)
-      return false;
-  }
-  return true;
-}
 
 /** Whether the arc meets @p area: an end lies in it, or the arc crosses one of its edges. */
 bool arcMeets(const Piece& p, const DrawingBox& area)
@@ -248,4 +220,33 @@ bool DrawingEntityCurves::passesThrough(const DrawingEntity& entity, const Drawi
       meets = p.arc ? arcMeets(p, area) : segmentMeets(p.from, p.to, area);
   });
   return meets;
+}
+
+// the segment is cut to the area's slabs one axis at a time
+bool DrawingEntityCurves::segmentMeets(const QPointF& a, const QPointF& b, const DrawingBox& area)
+{
+  double t0 = 0.0;
+  double t1 = 1.0;
+  const double starts[2] = {a.x(), a.y()};
+  const double deltas[2] = {b.x() - a.x(), b.y() - a.y()};
+  const double lows[2] = {area.left, area.top};
+  const double highs[2] = {area.right, area.bottom};
+  for (int axis = 0; axis < 2; ++axis)
+  {
+    if (deltas[axis] == 0)
+    {
+      if (starts[axis] < lows[axis] || starts[axis] > highs[axis])
+        return false;
+      continue;
+    }
+    double enter = (lows[axis] - starts[axis]) / deltas[axis];
+    double leave = (highs[axis] - starts[axis]) / deltas[axis];
+    if (enter > leave)
+      std::swap(enter, leave);
+    t0 = std::max(t0, enter);
+    t1 = std::min(t1, leave);
+    if (t0 > t1)
+      return false;
+  }
+  return true;
 }

@@ -25,4 +25,6 @@ public:
   static double distance(const DrawingEntity& entity, const QPointF& point);
   /** Whether some point of the outline lies in @p area (edges included). */
   static bool passesThrough(const DrawingEntity& entity, const DrawingBox& area);
+  /** Whether the segment from @p a to @p b meets @p area. */
+  static bool segmentMeets(const QPointF& a, const QPointF& b, const DrawingBox& area);
 };
