@@ -878,6 +878,10 @@
         <source>Cannot read %1: %2</source>
         <translation>%1 kann nicht gelesen werden: %2</translation>
     </message>
+    <message>
+        <source>%1 is damaged at line %2: a second section of entities.</source>
+        <translation>%1 ist in Zeile %2 beschädigt: ein zweiter Abschnitt mit Objekten.</translation>
+    </message>
 </context>
 <context>
     <name>DxfWriter</name>
@@ -1829,6 +1833,26 @@
     <message>
         <source>Other...</source>
         <translation>Andere...</translation>
+    </message>
+    <message>
+        <source>ByLayer</source>
+        <translation>VonLayer</translation>
+    </message>
+    <message>
+        <source>ByBlock</source>
+        <translation>VonBlock</translation>
+    </message>
+    <message>
+        <source>Colour %1</source>
+        <translation>Farbe %1</translation>
+    </message>
+    <message>
+        <source>Default</source>
+        <translation>Vorgabe</translation>
+    </message>
+    <message>
+        <source>%1 mm</source>
+        <translation>%1 mm</translation>
     </message>
 </context>
 <context>

@@ -56,13 +56,12 @@ void QHostLineWeightListModel::setDefaultWeight(OdDb::LineWeight weight)
 
 QString QHostLineWeightListModel::weightText(OdDb::LineWeight weight)
 {
-  const char* const context = "host_qt_ui";
   switch (weight)
   {
-  case OdDb::kLnWtByLayer: return QCoreApplication::translate(context, "ByLayer");
-  case OdDb::kLnWtByBlock: return QCoreApplication::translate(context, "ByBlock");
-  case OdDb::kLnWtByLwDefault: return QCoreApplication::translate(context, "Default");
-  default: return QCoreApplication::translate(context, "%1 mm").arg(weight / 100.0, 0, 'f', 2);
+  case OdDb::kLnWtByLayer: return QCoreApplication::translate("host_qt_ui", "ByLayer");
+  case OdDb::kLnWtByBlock: return QCoreApplication::translate("host_qt_ui", "ByBlock");
+  case OdDb::kLnWtByLwDefault: return QCoreApplication::translate("host_qt_ui", "Default");
+  default: return QCoreApplication::translate("host_qt_ui", "%1 mm").arg(weight / 100.0, 0, 'f', 2);
   }
 }
 

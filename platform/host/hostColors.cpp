@@ -50,11 +50,10 @@ QColor hostQtColor(const OdCmColor& color)
 
 QString hostQtColorName(const OdCmColor& color)
 {
-  const char* const context = "host_qt_ui";
   if (color.isByLayer())
-    return QCoreApplication::translate(context, "ByLayer");
+    return QCoreApplication::translate("host_qt_ui", "ByLayer");
   if (color.isByBlock())
-    return QCoreApplication::translate(context, "ByBlock");
+    return QCoreApplication::translate("host_qt_ui", "ByBlock");
   if (color.isByACI())
   {
     static const char* const standard[] = {QT_TRANSLATE_NOOP("host_qt_ui", "Red"),
@@ -66,8 +65,8 @@ QString hostQtColorName(const OdCmColor& color)
                                            QT_TRANSLATE_NOOP("host_qt_ui", "White")};
     const int index = color.colorIndex();
     if (index >= 1 && index <= 7)
-      return QCoreApplication::translate(context, standard[index - 1]);
-    return QCoreApplication::translate(context, "Colour %1").arg(index);
+      return QCoreApplication::translate("host_qt_ui", standard[index - 1]);
+    return QCoreApplication::translate("host_qt_ui", "Colour %1").arg(index);
   }
   if (!color.colorName().isEmpty())
     return toQString(color.colorName());
