@@ -97,15 +97,6 @@ QRgb resolve(const OdCmColor& color, const OdDbLayerTableRecord* layer, QRgb ink
   return QColor::fromRgb(OdCmEntityColor::lookUpRGB(OdUInt8(index))).rgb();
 }
 
-double distanceToSegment(const QPointF& a, const QPointF& b, const QPointF& p)
-{
-  const QPointF d = b - a;
-  const double length2 = QPointF::dotProduct(d, d);
-  const double t = length2 > 0 ? std::clamp(QPointF::dotProduct(p - a, d) / length2, 0.0, 1.0) : 0.0;
-  const QPointF nearest = a + d * t;
-  return std::hypot(p.x() - nearest.x(), p.y() - nearest.y());
-}
-
 } // namespace
 
 void DrawingDisplayList::clear()
@@ -312,7 +303,7 @@ double DrawingDisplayList::shapeDistance(std::size_t position, const QPointF& po
   double nearest = tolerance;
   for (const QPolygonF& polygon : shape.outline().toSubpathPolygons())
     for (int i = 0; i < polygon.size(); ++i)
-      nearest = std::min(nearest, distanceToSegment(polygon[i], polygon[std::max(i - 1, 0)], point));
+      nearest = std::min(nearest, DrawingEntityCurves::distanceToSegment(polygon[i], polygon[std::max(i - 1, 0)], point));
   return nearest;
 }
 

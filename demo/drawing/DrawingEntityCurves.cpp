@@ -107,15 +107,6 @@ bool onArc(const Piece& p, double angle)
   return d <= p.sweep + 1e-12;
 }
 
-double distanceToSegment(const QPointF& a, const QPointF& b, const QPointF& p)
-{
-  const QPointF d = b - a;
-  const double length2 = QPointF::dotProduct(d, d);
-  const double t = length2 > 0 ? std::clamp(QPointF::dotProduct(p - a, d) / length2, 0.0, 1.0) : 0.0;
-  const QPointF nearest = a + d * t;
-  return std::hypot(p.x() - nearest.x(), p.y() - nearest.y());
-}
-
 bool inside(const DrawingBox& area, const QPointF& p)
 {
   return area.left <= p.x() && p.x() <= area.right && area.top <= p.y() && p.y() <= area.bottom;
@@ -249,4 +240,13 @@ bool DrawingEntityCurves::segmentMeets(const QPointF& a, const QPointF& b, const
       return false;
   }
   return true;
+}
+
+double DrawingEntityCurves::distanceToSegment(const QPointF& a, const QPointF& b, const QPointF& p)
+{
+  const QPointF d = b - a;
+  const double length2 = QPointF::dotProduct(d, d);
+  const double t = length2 > 0 ? std::clamp(QPointF::dotProduct(p - a, d) / length2, 0.0, 1.0) : 0.0;
+  const QPointF nearest = a + d * t;
+  return std::hypot(p.x() - nearest.x(), p.y() - nearest.y());
 }

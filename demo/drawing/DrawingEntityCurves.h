@@ -25,6 +25,8 @@ public:
   static double distance(const DrawingEntity& entity, const QPointF& point);
   /** Whether some point of the outline lies in @p area (edges included). */
   static bool passesThrough(const DrawingEntity& entity, const DrawingBox& area);
+  /** How far @p p lies from the segment from @p a to @p b. */
+  static double distanceToSegment(const QPointF& a, const QPointF& b, const QPointF& p);
   /** Whether the segment from @p a to @p b meets @p area. */
   static bool segmentMeets(const QPointF& a, const QPointF& b, const DrawingBox& area);
 };
