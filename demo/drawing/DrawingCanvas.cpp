@@ -193,7 +193,9 @@ void DrawingCanvas::applyTheme()
 
 void DrawingCanvas::repaintDrawing()
 {
-  resetCachedContent();
+  // Painted again into the view's picture of the background: resetting the cache would
+  // make the picture anew, and fresh megabytes cost more than the paint of a selection.
+  invalidateScene(mapToScene(viewport()->rect()).boundingRect(), QGraphicsScene::BackgroundLayer);
   viewport()->update();
 }
 

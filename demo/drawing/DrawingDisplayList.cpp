@@ -2,6 +2,7 @@
 
 #include "DrawingDocument.h"
 #include "DrawingEntityCurves.h"
+#include "DrawingPixelSketch.h"
 #include "OdDbLayerTableRecord.h"
 #include <QPainter>
 #include <algorithm>
@@ -20,62 +21,6 @@ constexpr std::size_t kRebuildShare = 16;
 constexpr double kSmallPixels = 12.0;
 // Room around what is painted for pens wider than the entity's box (a highlight's glow), in pixels.
 constexpr double kPenRoom = 8.0;
-
-/**
- * Draws a line, circle, arc or polyline of a few pixels straight from its
- * numbers, in the current pen: at that size its linetype, lineweight and
- * bulges do not show, and a drawing seen whole has hundreds of thousands of
- * them, whose shapes would take seconds to build. False for other kinds.
- */
-bool sketch(QPainter* painter, const DrawingEntity& e)
-{
-  // the scene's Y axis points down, the drawing's up
-  const auto at = [&e](std::size_t i) { return QPointF(e.points[i].x, -e.points[i].y); };
-  switch (e.kind)
-  {
-  case EntityKind::Line:
-    if (e.points.size() < 2)
-      return false;
-    painter->drawLine(at(0), at(1));
-    return true;
-  case EntityKind::Circle:
-  case EntityKind::Arc:
-  {
-    if (e.points.empty())
-      return false;
-    const QRectF box(at(0) - QPointF(e.radius, e.radius), QSizeF(2 * e.radius, 2 * e.radius));
-    if (e.kind == EntityKind::Circle)
-    {
-      painter->drawEllipse(box);
-      return true;
-    }
-    double sweep = std::fmod(e.endAngle - e.startAngle, 360.0);
-    if (sweep <= 0)
-      sweep += 360.0;
-    // seen with the scene's Y down, the drawing's counter-clockwise turns stay counter-clockwise on screen
-    painter->drawArc(box, int(std::lround(std::fmod(e.startAngle, 360.0) * 16)), int(std::lround(sweep * 16)));
-    return true;
-  }
-  case EntityKind::Polyline:
-  {
-    const std::size_t n = e.points.size();
-    if (n < 2)
-      return false;
-    QPointF corners[64];
-    if (n > std::size(corners))
-      return false;
-    for (std::size_t i = 0; i < n; ++i)
-      corners[i] = at(i);
-    if (e.closed)
-      painter->drawPolygon(corners, int(n));
-    else
-      painter->drawPolyline(corners, int(n));
-    return true;
-  }
-  default:
-    return false;
-  }
-}
 
 bool isFinite(const DrawingBox& b)
 {
@@ -110,7 +55,8 @@ void DrawingDisplayList::clear()
   m_shapes.clear();
   m_freeSlots.clear();
   m_dotImage = QImage();
-  m_drawn.clear();
+  m_marks = Marks();
+  ++m_generation;
   m_lastLayerKnown = false;
 }
 
@@ -137,6 +83,7 @@ void DrawingDisplayList::update(const std::vector<std::size_t>& positions)
     return;
   if (m_document->entities().size() != m_bounds.size())
     return rebuild(m_document, m_look);
+  ++m_generation;
   // a layer may have been switched off or recoloured since
   m_lastLayerKnown = false;
   const bool many = positions.size() > m_bounds.size() / kRebuildShare;
@@ -150,11 +97,10 @@ void DrawingDisplayList::update(const std::vector<std::size_t>& positions)
     workOut(position);
     const DrawingBox& after = m_bounds[position];
     // a change of colour or layer leaves the box where it was, and the tree as it is
-    if (!after.isValid() || (before.left == after.left && before.top == after.top && before.right == after.right
-                             && before.bottom == after.bottom))
+    if (before.left == after.left && before.top == after.top && before.right == after.right && before.bottom == after.bottom)
       continue;
-    // an entity hidden when the tree was built is not in it
-    if (many || !m_index.contains(std::uint32_t(position)))
+    // an entity hidden when the tree was built is not in it, and one hidden since leaves it, so that a paint need not ask
+    if (many || !after.isValid() || !m_index.contains(std::uint32_t(position)))
       rebuildIndex = true;
     else
       m_index.update(std::uint32_t(position), after);
@@ -334,59 +280,31 @@ void DrawingDisplayList::paint(QPainter* painter, const DrawingBox& area, double
   if (!m_document || !(lod > 0) || m_document->entities().size() != m_bounds.size() || !area.isValid())
     return;
   ++m_frame;
-  const double room = kPenRoom / lod;
-  const DrawingBox wider{area.left - room, area.top - room, area.right + room, area.bottom + room};
-
-  // Dots go straight into an image in the device's pixels: a million of them through
-  // QPainter::drawPoints take a frame of their own. The image covers the area painted.
+  // Dots and sketches go straight into an image in the device's pixels: a million of them
+  // through QPainter take a frame of their own. The image covers the area painted.
   // The painter's own chain (world, view, pixel ratio, a widget's place in its window)
   // differs between a widget, a view's background picture and an image: ask it whole.
   const QTransform toPixels = painter->deviceTransform();
-  const double ratio = std::max(1.0, std::sqrt(std::abs(toPixels.determinant())) / lod);
-  QRect pixels = toPixels.mapRect(area.toRect()).toAlignedRect().adjusted(-1, -1, 1, 1);
-  pixels &= QRect(pixels.topLeft(), QSize(8192, 8192));
-  if (m_dotImage.size() != pixels.size())
-    m_dotImage = QImage(pixels.size(), QImage::Format_ARGB32_Premultiplied);
-  m_dotImage.fill(Qt::transparent);
-  QRgb* dots = reinterpret_cast<QRgb*>(m_dotImage.bits());
-  const qsizetype stride = m_dotImage.bytesPerLine() / qsizetype(sizeof(QRgb));
-  const int dotPixels = std::max(1, int(std::lround(ratio)));
-  const double m11 = toPixels.m11(), m12 = toPixels.m12(), m21 = toPixels.m21(), m22 = toPixels.m22();
-  const double dx = toPixels.dx() - pixels.left(), dy = toPixels.dy() - pixels.top();
-  const int width = pixels.width() - dotPixels;
-  const int height = pixels.height() - dotPixels;
-  const QRgb highlight = m_look.highlight.rgb() | 0xff000000u;
-  const double dotSize = kDotPixels / lod;
-  bool anyDot = false;
-
-  m_drawn.clear();
-  m_index.query(wider, [&](std::uint32_t id, const DrawingBox& box) {
-    if (!m_bounds[id].isValid())
-      return;
-    if (box.right - box.left >= dotSize || box.bottom - box.top >= dotSize)
-    {
-      m_drawn.push_back(id);
-      return;
-    }
-    const double cx = (box.left + box.right) / 2;
-    const double cy = (box.top + box.bottom) / 2;
-    const double fx = m11 * cx + m21 * cy + dx;
-    const double fy = m12 * cx + m22 * cy + dy;
-    if (!(fx >= 0 && fy >= 0 && fx < width && fy < height))
-      return;
-    const QRgb color = id < selected.size() && selected[id] ? highlight : (m_colors[id] | 0xff000000u);
-    QRgb* at = dots + qsizetype(fy) * stride + qsizetype(fx);
-    for (int row = 0; row < dotPixels; ++row, at += stride)
-      for (int column = 0; column < dotPixels; ++column)
-        at[column] = color;
-    anyDot = true;
-  });
-
-  if (anyDot)
+  const QRect pixels = toPixels.mapRect(area.toRect()).toAlignedRect().adjusted(-1, -1, 1, 1);
+  // A new selection over the same view and drawing only colours the marks again:
+  // selecting everything in a million entities must not walk them.
+  if (m_marks.generation != m_generation || !m_marks.pixels.contains(pixels) || m_marks.toPixels != toPixels || m_marks.lod != lod)
   {
+    // Marked a little wider, on a coarse grid, so that the same view asked again with its
+    // edges rounded another way finds its marks.
+    constexpr int kGrid = 32;
+    const auto down = [](int v) { return v >= 0 ? v / kGrid * kGrid : -((-v + kGrid - 1) / kGrid * kGrid); };
+    QRect marked(QPoint(down(pixels.left()), down(pixels.top())),
+                 QPoint(down(pixels.right()) + kGrid - 1, down(pixels.bottom()) + kGrid - 1));
+    marked &= QRect(marked.topLeft(), QSize(8192, 8192));
+    mark(DrawingBox::of(toPixels.inverted().mapRect(QRectF(marked))), lod, toPixels, marked);
+  }
+  if (m_marks.any)
+  {
+    colourMarks(selected);
     // a world transform that takes the image's pixels to the device's, one to one
     painter->save();
-    painter->setWorldTransform(QTransform::fromTranslate(pixels.left(), pixels.top()) * toPixels.inverted()
+    painter->setWorldTransform(QTransform::fromTranslate(m_marks.pixels.left(), m_marks.pixels.top()) * toPixels.inverted()
                                * painter->worldTransform());
     painter->drawImage(QPointF(0, 0), m_dotImage);
     painter->restore();
@@ -395,7 +313,6 @@ void DrawingDisplayList::paint(QPainter* painter, const DrawingBox& area, double
   // Bigger entities in the drawing's order, so that what comes later lies on top; those of
   // a few pixels first and without antialiasing, which costs several times the drawing
   // there and shows nothing on them.
-  std::sort(m_drawn.begin(), m_drawn.end());
   const double smallSize = kSmallPixels / lod;
   const auto small = [&](std::uint32_t id) {
     const DrawingBox& b = m_bounds[id];
@@ -403,32 +320,77 @@ void DrawingDisplayList::paint(QPainter* painter, const DrawingBox& area, double
   };
   const bool antialiased = painter->testRenderHint(QPainter::Antialiasing);
   painter->setRenderHint(QPainter::Antialiasing, false);
-  const std::vector<DrawingEntity>& entities = m_document->entities();
-  QRgb penColor = 0;
-  bool penSet = false;
-  painter->setBrush(Qt::NoBrush);
-  for (std::uint32_t id : m_drawn)
-  {
-    if (!small(id))
-      continue;
-    const bool on = id < selected.size() && selected[id];
-    const QRgb color = on ? highlight : (m_colors[id] | 0xff000000u);
-    if (!penSet || color != penColor)
-    {
-      painter->setPen(QPen(QColor::fromRgba(color), 0));
-      penColor = color;
-      penSet = true;
-    }
-    if (!sketch(painter, entities[id]))
-    {
-      shapeOf(id).paint(painter, lod, on);
-      penSet = false;
-      painter->setBrush(Qt::NoBrush);
-    }
-  }
+  for (std::uint32_t id : m_marks.drawn)
+    if (small(id))
+      shapeOf(id).paint(painter, lod, id < selected.size() && selected[id]);
   painter->setRenderHint(QPainter::Antialiasing, antialiased);
-  for (std::uint32_t id : m_drawn)
+  for (std::uint32_t id : m_marks.drawn)
     if (!small(id))
       shapeOf(id).paint(painter, lod, id < selected.size() && selected[id]);
   trimCache();
+}
+
+void DrawingDisplayList::mark(const DrawingBox& area, double lod, const QTransform& toPixels, const QRect& pixels)
+{
+  m_marks.generation = m_generation;
+  m_marks.pixels = pixels;
+  m_marks.toPixels = toPixels;
+  m_marks.lod = lod;
+  m_marks.any = false;
+  m_marks.drawn.clear();
+  m_marks.ids.assign(std::size_t(pixels.width()) * std::size_t(pixels.height()), kNoEntity);
+  std::uint32_t* ids = m_marks.ids.data();
+  const std::ptrdiff_t stride = pixels.width();
+  const double ratio = std::max(1.0, std::sqrt(std::abs(toPixels.determinant())) / lod);
+  const int dotPixels = std::max(1, int(std::lround(ratio)));
+  const double m11 = toPixels.m11(), m12 = toPixels.m12(), m21 = toPixels.m21(), m22 = toPixels.m22();
+  const double dx = toPixels.dx() - pixels.left(), dy = toPixels.dy() - pixels.top();
+  const int width = pixels.width() - dotPixels;
+  const int height = pixels.height() - dotPixels;
+  const double dotSize = kDotPixels / lod;
+  const double smallSize = kSmallPixels / lod;
+  const std::vector<DrawingEntity>& entities = m_document->entities();
+  DrawingPixelSketch sketch(ids, stride, pixels.width(), pixels.height(),
+                            toPixels * QTransform::fromTranslate(-pixels.left(), -pixels.top()));
+  const double room = kPenRoom / lod;
+  const DrawingBox wider{area.left - room, area.top - room, area.right + room, area.bottom + room};
+  m_index.query(wider, [&](std::uint32_t id, const DrawingBox& box) {
+    const double boxWidth = box.right - box.left, boxHeight = box.bottom - box.top;
+    if (boxWidth >= dotSize || boxHeight >= dotSize)
+    {
+      if (boxWidth < smallSize && boxHeight < smallSize && sketch.draw(entities[id], id))
+        m_marks.any = true;
+      else
+        m_marks.drawn.push_back(id);
+      return;
+    }
+    const double cx = (box.left + box.right) / 2;
+    const double cy = (box.top + box.bottom) / 2;
+    const double fx = m11 * cx + m21 * cy + dx;
+    const double fy = m12 * cx + m22 * cy + dy;
+    if (!(fx >= 0 && fy >= 0 && fx < width && fy < height))
+      return;
+    std::uint32_t* at = ids + std::ptrdiff_t(fy) * stride + std::ptrdiff_t(fx);
+    for (int row = 0; row < dotPixels; ++row, at += stride)
+      for (int column = 0; column < dotPixels; ++column)
+        at[column] = id;
+    m_marks.any = true;
+  });
+  // bigger entities are painted in the drawing's order, so that what comes later lies on top
+  std::sort(m_marks.drawn.begin(), m_marks.drawn.end());
+}
+
+void DrawingDisplayList::colourMarks(const std::vector<bool>& selected)
+{
+  const QSize size = m_marks.pixels.size();
+  if (m_dotImage.size() != size)
+    m_dotImage = QImage(size, QImage::Format_ARGB32_Premultiplied);
+  const QRgb highlight = m_look.highlight.rgb() | 0xff000000u;
+  const std::uint32_t* id = m_marks.ids.data();
+  for (int y = 0; y < size.height(); ++y)
+  {
+    QRgb* out = reinterpret_cast<QRgb*>(m_dotImage.scanLine(y));
+    for (int x = 0; x < size.width(); ++x, ++id)
+      out[x] = *id == kNoEntity ? 0u : *id < selected.size() && selected[*id] ? highlight : (m_colors[*id] | 0xff000000u);
+  }
 }

@@ -2,8 +2,11 @@
 
 #include "DrawingShape.h"
 #include "DrawingSpatialIndex.h"
+#include "LargeArrayAllocator.h"
 #include <QImage>
+#include <QRect>
 #include <QRgb>
+#include <QTransform>
 #include <cstdint>
 #include <deque>
 #include <vector>
@@ -92,7 +95,29 @@ private:
   bool m_lastLayerKnown = false;
   std::uint32_t m_frame = 0;
 
+  /**
+   * What the last paint drew as dots and sketches, as the entity marked in
+   * each pixel, and the entities it left to their shapes; valid while the
+   * view and the list stay as they were.
+   */
+  struct Marks
+  {
+    LargeArray<std::uint32_t> ids;
+    std::vector<std::uint32_t> drawn;
+    QTransform toPixels;
+    QRect pixels;
+    double lod = 0;
+    std::uint32_t generation = 0;
+    bool any = false;
+  };
+  static constexpr std::uint32_t kNoEntity = 0xffffffffu;
+
+  void mark(const DrawingBox& area, double lod, const QTransform& toPixels, const QRect& pixels);
+  void colourMarks(const std::vector<bool>& selected);
+
+  Marks m_marks;
+  /** Counts the changes of what is shown, so that marks of an older drawing are not coloured. */
+  std::uint32_t m_generation = 1;
   /** Kept from one paint to the next, so that painting a million dots allocates nothing. */
   QImage m_dotImage;
-  std::vector<std::uint32_t> m_drawn;
 };

@@ -415,6 +415,63 @@ private Q_SLOTS:
     QVERIFY2(nearest < 24, qPrintable(drawn.name()));
   }
 
+  void smallEntitiesFollowTheSelectionAndTheDocument()
+  {
+    // GIVEN a drawing seen whole, of entities a few pixels across of every kind drawn
+    // from their numbers, and one big line that sets the zoom
+    DrawingDocument document;
+    const OdDbObjectId zero = document.database().getLayerZeroId();
+    document.addEntity(lineOn(zero, A, {0, 0, 0}, {1000, 0, 0}));
+    DrawingEntity small = lineOn(zero, B, {100, 500, 0}, {104, 504, 0});
+    document.addEntity(small);
+    small.kind = EntityKind::Circle;
+    small.handle = C;
+    small.points = {{300, 500, 0}};
+    small.radius = 2;
+    document.addEntity(small);
+    small.kind = EntityKind::Arc;
+    small.handle = D;
+    small.points = {{500, 500, 0}};
+    small.startAngle = 0;
+    small.endAngle = 180;
+    document.addEntity(small);
+    small.kind = EntityKind::Polyline;
+    small.handle = 5;
+    small.points = {{700, 500, 0}, {704, 500, 0}, {704, 504, 0}};
+    small.closed = true;
+    document.addEntity(small);
+    // enough others that one change is worked into the tree, not the tree built anew
+    for (int i = 0; i < 40; ++i)
+      document.addEntity(lineOn(zero, 100 + i, {i * 20.0, 900, 0}, {i * 20.0 + 4, 900, 0}));
+    DrawingCanvas canvas(&document);
+    QVERIFY(shown(canvas, QSize(400, 300)));
+    const QImage before = canvas.viewport()->grab().toImage();
+    const int paper = before.pixelColor(2, 2).lightness();
+    const auto inkAt = [&](const QImage& image, double x, double y) {
+      return inkNear(image, onScreen(canvas, x, y) * image.devicePixelRatio(), paper);
+    };
+    for (double x : {102.0, 300.0, 500.0, 702.0})
+      QVERIFY2(inkAt(before, x, 502) != paper, qPrintable(QString::number(x)));
+
+    // WHEN everything is selected THEN each small entity changes colour; cleared, the drawing is as it was
+    canvas.selectAll();
+    const QImage selected = canvas.viewport()->grab().toImage();
+    for (double x : {102.0, 300.0, 500.0, 702.0})
+      QVERIFY2(inkAt(selected, x, 502) != inkAt(before, x, 502), qPrintable(QString::number(x)));
+    canvas.setSelection({});
+    QCOMPARE(canvas.viewport()->grab().toImage(), before);
+
+    // WHEN the document moves the circle away THEN it is drawn where it is now, not where it was
+    document.changeEntities({C}, [](DrawingEntity& e, int) { e.points = {{300, 200, 0}}; });
+    const QImage moved = canvas.viewport()->grab().toImage();
+    QCOMPARE(inkAt(moved, 300, 502), paper);
+    QVERIFY(inkAt(moved, 300, 202) != paper);
+
+    // WHEN it makes the polyline invisible THEN it is gone
+    document.changeEntities({5}, [](DrawingEntity& e, int) { e.visible = false; });
+    QCOMPARE(inkAt(canvas.viewport()->grab().toImage(), 702, 502), paper);
+  }
+
   void degenerateEntitiesDoNotBreakTheCanvas()
   {
     // GIVEN entities a broken file or a careless host could leave: no points, no size,
@@ -499,8 +556,8 @@ private Q_SLOTS:
     // nor drawn: the pixels along it are the background
     const QImage image = canvas.viewport()->grab().toImage();
     const QColor paper = canvas.backgroundBrush().color();
-    QCOMPARE(inkNear(image, onScreen(canvas, 70, 70), paper.lightness()), paper.lightness());
-    QVERIFY(inkNear(image, onScreen(canvas, 50, 50), paper.lightness()) != paper.lightness());
+    QCOMPARE(inkNear(image, onScreen(canvas, 70, 70) * image.devicePixelRatio(), paper.lightness()), paper.lightness());
+    QVERIFY(inkNear(image, onScreen(canvas, 50, 50) * image.devicePixelRatio(), paper.lightness()) != paper.lightness());
   }
 
   void colourSevenContrastsWithTheTheme_data()
@@ -521,7 +578,7 @@ private Q_SLOTS:
 
     const QImage image = canvas.viewport()->grab().toImage();
     const int paper = image.pixelColor(onScreen(canvas, 25, 50)).lightness();
-    const int ink = inkNear(image, onScreen(canvas, 50, 50), paper);
+    const int ink = inkNear(image, onScreen(canvas, 50, 50) * image.devicePixelRatio(), paper);
     QCOMPARE(paper < 128, theme == HostQtStyleManager::Dark);
     QVERIFY2(std::abs(paper - ink) > 150, qPrintable(QStringLiteral("paper %1, ink %2").arg(paper).arg(ink)));
     hostGetQtStyleManager()->setTheme(HostQtStyleManager::Light);
