@@ -87,6 +87,7 @@ quint64 DrawingDocument::addEntity(DrawingEntity entity)
   if (entity.linetype.isNull())
     entity.linetype = m_database->getLinetypeByLayerId();
   m_indexOfHandle[entity.handle] = m_entities.size();
+  m_handles.append(entity.handle);
   m_entities.push_back(std::move(entity));
   return m_entities.back().handle;
 }
@@ -123,6 +124,9 @@ void DrawingDocument::addEntities(std::vector<DrawingEntity> entities)
     if (entity.linetype.isNull())
       entity.linetype = m_database->getLinetypeByLayerId();
   }
+  m_handles.resize(int(m_entities.size()));
+  for (std::size_t i = 0; i < m_entities.size(); ++i)
+    m_handles[int(i)] = m_entities[i].handle;
 }
 
 quint64 DrawingDocument::drawnEntityCount(quint64 limit) const
@@ -175,6 +179,7 @@ void DrawingDocument::clear()
   m_database = std::make_unique<OdDbDatabase>();
   m_entities.clear();
   m_indexOfHandle.clear();
+  m_handles.clear();
   m_blocks.clear();
   m_textStyles.clear();
   m_headerReals.clear();
@@ -189,6 +194,7 @@ void DrawingDocument::takeContents(DrawingDocument& other)
   m_database = std::exchange(other.m_database, std::make_unique<OdDbDatabase>());
   m_entities = std::exchange(other.m_entities, {});
   m_indexOfHandle = std::exchange(other.m_indexOfHandle, {});
+  m_handles = std::exchange(other.m_handles, {});
   m_blocks = std::exchange(other.m_blocks, {});
   m_textStyles = std::exchange(other.m_textStyles, {});
   m_headerReals = std::exchange(other.m_headerReals, {});

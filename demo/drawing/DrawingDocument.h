@@ -68,6 +68,8 @@ public:
   const OdDbDatabase& database() const { return *m_database; }
 
   const std::vector<DrawingEntity>& entities() const { return m_entities; }
+  /** Every entity's handle, in the entities' order: a selection of everything shares it rather than listing a million anew. */
+  const QVector<quint64>& handles() const { return m_handles; }
   /** Null when no entity has the handle. */
   const DrawingEntity* entity(quint64 handle) const;
   /** Adds at the end; a handle that is taken or not keepsHandle() is replaced by a new one. Returns the handle. */
@@ -144,6 +146,7 @@ private:
   std::unique_ptr<OdDbDatabase> m_database;
   std::vector<DrawingEntity> m_entities;
   std::unordered_map<quint64, std::size_t> m_indexOfHandle;
+  QVector<quint64> m_handles;
   std::map<QString, DrawingBlock> m_blocks;
   std::map<QString, DrawingTextStyle> m_textStyles;
   std::map<QString, double> m_headerReals;

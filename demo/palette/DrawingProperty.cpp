@@ -189,7 +189,13 @@ std::vector<DrawingProperty> drawingProperties(DrawingDocument* document)
     return all.back();
   };
   auto sameField = [](auto DrawingEntity::*field) {
-    return [field](const DrawingEntity& a, const DrawingEntity& b) { return a.*field == b.*field; };
+    return [field](const DrawingEntity* const* entities, std::size_t count, const DrawingEntity& first) {
+      const auto& value = first.*field;
+      for (std::size_t i = 0; i < count; ++i)
+        if (!(entities[i]->*field == value))
+          return i;
+      return count;
+    };
   };
   const QString general = DrawingPropertyBag::tr("General");
   const QString geometry = DrawingPropertyBag::tr("Geometry");
@@ -199,7 +205,7 @@ std::vector<DrawingProperty> drawingProperties(DrawingDocument* document)
   DrawingProperty& layer = add(DrawingPropertyBag::tr("Layer"), general, DrawingPropertyBag::tr("The layer the objects are on"),
                                PropUiGuidLayer, PropertyFormat::Layer, kAllKinds);
   layer.read = [](const DrawingEntity& e) { return propVariantFromObjectId(e.layer); };
-  layer.equal = sameField(&DrawingEntity::layer);
+  layer.firstDifferent = sameField(&DrawingEntity::layer);
   layer.write = [document](DrawingEntity& e, const PropVariant& v) {
     OdDbObjectId id;
     if (!propVariantToObjectId(v, id) || !document->database().openLayer(id))
@@ -211,13 +217,13 @@ std::vector<DrawingProperty> drawingProperties(DrawingDocument* document)
   DrawingProperty& color = add(DrawingPropertyBag::tr("Colour"), general, DrawingPropertyBag::tr("The colour the objects are drawn in"),
                                PropUiGuidColor, PropertyFormat::Color, kAllKinds);
   color.read = [](const DrawingEntity& e) { return propVariantFromColor(e.color); };
-  color.equal = sameField(&DrawingEntity::color);
+  color.firstDifferent = sameField(&DrawingEntity::color);
   color.write = [](DrawingEntity& e, const PropVariant& v) { return propVariantToColor(v, e.color); };
 
   DrawingProperty& linetype = add(DrawingPropertyBag::tr("Linetype"), general, DrawingPropertyBag::tr("The dash pattern of the lines"),
                                   PropUiGuidLinetype, PropertyFormat::Linetype, kAllKinds);
   linetype.read = [](const DrawingEntity& e) { return propVariantFromObjectId(e.linetype); };
-  linetype.equal = sameField(&DrawingEntity::linetype);
+  linetype.firstDifferent = sameField(&DrawingEntity::linetype);
   linetype.write = [document](DrawingEntity& e, const PropVariant& v) {
     OdDbObjectId id;
     if (!propVariantToObjectId(v, id) || !document->database().openLinetype(id))
@@ -229,7 +235,7 @@ std::vector<DrawingProperty> drawingProperties(DrawingDocument* document)
   DrawingProperty& weight = add(DrawingPropertyBag::tr("Lineweight"), general, DrawingPropertyBag::tr("The printed width of the lines"),
                                 PropUiGuidLineweight, PropertyFormat::Lineweight, kAllKinds);
   weight.read = [](const DrawingEntity& e) { return propVariantFromLineweight(e.lineWeight); };
-  weight.equal = sameField(&DrawingEntity::lineWeight);
+  weight.firstDifferent = sameField(&DrawingEntity::lineWeight);
   weight.write = [](DrawingEntity& e, const PropVariant& v) { return propVariantToLineweight(v, e.lineWeight); };
 
   auto numberProperty = [&add, sameField](const QString& name, const QString& category, const QString& description, const OdGUID& guid,
@@ -237,7 +243,7 @@ std::vector<DrawingProperty> drawingProperties(DrawingDocument* document)
     DrawingProperty& p = add(name, category, description, guid, format, kinds);
     p.read = [field](const DrawingEntity& e) { return number(e.*field); };
     p.write = [field](DrawingEntity& e, const PropVariant& v) { return toNumber(v, e.*field); };
-    p.equal = sameField(field);
+    p.firstDifferent = sameField(field);
     return p;
   };
 
@@ -249,7 +255,7 @@ std::vector<DrawingProperty> drawingProperties(DrawingDocument* document)
   DrawingProperty& visible = add(DrawingPropertyBag::tr("Visible"), general, DrawingPropertyBag::tr("Whether the objects are drawn"),
                                  PropUiGuidBool, PropertyFormat::Bool, kAllKinds);
   visible.read = [](const DrawingEntity& e) { return boolean(e.visible); };
-  visible.equal = sameField(&DrawingEntity::visible);
+  visible.firstDifferent = sameField(&DrawingEntity::visible);
   visible.write = [](DrawingEntity& e, const PropVariant& v) { return readBool(v, e.visible); };
 
   auto point = [&add, &geometry](const QString& name, const QString& description, unsigned int kinds, int which) -> DrawingProperty& {

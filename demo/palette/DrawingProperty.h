@@ -82,11 +82,12 @@ struct DrawingProperty
   /** Scalar: the entity's value. */
   std::function<PropVariant(const DrawingEntity&)> read;
   /**
-   * Scalar: whether two entities hold the same value, without making it a
-   * value (a million of them are compared when everything is selected); null
-   * to compare what read() gives.
+   * Scalar: the place of the first of @p count entities whose value differs
+   * from @p first's (@p count when none does), compared without making values:
+   * a million are compared when everything is selected, a block at a time.
+   * Null to compare what read() gives.
    */
-  std::function<bool(const DrawingEntity&, const DrawingEntity&)> equal;
+  std::function<std::size_t(const DrawingEntity* const* entities, std::size_t count, const DrawingEntity& first)> firstDifferent;
   /** Scalar: false for a value of the wrong kind. Null for a read-only property. */
   std::function<bool(DrawingEntity&, const PropVariant&)> write;
   /** The refusal of a number the property cannot take, empty when it takes it. */

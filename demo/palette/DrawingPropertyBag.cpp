@@ -189,21 +189,29 @@ void DrawingPropertyBag::select(const QVector<quint64>& handles, bool keepKind)
   m_kindCounts.assign(std::size_t(kKindCount), 0);
   if (m_document)
   {
-    m_selection.reserve(handles.size());
     m_entities.reserve(std::size_t(handles.size()));
     // One pass, as lookUpEntities() walks, that also counts the kinds: a million entities are touched once.
     const std::vector<DrawingEntity>& all = m_document->entities();
     std::size_t next = 0;
+    bool allFound = true;
     for (quint64 handle : handles)
     {
       const DrawingEntity* entity = next < all.size() && all[next].handle == handle ? &all[next] : m_document->entity(handle);
       if (!entity)
+      {
+        allFound = false;
         continue;
+      }
       next = std::size_t(entity - all.data()) + 1;
-      m_selection.append(handle);
       m_entities.push_back(entity);
       ++m_kindCounts[std::size_t(entity->kind)];
     }
+    // the list shares the caller's when every handle was found, as it mostly is
+    if (allFound)
+      m_selection = handles;
+    else
+      for (const DrawingEntity* entity : m_entities)
+        m_selection.append(entity->handle);
   }
   m_entitiesBase = m_document ? m_document->entities().data() : nullptr;
   m_entitiesSize = m_document ? m_document->entities().size() : 0;
@@ -233,7 +241,7 @@ bool DrawingPropertyBag::reload()
   return true;
 }
 
-const std::vector<const DrawingEntity*>& DrawingPropertyBag::shown() const
+const EntityPointers& DrawingPropertyBag::shown() const
 {
   return m_kind < 0 ? m_entities : m_shownEntities;
 }
@@ -263,7 +271,7 @@ void DrawingPropertyBag::merge()
       if (int(entity->kind) == m_kind)
         m_shownEntities.push_back(entity);
   }
-  const std::vector<const DrawingEntity*>& entities = shown();
+  const EntityPointers& entities = shown();
 
   auto row = std::make_unique<Item>();
   row->role = Item::Filter;
@@ -355,7 +363,7 @@ std::vector<DrawingChoice> DrawingPropertyBag::choicesOf(const Item& item) const
 
 PropVariant DrawingPropertyBag::typeValue() const
 {
-  const std::vector<const DrawingEntity*>& entities = shown();
+  const EntityPointers& entities = shown();
   const EntityKind kind = entities.front()->kind;
   if (m_kind < 0)
     for (int k = 0; k < int(m_kindCounts.size()); ++k)
@@ -373,7 +381,7 @@ PropVariant DrawingPropertyBag::mergedValue(const Item& item) const
 {
   if (item.merged)
     return item.value;
-  if (item.role == Item::Property && item.property->equal && item.property->shape == PropertyShape::Scalar)
+  if (item.role == Item::Property && item.property->firstDifferent && item.property->shape == PropertyShape::Scalar)
   {
     mergeComparable();
     return item.value;
@@ -384,7 +392,7 @@ PropVariant DrawingPropertyBag::mergedValue(const Item& item) const
   if (item.role == Item::Type)
     return item.value = typeValue();
   const DrawingProperty& property = *item.property;
-  const std::vector<const DrawingEntity*>& entities = shown();
+  const EntityPointers& entities = shown();
   item.value = property.read(*entities.front());
   for (std::size_t i = 1; i < entities.size(); ++i)
     if (property.read(*entities[i]) != item.value)
@@ -397,21 +405,24 @@ PropVariant DrawingPropertyBag::mergedValue(const Item& item) const
 
 void DrawingPropertyBag::mergeComparable() const
 {
-  // Every item that compares entities directly is merged in one pass: a palette over a million entities
-  // reads each entity once, not once per item.
+  // Every item that compares entities directly is merged in one walk: a palette over a million
+  // entities brings each into the cache once, a block at a time, and compares it there per item.
+  constexpr std::size_t kBlock = 2048;
   std::vector<Item*> open;
   for (const auto& item : m_items)
-    if (!item->merged && item->role == Item::Property && item->property->shape == PropertyShape::Scalar && item->property->equal)
+    if (!item->merged && item->role == Item::Property && item->property->shape == PropertyShape::Scalar && item->property->firstDifferent)
     {
       item->merged = true;
       item->value = item->property->read(*shown().front());
       open.push_back(item.get());
     }
-  const std::vector<const DrawingEntity*>& entities = shown();
+  const EntityPointers& entities = shown();
   const DrawingEntity& first = *entities.front();
-  for (std::size_t i = 1; i < entities.size() && !open.empty(); ++i)
+  for (std::size_t from = 1; from < entities.size() && !open.empty(); from += kBlock)
+  {
+    const std::size_t count = std::min(kBlock, entities.size() - from);
     for (std::size_t o = 0; o < open.size();)
-      if (!open[o]->property->equal(*entities[i], first))
+      if (open[o]->property->firstDifferent(entities.data() + from, count, first) < count)
       {
         open[o]->value.setVaries(true);
         open[o] = open.back();
@@ -419,6 +430,7 @@ void DrawingPropertyBag::mergeComparable() const
       }
       else
         ++o;
+  }
 }
 
 PropVariant DrawingPropertyBag::mergedElement(const Item& item, int element) const
@@ -433,7 +445,7 @@ PropVariant DrawingPropertyBag::mergedElement(const Item& item, int element) con
     return value;
   item.elementMerged[std::size_t(element)] = true;
   const DrawingProperty& property = *item.property;
-  const std::vector<const DrawingEntity*>& entities = shown();
+  const EntityPointers& entities = shown();
   if (property.shape == PropertyShape::Texts)
   {
     // The last element is where a new paragraph is typed: it starts empty.
@@ -964,7 +976,11 @@ bool DrawingPropertyBag::write(const Item& item, long element, const PropVariant
       return false;
     bool differs = false;
     if (property.shape == PropertyShape::Scalar)
-      differs = property.equal ? !property.equal(scratch, *current) : property.read(scratch) != property.read(*current);
+    {
+      const DrawingEntity* changed = &scratch;
+      differs = property.firstDifferent ? property.firstDifferent(&changed, 1, *current) == 0
+                                        : property.read(scratch) != property.read(*current);
+    }
     else if (property.shape == PropertyShape::Texts)
       differs = paragraphIndex < 0 ? scratch.text != current->text
                                    : property.textElement(scratch, paragraphIndex) != property.textElement(*current, paragraphIndex);

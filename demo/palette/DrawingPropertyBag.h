@@ -1,5 +1,6 @@
 #pragma once
 
+#include "EntityLookup.h"
 #include "PropBag.h"
 #include <QCoreApplication>
 #include <QMetaObject>
@@ -92,7 +93,7 @@ private:
   void merge();
   void addItem(std::unique_ptr<Item> item);
   /** The selected entities the palette shows: all, or those of the kind shown. */
-  const std::vector<const DrawingEntity*>& shown() const;
+  const EntityPointers& shown() const;
   /** The filter's entries: All, then each kind the selection has, with their counts. */
   std::vector<DrawingChoice> kindChoices() const;
   std::vector<DrawingChoice> choicesOf(const Item& item) const;
@@ -121,8 +122,8 @@ private:
   /** How many selected entities each kind has, by EntityKind. */
   std::vector<int> m_kindCounts;
   /** The selected entities, in the order of the selection, while it lasts; and those of the kind shown. */
-  mutable std::vector<const DrawingEntity*> m_entities;
-  mutable std::vector<const DrawingEntity*> m_shownEntities;
+  mutable EntityPointers m_entities;
+  mutable EntityPointers m_shownEntities;
   mutable const DrawingEntity* m_entitiesBase = nullptr;
   mutable std::size_t m_entitiesSize = 0;
   std::unique_ptr<Context> m_context;

@@ -2,10 +2,10 @@
 
 #include "DrawingDocument.h"
 
-std::vector<const DrawingEntity*> lookUpEntities(const DrawingDocument& document, const QVector<quint64>& handles)
+EntityPointers lookUpEntities(const DrawingDocument& document, const QVector<quint64>& handles)
 {
   const std::vector<DrawingEntity>& all = document.entities();
-  std::vector<const DrawingEntity*> found;
+  EntityPointers found;
   found.reserve(std::size_t(handles.size()));
   std::size_t next = 0;
   for (quint64 handle : handles)

@@ -1,11 +1,14 @@
 #pragma once
 
+#include "LargeArrayAllocator.h"
 #include <QVector>
 #include <QtGlobal>
-#include <vector>
 
 class DrawingDocument;
 struct DrawingEntity;
+
+/** Entities of a selection, one slot for each: a million when everything is selected. */
+using EntityPointers = LargeArray<const DrawingEntity*>;
 
 /**
  * The entities that have @p handles, in the same order; null for a handle
@@ -14,4 +17,4 @@ struct DrawingEntity;
  * one before it, and only otherwise in the document's index: a million
  * handles are found in one pass over the entities.
  */
-std::vector<const DrawingEntity*> lookUpEntities(const DrawingDocument& document, const QVector<quint64>& handles);
+EntityPointers lookUpEntities(const DrawingDocument& document, const QVector<quint64>& handles);
