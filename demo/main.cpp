@@ -127,6 +127,8 @@ int runSaveAs(const Options& options)
 void installTranslators(QApplication& app, const QString& language)
 {
   const QLocale locale(language);
+  // dates and numbers follow the language asked for, as they would in a host started in it
+  QLocale::setDefault(locale);
   auto* qtTranslator = new QTranslator(&app);
   if (qtTranslator->load(locale, QStringLiteral("qtbase"), QStringLiteral("_"),
                          QLibraryInfo::location(QLibraryInfo::TranslationsPath)))
