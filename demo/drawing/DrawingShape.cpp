@@ -423,6 +423,21 @@ private:
     return look;
   }
 
+public:
+  /** Where the point that an alignment names lies, from a text's first point along its baseline (x) and up (y). */
+  QPointF alignmentOffset(const DrawingEntity& e, int horizontal, int vertical) const
+  {
+    const TextLook look = textLook(e);
+    const FontScale& fs = fontScale();
+    const double unit = look.height / fs.capHeight;
+    const double length = fs.metrics.horizontalAdvance(drawnText(e.text)) * look.widthFactor * unit;
+    const double x = horizontal == 1 || horizontal == 4 ? length / 2 : horizontal == 0 ? 0.0 : length;
+    const int v = horizontal == 4 ? 2 : horizontal == 3 || horizontal == 5 ? 0 : vertical;
+    const double y = v == 1 ? -fs.descent * unit : v == 2 ? look.height / 2 : v == 3 ? look.height : 0.0;
+    return {x, y};
+  }
+
+private:
   void addText(const DrawingEntity& e, const QTransform& toScene, const QColor& color)
   {
     const QString text = drawnText(e.text);
@@ -737,6 +752,19 @@ private:
 };
 
 } // namespace
+
+DrawingPoint DrawingShape::textAlignmentPoint(const DrawingDocument& document, const DrawingEntity& text, int horizontal, int vertical)
+{
+  if (text.points.empty())
+    return {};
+  std::vector<DrawingStroke> strokes;
+  std::vector<DrawingTextRun> texts;
+  const QPointF offset = Builder(document, DrawingLook(), strokes, texts).alignmentOffset(text, horizontal, vertical);
+  const double angle = qDegreesToRadians(text.rotation);
+  const double c = std::cos(angle), s = std::sin(angle);
+  const DrawingPoint& first = text.points.front();
+  return {first.x + offset.x() * c - offset.y() * s, first.y + offset.x() * s + offset.y() * c, first.z};
+}
 
 void DrawingShape::build(const DrawingDocument& document, const DrawingEntity& entity, const DrawingLook& look)
 {

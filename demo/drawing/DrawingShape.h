@@ -1,5 +1,6 @@
 #pragma once
 
+#include "DrawingEntity.h"
 #include <QBrush>
 #include <QColor>
 #include <QPainterPath>
@@ -12,7 +13,7 @@
 
 class DrawingDocument;
 class QPainter;
-struct DrawingEntity;
+
 
 /** What a canvas draws with: the ink that colour 7 stands for and the size of a millimetre on screen. */
 struct DrawingLook
@@ -54,6 +55,13 @@ class DrawingShape
 public:
   /** Works out the shape of @p entity as @p document holds it now. */
   void build(const DrawingDocument& document, const DrawingEntity& entity, const DrawingLook& look);
+
+  /**
+   * Where the point of a single-line @p text that an alignment (the file's
+   * horizontal and vertical codes) names lies now, in the drawing: the second
+   * point that keeps the text in place when it takes that alignment.
+   */
+  static DrawingPoint textAlignmentPoint(const DrawingDocument& document, const DrawingEntity& text, int horizontal, int vertical);
 
   /** Whether the shape passes within @p tolerance (scene units) of @p point. */
   bool hits(const QPointF& point, double tolerance) const;

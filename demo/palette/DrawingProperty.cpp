@@ -3,6 +3,7 @@
 #include "DrawingDocument.h"
 #include "DrawingHatchPatterns.h"
 #include "DrawingPropertyBag.h"
+#include "DrawingShape.h"
 #include "DemoValues.h"
 #include "MTextParagraphs.h"
 #include "OdDbDatabase.h"
@@ -516,7 +517,7 @@ std::vector<DrawingProperty> drawingProperties(DrawingDocument* document)
                                    DrawingPropertyBag::tr("Which point of the text its insertion point is"), PropUiGuidTextCombo,
                                    PropertyFormat::Choice, singleLine, [](const DrawingEntity& e) { return !e.points.empty(); });
   alignment.read = [](const DrawingEntity& e) { return integer(alignmentCode(e)); };
-  alignment.write = [](DrawingEntity& e, const PropVariant& v) {
+  alignment.write = [document](DrawingEntity& e, const PropVariant& v) {
     if (v.scalarType() != PropVariant::kInt32 || v.isArray() || e.points.empty())
       return false;
     const int code = v.getInt32();
@@ -526,12 +527,13 @@ std::vector<DrawingProperty> drawingProperties(DrawingDocument* document)
       return false;
     if (code == alignmentCode(e))
       return true;
-    // Left on the baseline has no alignment point: the text keeps its place by aligning at its insertion point.
+    // Left on the baseline has no alignment point: the new one is where that point of the text is now,
+    // so that the text stays where it was (aligned and fit get the end of its baseline).
     if (alignmentCode(e) == 0)
     {
       if (e.points.size() < 2)
         e.points.resize(2);
-      e.points[1] = e.points[0];
+      e.points[1] = DrawingShape::textAlignmentPoint(*document, e, horizontal, vertical);
     }
     e.horizontalAlignment = horizontal;
     e.verticalAlignment = vertical;

@@ -1,6 +1,7 @@
 #include "DrawingDocument.h"
 #include "DrawingHatchPatterns.h"
 #include "DrawingPropertyBag.h"
+#include "DrawingShape.h"
 #include "MessageCatcher.h"
 #include "OdStringQt.h"
 #include "PaletteGrid.h"
@@ -603,13 +604,25 @@ private slots:
   {
     Drawing d;
     DrawingPropertyBag bag(&d.document, &d.undo);
-    bag.setSelection({d.text});
-    QVERIFY(bag.setValue(itemNamed(bag, QStringLiteral("Alignment")), whole(23)));
-    const DrawingEntity* t = d.document.entity(d.text);
-    QCOMPARE(t->horizontalAlignment, 2);
-    QCOMPARE(t->verticalAlignment, 3);
-    QCOMPARE(t->points.size(), std::size_t(2));
-    QVERIFY(t->points[1] == t->points[0]);
+    // A text given an alignment stays where it was drawn: its new alignment point is where that point of the text lies.
+    const auto drawnBounds = [&d]() {
+      DrawingShape shape;
+      shape.build(d.document, *d.document.entity(d.text), DrawingLook());
+      return shape.bounds();
+    };
+    const QRectF before = drawnBounds();
+    for (int code : {23, 12, 40, 30, 50, 0})
+    {
+      bag.setSelection({d.text});
+      QVERIFY(bag.setValue(itemNamed(bag, QStringLiteral("Alignment")), whole(code)));
+      const DrawingEntity* t = d.document.entity(d.text);
+      QCOMPARE(t->horizontalAlignment * 10 + t->verticalAlignment, code);
+      const QRectF after = drawnBounds();
+      for (const auto& [was, is] : {std::pair(before.topLeft(), after.topLeft()), std::pair(before.bottomRight(), after.bottomRight())})
+        QVERIFY2(QLineF(was, is).length() < before.height() * 1e-6,
+                 qPrintable(QStringLiteral("%1: (%2, %3) moved to (%4, %5)").arg(code).arg(was.x()).arg(was.y()).arg(is.x()).arg(is.y())));
+      d.undo.undo();
+    }
     // A hatch's lines follow its pattern, scale and angle.
     bag.setSelection({d.hatch});
     QVERIFY(bag.setValue(itemNamed(bag, QStringLiteral("Pattern")), word("NET")));
