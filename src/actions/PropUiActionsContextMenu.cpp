@@ -1,10 +1,10 @@
-#include "PropUiActionsContextMenu.h"
+#include "PropUiActionsContextMenu_p.h"
 
 #include "PropAction.h"
 #include "PropBag.h"
 #include "PropUiQAction.h"
 #include "PropUiQControl.h"
-#include "PropUiRefresh.h"
+#include "PropUiRefresh_p.h"
 #include <QAbstractSpinBox>
 #include <QCoreApplication>
 #include <QContextMenuEvent>

@@ -1,6 +1,6 @@
 #include "PropQSliderBox.h"
 
-#include "PropUiTexts.h"
+#include "PropUiTexts_p.h"
 #include <cmath>
 #include <QKeyEvent>
 #include <QPair>

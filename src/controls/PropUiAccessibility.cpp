@@ -1,12 +1,12 @@
-#include "PropUiAccessibility.h"
+#include "PropUiAccessibility_p.h"
 
 #include "OdStringQt.h"
-#include "PropUiAccessibleCheckBox.h"
-#include "PropUiAccessibleComboBox.h"
+#include "PropUiAccessibleCheckBox_p.h"
+#include "PropUiAccessibleComboBox_p.h"
 #include "PropBag.h"
 #include "PropUiQControl.h"
 #include "PropUiQLabel.h"
-#include "PropUiTexts.h"
+#include "PropUiTexts_p.h"
 #include <QAbstractButton>
 #include <QAbstractSpinBox>
 #include <QCheckBox>

@@ -1,4 +1,4 @@
-#include "PropUiRefresh.h"
+#include "PropUiRefresh_p.h"
 
 #include "OdError.h"
 #include "PropUiQWidget.h"

@@ -2,10 +2,10 @@
 
 #include "OdStringQt.h"
 #include "PropBag.h"
-#include "PropUiDrawingLook.h"
+#include "PropUiDrawingLook_p.h"
 #include "PropUiOptions.h"
 #include "PropUiQFormatter.h"
-#include "PropUiTexts.h"
+#include "PropUiTexts_p.h"
 #include <QIcon>
 #include <algorithm>
 #include <vector>
