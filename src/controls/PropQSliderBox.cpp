@@ -201,5 +201,5 @@ void PropQSliderBox::finishKeyboardEdit()
     return;
   m_keyboardMoved = false;
   update();
-  emit keyboardEditFinished();
+  Q_EMIT keyboardEditFinished();
 }
