@@ -59,7 +59,7 @@ void HostQtStyleManager::setTheme(int theme)
       QApplication::setStyle(new HostQtStyle(QApplication::style()->objectName()));
     QApplication::setPalette(m_theme == Dark ? darkPalette() : lightPalette());
   }
-  emit themeChanged(m_theme);
+  Q_EMIT themeChanged(m_theme);
 }
 
 HostQtStyleManager* hostGetQtStyleManager()

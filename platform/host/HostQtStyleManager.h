@@ -20,7 +20,7 @@ public:
   /** Switches the theme and, when an application exists, its palette; the application's style is wrapped in HostQtStyle. */
   void setTheme(int theme);
 
-signals:
+Q_SIGNALS:
   void themeChanged(int theme);
 
 private:

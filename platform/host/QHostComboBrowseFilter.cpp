@@ -248,10 +248,10 @@ void QHostComboBrowseFilter::announce(int index)
   // Receivers write to the host, which may throw; nothing of theirs may cross Qt's event loop.
   try
   {
-    emit combo->activated(index);
+    Q_EMIT combo->activated(index);
     // A receiver may have deleted the combo, and this filter with it.
     if (combo)
-      emit combo->textActivated(text);
+      Q_EMIT combo->textActivated(text);
   }
   catch (const std::exception& error)
   {

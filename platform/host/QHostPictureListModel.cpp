@@ -58,7 +58,7 @@ void QHostPictureListModel::setPicture(int row, const QIcon& picture)
     return;
   m_entries[row].picture = picture;
   const QModelIndex changed = index(row, 0);
-  emit dataChanged(changed, changed, {Qt::DecorationRole});
+  Q_EMIT dataChanged(changed, changed, {Qt::DecorationRole});
 }
 
 } // namespace host_qt_ui

@@ -119,7 +119,7 @@ void QHostUiArrowHeadComboBox::onOwnActivated(int index)
     }
     const int picked = setSelected(id);
     if (picked >= 0)
-      emit activated(picked);
+      Q_EMIT activated(picked);
     else
       setCurrentIndex(before);
   });

@@ -253,7 +253,7 @@ void QHostUiColorComboBox::runChooser(bool announce)
   }
   const int index = setSelectedColor(color);
   if (announce && index >= 0)
-    emit activated(index);
+    Q_EMIT activated(index);
 }
 
 } // namespace host_qt_ui

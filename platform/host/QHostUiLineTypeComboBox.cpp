@@ -160,7 +160,7 @@ void QHostUiLineTypeComboBox::onOwnActivated(int index)
       return;
     const int shown = setSelectedLineType(id);
     if (shown >= 0)
-      emit activated(shown);
+      Q_EMIT activated(shown);
   });
 }
 

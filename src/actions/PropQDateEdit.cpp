@@ -1,7 +1,7 @@
 #include "PropQDateEdit.h"
 
-#include "PropUiTexts.h"
-#include "PropUiThemeColors.h"
+#include "PropUiTexts_p.h"
+#include "PropUiThemeColors_p.h"
 
 #include <QCoreApplication>
 #include <QEvent>
@@ -90,7 +90,7 @@ void PropQDateEdit::focusInEvent(QFocusEvent* event)
 {
   QDateEdit::focusInEvent(event);
   if (event->reason() == Qt::PopupFocusReason)
-    emit returnedFromPopup();
+    Q_EMIT returnedFromPopup();
 }
 
 // The sections of a date edit take a date only in its display format, one
@@ -136,7 +136,7 @@ void PropQDateEdit::finishTyping()
   }
   setDate(date());
   if (!typed.isEmpty())
-    emit typedDateRefused(typed);
+    Q_EMIT typedDateRefused(typed);
 }
 
 QDate PropQDateEdit::dateFromTyped(const QString& text) const

@@ -29,7 +29,7 @@ public:
   /** The user is typing a date that has not been read yet. */
   bool isTyping() const { return m_typing; }
 
-signals:
+Q_SIGNALS:
   /** A typed text that is no possible date was dropped as the edit ended. */
   void typedDateRefused(const QString& text);
   /** The focus came back from a popup: the calendar, or the edit's menu. */

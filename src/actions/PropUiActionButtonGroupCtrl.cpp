@@ -2,8 +2,8 @@
 
 #include "PropAction.h"
 #include "PropBag.h"
-#include "PropUiActionButtonWidth.h"
-#include "PropUiButtonRow.h"
+#include "PropUiActionButtonWidth_p.h"
+#include "PropUiButtonRow_p.h"
 #include <QAbstractButton>
 #include <QEvent>
 #include <QButtonGroup>

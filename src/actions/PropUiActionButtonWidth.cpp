@@ -1,4 +1,4 @@
-#include "PropUiActionButtonWidth.h"
+#include "PropUiActionButtonWidth_p.h"
 
 #include "HostQtStyleManager.h"
 #include "PropUiIcons.h"

@@ -2,9 +2,9 @@
 
 #include "OdStringQt.h"
 #include "PropAction.h"
-#include "PropUiActionButtonWidth.h"
-#include "PropUiButtonRow.h"
-#include "PropUiTextCaption.h"
+#include "PropUiActionButtonWidth_p.h"
+#include "PropUiButtonRow_p.h"
+#include "PropUiTextCaption_p.h"
 #include "PropUiQIcon.h"
 #include <QPushButton>
 

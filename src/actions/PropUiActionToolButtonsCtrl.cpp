@@ -1,7 +1,7 @@
 #include "PropUiActionToolButtonsCtrl.h"
 
 #include "PropAction.h"
-#include "PropUiActionButtonWidth.h"
+#include "PropUiActionButtonWidth_p.h"
 #include "PropUiQAction.h"
 #include "PropUiQIcon.h"
 #include <QToolButton>

@@ -1,20 +1,19 @@
-#include "PropUiActionsContextMenu.h"
+#include "PropUiActionsContextMenu_p.h"
 
 #include "PropAction.h"
 #include "PropBag.h"
 #include "PropUiQAction.h"
 #include "PropUiQControl.h"
-#include "PropUiRefresh.h"
+#include "PropUiRefresh_p.h"
+#include "PropWidgetsLogging_p.h"
 #include <QAbstractSpinBox>
 #include <QCoreApplication>
 #include <QContextMenuEvent>
 #include <QLineEdit>
-#include <QLoggingCategory>
 #include <QMenu>
 #include <QPlainTextEdit>
 #include <QPointer>
 #include <QTextEdit>
-#include <exception>
 
 namespace
 {
@@ -109,13 +108,9 @@ QMenu* PropUiActionsContextMenu::popup(PropUiQControl* owner, QWidget* widget, c
       if (guarded->propBag()->executeAction(guarded->itemIndex(), mirror->getPropAction()) && guarded)
         propui::refreshQuietly(guarded);
     }
-    catch (const std::exception& e)
-    {
-      qWarning("PropWidgets: an action of the context menu failed: %s", e.what());
-    }
     catch (...)
     {
-      qWarning("PropWidgets: an action of the context menu failed");
+      propui::warnCaught("an action of the context menu failed");
     }
   });
   menu->popup(globalPos);

@@ -1,11 +1,11 @@
-#include "PropUiBoolBox.h"
+#include "PropUiBoolBox_p.h"
 
 #include "OdStringQt.h"
 #include "PropBag.h"
 #include "PropUiOptions.h"
 #include "PropUiActionToolButtonsCtrl.h"
 #include "PropUiQControl.h"
-#include "PropUiTextCaption.h"
+#include "PropUiTextCaption_p.h"
 #include "QHostCheckBox.h"
 #include <QApplication>
 #include <QHBoxLayout>

@@ -3,8 +3,8 @@
 #include "OdStringQt.h"
 #include "PropBag.h"
 #include "PropUiQIcon.h"
-#include "PropUiButtonRow.h"
-#include "PropUiTextCaption.h"
+#include "PropUiButtonRow_p.h"
+#include "PropUiTextCaption_p.h"
 #include <QAbstractButton>
 #include <QButtonGroup>
 #include <QHBoxLayout>

@@ -1,4 +1,4 @@
-#include "PropUiButtonRow.h"
+#include "PropUiButtonRow_p.h"
 
 #include "PropUiCollectorFocusPolicyFilter.h"
 #include "PropUiQControl.h"

@@ -2,9 +2,9 @@
 
 #include "OdStringQt.h"
 #include "PropAction.h"
-#include "PropUiActionButtonWidth.h"
+#include "PropUiActionButtonWidth_p.h"
 #include "PropUiQIcon.h"
-#include "PropUiTextCaption.h"
+#include "PropUiTextCaption_p.h"
 
 PropUiQAction::PropUiQAction(QObject* parent) : QAction(parent) {}
 

@@ -3,7 +3,7 @@
 #include "PropAction.h"
 #include "PropBag.h"
 #include "PropUiQAction.h"
-#include "PropUiRefresh.h"
+#include "PropUiRefresh_p.h"
 #include <QHBoxLayout>
 #include <QToolBar>
 

@@ -1,7 +1,7 @@
 #include "PropUiQButtons3x3Ctrl.h"
 
-#include "PropUiButtonRow.h"
-#include "PropUiTextCaption.h"
+#include "PropUiButtonRow_p.h"
+#include "PropUiTextCaption_p.h"
 #include "PropUiCollectorFocusPolicyFilter.h"
 
 #include "OdError.h"

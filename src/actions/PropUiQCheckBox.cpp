@@ -1,7 +1,7 @@
 #include "PropUiQCheckBox.h"
 
 #include "PropBag.h"
-#include "PropUiBoolBox.h"
+#include "PropUiBoolBox_p.h"
 
 PropUiQCheckBox::PropUiQCheckBox(QWidget* parent) : PropUiQControl(parent) {}
 

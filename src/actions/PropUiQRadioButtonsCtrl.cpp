@@ -1,8 +1,8 @@
 #include "PropUiQRadioButtonsCtrl.h"
 
 #include "OdStringQt.h"
-#include "PropUiButtonRow.h"
-#include "PropUiTextCaption.h"
+#include "PropUiButtonRow_p.h"
+#include "PropUiTextCaption_p.h"
 #include <QRadioButton>
 
 PropUiQRadioButtonsCtrl::PropUiQRadioButtonsCtrl(QWidget* parent) : PropUiButtonGroupCtrl(parent) {}

@@ -1,7 +1,7 @@
 #include "PropUiQSwitchBox.h"
 
 #include "PropBag.h"
-#include "PropUiBoolBox.h"
+#include "PropUiBoolBox_p.h"
 
 PropUiQSwitchBox::PropUiQSwitchBox(QWidget* parent) : PropUiQControl(parent) {}
 

@@ -1,7 +1,7 @@
 #include "PropUiQTextCheckBox.h"
 
-#include "PropUiTextCaption.h"
-#include "PropUiTexts.h"
+#include "PropUiTextCaption_p.h"
+#include "PropUiTexts_p.h"
 
 PropUiQTextCheckBox::PropUiQTextCheckBox(QWidget* parent) : PropUiQCheckBox(parent) {}
 

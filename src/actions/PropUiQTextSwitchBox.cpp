@@ -1,7 +1,7 @@
 #include "PropUiQTextSwitchBox.h"
 
-#include "PropUiTextCaption.h"
-#include "PropUiTexts.h"
+#include "PropUiTextCaption_p.h"
+#include "PropUiTexts_p.h"
 
 PropUiQTextSwitchBox::PropUiQTextSwitchBox(QWidget* parent) : PropUiQSwitchBox(parent) {}
 

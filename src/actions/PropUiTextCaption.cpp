@@ -1,4 +1,4 @@
-#include "PropUiTextCaption.h"
+#include "PropUiTextCaption_p.h"
 
 #include "OdStringQt.h"
 #include "PropBag.h"

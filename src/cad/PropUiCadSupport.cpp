@@ -1,4 +1,4 @@
-#include "PropUiCadSupport.h"
+#include "PropUiCadSupport_p.h"
 
 #include "OdStringQt.h"
 #include "PropBag.h"

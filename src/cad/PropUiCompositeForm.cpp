@@ -1,4 +1,4 @@
-#include "PropUiCompositeForm.h"
+#include "PropUiCompositeForm_p.h"
 
 #include "OdStringQt.h"
 #include "PropBag.h"

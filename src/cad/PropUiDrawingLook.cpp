@@ -1,11 +1,11 @@
-#include "PropUiDrawingLook.h"
+#include "PropUiDrawingLook_p.h"
 
 #include "OdDbDatabase.h"
 #include "OdDbLayerTableRecord.h"
 #include "OdDbLinetypeTableRecord.h"
 #include "OdStringQt.h"
 #include "PropBag.h"
-#include "PropUiCadSupport.h"
+#include "PropUiCadSupport_p.h"
 #include "PropUiGuids.h"
 #include "PropUiQLayerCtrl.h"
 #include "PropVariantConversions.h"

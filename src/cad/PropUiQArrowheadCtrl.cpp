@@ -1,7 +1,7 @@
 #include "PropUiQArrowheadCtrl.h"
 
 #include "PropBag.h"
-#include "PropUiCadPicker.h"
+#include "PropUiCadPicker_p.h"
 #include "PropVariantConversions.h"
 #include "QHostUiArrowHeadComboBox.h"
 

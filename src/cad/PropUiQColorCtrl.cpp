@@ -2,9 +2,9 @@
 
 #include "PropBag.h"
 #include "PropUiActionToolButtonsCtrl.h"
-#include "PropUiCadPicker.h"
-#include "PropUiCadSupport.h"
-#include "PropUiDrawingLook.h"
+#include "PropUiCadPicker_p.h"
+#include "PropUiCadSupport_p.h"
+#include "PropUiDrawingLook_p.h"
 #include "PropVariantConversions.h"
 #include "QHostUiColorComboBox.h"
 #include "hostColors.h"

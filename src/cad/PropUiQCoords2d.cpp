@@ -1,9 +1,9 @@
 #include "PropUiQCoords2d.h"
 
 #include "PropBag.h"
-#include "PropUiCompositeForm.h"
+#include "PropUiCompositeForm_p.h"
 #include "PropUiQDistanceCtrl.h"
-#include "PropUiRefresh.h"
+#include "PropUiRefresh_p.h"
 #include "QHostSpinBox.h"
 #include <QFormLayout>
 

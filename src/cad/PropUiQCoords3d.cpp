@@ -2,9 +2,9 @@
 
 #include "PropBag.h"
 #include "PropUiActionToolButtonsCtrl.h"
-#include "PropUiCompositeForm.h"
+#include "PropUiCompositeForm_p.h"
 #include "PropUiQDistanceCtrl.h"
-#include "PropUiRefresh.h"
+#include "PropUiRefresh_p.h"
 #include "QHostSpinBox.h"
 #include <QFormLayout>
 #include <QHBoxLayout>

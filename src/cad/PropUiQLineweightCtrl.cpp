@@ -1,8 +1,8 @@
 #include "PropUiQLineweightCtrl.h"
 
 #include "PropBag.h"
-#include "PropUiCadPicker.h"
-#include "PropUiDrawingLook.h"
+#include "PropUiCadPicker_p.h"
+#include "PropUiDrawingLook_p.h"
 #include "PropVariantConversions.h"
 #include "QHostUiLineWeightComboBox.h"
 

@@ -2,10 +2,10 @@
 
 #include "PropBag.h"
 #include "PropItemType.h"
-#include "PropUiCompositeForm.h"
+#include "PropUiCompositeForm_p.h"
 #include "PropUiQFormatter.h"
-#include "PropUiReactorProbe.h"
-#include "PropUiVariantConverter.h"
+#include "PropUiReactorProbe_p.h"
+#include "PropUiVariantConverter_p.h"
 #include "QHostItemControlDelegate.h"
 #include "hostPropEditorReactor.h"
 #include <QItemSelectionModel>

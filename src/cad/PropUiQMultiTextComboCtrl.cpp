@@ -2,9 +2,9 @@
 
 #include "OdStringQt.h"
 #include "PropBag.h"
-#include "PropUiCompositeForm.h"
-#include "PropUiTexts.h"
-#include "PropUiVariantConverter.h"
+#include "PropUiCompositeForm_p.h"
+#include "PropUiTexts_p.h"
+#include "PropUiVariantConverter_p.h"
 #include "QHostComboBox.h"
 #include <QAbstractItemView>
 #include <QHBoxLayout>

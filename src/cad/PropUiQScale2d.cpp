@@ -1,10 +1,10 @@
 #include "PropUiQScale2d.h"
 
 #include "PropBag.h"
-#include "PropUiCompositeForm.h"
+#include "PropUiCompositeForm_p.h"
 #include "PropUiIcons.h"
 #include "PropUiQScaleElementCtrl.h"
-#include "PropUiRefresh.h"
+#include "PropUiRefresh_p.h"
 #include <QFormLayout>
 #include <QHBoxLayout>
 #include <QLineEdit>

@@ -32,6 +32,6 @@ bool PropUiQScaleElementCtrl::applyData()
     return false;
   }
   confirmEdit(parsed, evaluated);
-  emit uniformWritten();
+  Q_EMIT uniformWritten();
   return true;
 }

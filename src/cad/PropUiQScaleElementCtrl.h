@@ -19,7 +19,7 @@ public:
   bool isNonUniform() const { return m_nonUniform; }
   void setNonUniform(bool nonUniform) { m_nonUniform = nonUniform; }
 
-signals:
+Q_SIGNALS:
   /** Both numbers were written: the other element shows a stale number until it is read again. */
   void uniformWritten();
 

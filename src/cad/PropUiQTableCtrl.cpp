@@ -2,9 +2,9 @@
 
 #include "OdStringQt.h"
 #include "PropBag.h"
-#include "PropUiCompositeForm.h"
+#include "PropUiCompositeForm_p.h"
 #include "PropUiQStringTableModel.h"
-#include "PropUiTexts.h"
+#include "PropUiTexts_p.h"
 #include <QHeaderView>
 #include <QVBoxLayout>
 

@@ -1,4 +1,4 @@
-#include "PropUiReactorProbe.h"
+#include "PropUiReactorProbe_p.h"
 
 #include <cstddef>
 #include <cstring>

@@ -1,4 +1,4 @@
-#include "PropUiVariantConverter.h"
+#include "PropUiVariantConverter_p.h"
 
 #include "OdStringQt.h"
 #include <QStringList>

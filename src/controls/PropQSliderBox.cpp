@@ -1,6 +1,6 @@
 #include "PropQSliderBox.h"
 
-#include "PropUiTexts.h"
+#include "PropUiTexts_p.h"
 #include <cmath>
 #include <QKeyEvent>
 #include <QPair>
@@ -201,5 +201,5 @@ void PropQSliderBox::finishKeyboardEdit()
     return;
   m_keyboardMoved = false;
   update();
-  emit keyboardEditFinished();
+  Q_EMIT keyboardEditFinished();
 }

@@ -43,7 +43,7 @@ public:
   /** The text colour if it reads at 4.5:1 on the background, else black or white, whichever reads better. */
   static QColor readableOn(const QColor& background, const QColor& text);
 
-signals:
+Q_SIGNALS:
   /** The keys that moved the value are all released (or the focus left while they were held). */
   void keyboardEditFinished();
 

@@ -1,7 +1,7 @@
 #include "PropQSpinBox.h"
 
-#include "PropUiTexts.h"
-#include "PropUiThemeColors.h"
+#include "PropUiTexts_p.h"
+#include "PropUiThemeColors_p.h"
 
 #include <QEvent>
 #include <QFocusEvent>

@@ -1,12 +1,13 @@
-#include "PropUiAccessibility.h"
+#include "PropUiAccessibility_p.h"
 
 #include "OdStringQt.h"
-#include "PropUiAccessibleCheckBox.h"
-#include "PropUiAccessibleComboBox.h"
+#include "PropUiAccessibleCheckBox_p.h"
+#include "PropUiAccessibleComboBox_p.h"
 #include "PropBag.h"
 #include "PropUiQControl.h"
 #include "PropUiQLabel.h"
-#include "PropUiTexts.h"
+#include "PropUiTexts_p.h"
+#include "PropWidgetsLogging_p.h"
 #include <QAbstractButton>
 #include <QAbstractSpinBox>
 #include <QCheckBox>
@@ -20,7 +21,6 @@
 #include <QTextEdit>
 #include <QVariant>
 #include <algorithm>
-#include <exception>
 
 namespace
 {
@@ -227,14 +227,9 @@ void PropUiAccessibility::update()
     {
       readTexts();
     }
-    catch (const std::exception& error)
-    {
-      qWarning("PropWidgets: the item's caption could not be read (%s)", error.what());
-      return;
-    }
     catch (...)
     {
-      qWarning("PropWidgets: the item's caption could not be read");
+      propui::warnCaught("the item's caption could not be read");
       return;
     }
   }

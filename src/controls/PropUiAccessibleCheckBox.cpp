@@ -1,4 +1,4 @@
-#include "PropUiAccessibleCheckBox.h"
+#include "PropUiAccessibleCheckBox_p.h"
 
 #include "QHostCheckBox.h"
 #include <QCheckBox>

@@ -1,4 +1,4 @@
-#include "PropUiAccessibleComboBox.h"
+#include "PropUiAccessibleComboBox_p.h"
 
 #include "PropUiQControl.h"
 #include <QAbstractItemView>

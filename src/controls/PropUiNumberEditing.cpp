@@ -1,4 +1,4 @@
-#include "PropUiNumberEditing.h"
+#include "PropUiNumberEditing_p.h"
 
 #include "PropMathValidator.h"
 #include "PropUiQLineEdit.h"

@@ -1,6 +1,6 @@
 #include "PropUiQAngleCtrl.h"
 
-#include "PropUiNumberEditing.h"
+#include "PropUiNumberEditing_p.h"
 
 PropUiQAngleCtrl::PropUiQAngleCtrl(QWidget* parent) : PropUiQLineEdit(parent) {}
 

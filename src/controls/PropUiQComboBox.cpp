@@ -8,7 +8,7 @@
 #include "PropUiGuids.h"
 #include "PropUiOptions.h"
 #include "PropUiQFormatter.h"
-#include "PropUiTexts.h"
+#include "PropUiTexts_p.h"
 #include "QHostComboBrowseFilter.h"
 #include <QDoubleValidator>
 #include <QHBoxLayout>

@@ -1,11 +1,11 @@
 #include "PropUiQControl.h"
 
 #include "HostDocManager.h"
-#include "PropUiAccessibility.h"
+#include "PropUiAccessibility_p.h"
 #include "PropBag.h"
 #include "PropUiOptions.h"
 #include "PropUiActionToolButtonsCtrl.h"
-#include "PropUiActionsContextMenu.h"
+#include "PropUiActionsContextMenu_p.h"
 #include "PropUiCommonToolTipFilter.h"
 #include "PropUiEditCommitFilter.h"
 #include "PropUiFocusReactorFilter.h"

@@ -1,6 +1,6 @@
 #include "PropUiQDistanceCtrl.h"
 
-#include "PropUiNumberEditing.h"
+#include "PropUiNumberEditing_p.h"
 
 PropUiQDistanceCtrl::PropUiQDistanceCtrl(QWidget* parent) : PropUiQLineEdit(parent) {}
 

@@ -1,6 +1,6 @@
 #include "PropUiQDoubleCtrl.h"
 
-#include "PropUiNumberEditing.h"
+#include "PropUiNumberEditing_p.h"
 
 PropUiQDoubleCtrl::PropUiQDoubleCtrl(QWidget* parent) : PropUiQLineEdit(parent) {}
 

@@ -4,7 +4,7 @@
 #include "PropUiActionToolButtonsCtrl.h"
 #include "PropUiEditCommitFilter.h"
 #include "PropUiElidedLineEditFilter.h"
-#include "PropUiTexts.h"
+#include "PropUiTexts_p.h"
 #include "PropUiTypedNumber_p.h"
 #include <QHBoxLayout>
 #include "OdStringQt.h"

@@ -6,8 +6,8 @@
 #include "PropUiActionToolButtonsCtrl.h"
 #include "PropUiEditCommitFilter.h"
 #include "PropUiElidedLineEditFilter.h"
-#include "PropUiNumberEditing.h"
-#include "PropUiTexts.h"
+#include "PropUiNumberEditing_p.h"
+#include "PropUiTexts_p.h"
 #include "PropUiTypedNumber_p.h"
 #include "QHostLineEdit.h"
 #include <QCoreApplication>

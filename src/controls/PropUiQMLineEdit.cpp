@@ -4,7 +4,7 @@
 #include "PropBag.h"
 #include "PropItemType.h"
 #include "PropUiQLabel.h"
-#include "PropUiRefresh.h"
+#include "PropUiRefresh_p.h"
 #include "QHostSpinBox.h"
 #include "hostPropEditorReactor.h"
 #include <QFormLayout>

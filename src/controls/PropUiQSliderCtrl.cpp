@@ -3,7 +3,7 @@
 #include "HostVisualManager.h"
 #include "PropBag.h"
 #include "PropUiActionToolButtonsCtrl.h"
-#include "PropUiThemeColors.h"
+#include "PropUiThemeColors_p.h"
 #include <QHBoxLayout>
 #include <limits>
 

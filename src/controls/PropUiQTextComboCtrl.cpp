@@ -3,7 +3,7 @@
 #include "OdStringQt.h"
 #include "PropBag.h"
 #include "PropMathValidator.h"
-#include "PropUiNumberEditing.h"
+#include "PropUiNumberEditing_p.h"
 #include "PropUiEditCommitFilter.h"
 #include "PropUiElidedLineEditFilter.h"
 #include "QHostLineEdit.h"

@@ -1,9 +1,7 @@
-#include "PropUiRefresh.h"
+#include "PropUiRefresh_p.h"
 
-#include "OdError.h"
 #include "PropUiQWidget.h"
-#include <QDebug>
-#include <exception>
+#include "PropWidgetsLogging_p.h"
 
 namespace propui
 {
@@ -16,17 +14,9 @@ void refreshQuietly(PropUiQWidget* control)
   {
     control->updateData();
   }
-  catch (const OdError& error)
-  {
-    qWarning("PropWidgets: a control could not show its item (platform error %d)", int(error.code()));
-  }
-  catch (const std::exception& error)
-  {
-    qWarning("PropWidgets: a control could not show its item (%s)", error.what());
-  }
   catch (...)
   {
-    qWarning("PropWidgets: a control could not show its item");
+    warnCaught("a control could not show its item");
   }
 }
 

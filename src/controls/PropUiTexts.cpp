@@ -1,4 +1,4 @@
-#include "PropUiTexts.h"
+#include "PropUiTexts_p.h"
 
 QString PropUiTexts::varies()
 {

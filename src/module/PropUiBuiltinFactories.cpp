@@ -1,4 +1,4 @@
-#include "PropUiBuiltinFactories.h"
+#include "PropUiBuiltinFactories_p.h"
 
 #include "PropUiActionPushButtonsCtrl.h"
 #include "PropUiActionToolButtonsCtrl.h"
@@ -7,7 +7,7 @@
 #include "PropUiQLayerCtrl.h"
 #include "PropUiQLinetypeCtrl.h"
 #include "PropUiQLineweightCtrl.h"
-#include "PropUiFactories.h"
+#include "PropUiFactories_p.h"
 #include "PropUiGuids.h"
 #include "PropUiQAngleCtrl.h"
 #include "PropUiQButtons3x3Ctrl.h"

@@ -1,7 +1,7 @@
 #include "PropWidgetsModule.h"
 
 #include "OdRxDictionary.h"
-#include "PropUiBuiltinFactories.h"
+#include "PropUiBuiltinFactories_p.h"
 
 ODRX_DEFINE_DYNAMIC_MODULE(PropWidgetsModule)
 

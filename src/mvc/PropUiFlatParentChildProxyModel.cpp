@@ -217,7 +217,7 @@ void PropUiFlatParentChildProxyModel::onRowsRemoved()
 
 void PropUiFlatParentChildProxyModel::onLayoutAboutToBeChanged()
 {
-  emit layoutAboutToBeChanged();
+  Q_EMIT layoutAboutToBeChanged();
   m_layoutProxyIndexes = persistentIndexList();
   m_layoutSourceIndexes.clear();
   for (const QModelIndex& proxyIndex : qAsConst(m_layoutProxyIndexes))
@@ -234,7 +234,7 @@ void PropUiFlatParentChildProxyModel::onLayoutChanged()
   changePersistentIndexList(m_layoutProxyIndexes, moved);
   m_layoutProxyIndexes.clear();
   m_layoutSourceIndexes.clear();
-  emit layoutChanged();
+  Q_EMIT layoutChanged();
 }
 
 void PropUiFlatParentChildProxyModel::onDataChanged(const QModelIndex& topLeft, const QModelIndex& bottomRight,
@@ -249,12 +249,12 @@ void PropUiFlatParentChildProxyModel::onDataChanged(const QModelIndex& topLeft, 
   if (range.second <= range.first)
     return;
   // Item rows are not contiguous here: the element rows between them are reported too, which costs a repaint only.
-  emit dataChanged(index(range.first, topLeft.column()), index(range.second - 1, bottomRight.column()), roles);
+  Q_EMIT dataChanged(index(range.first, topLeft.column()), index(range.second - 1, bottomRight.column()), roles);
 }
 
 void PropUiFlatParentChildProxyModel::onHeaderDataChanged(Qt::Orientation orientation, int first, int last)
 {
   // Rows are renumbered here, so only the column headers keep their meaning.
   if (orientation == Qt::Horizontal)
-    emit headerDataChanged(orientation, first, last);
+    Q_EMIT headerDataChanged(orientation, first, last);
 }

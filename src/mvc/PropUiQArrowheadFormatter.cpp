@@ -2,7 +2,7 @@
 
 #include "hostDbPropBagCtx.h"
 #include "PropBag.h"
-#include "PropUiObjectIdIcons.h"
+#include "PropUiObjectIdIcons_p.h"
 #include "PropVariantConversions.h"
 
 PropUiQArrowheadFormatter::PropUiQArrowheadFormatter(QObject* parent)

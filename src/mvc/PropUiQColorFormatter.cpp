@@ -1,6 +1,6 @@
 #include "PropUiQColorFormatter.h"
 
-#include "PropUiDrawingLook.h"
+#include "PropUiDrawingLook_p.h"
 #include "PropVariantConversions.h"
 
 PropUiQColorFormatter::PropUiQColorFormatter(QObject* parent) : PropUiQDefaultFormatter(parent) {}

@@ -1,6 +1,7 @@
 #include "PropUiQControlDelegate.h"
 
 #include "PropUiQControl.h"
+#include "PropWidgetsLogging_p.h"
 #include <QApplication>
 #include <QPainter>
 #include <algorithm>
@@ -78,6 +79,7 @@ void PropUiQControlDelegate::refreshEditorData(QWidget* editor)
   }
   catch (...)
   {
+    propui::warnCaught("a cell's editor could not show its item");
   }
 }
 
@@ -93,6 +95,7 @@ void PropUiQControlDelegate::placeEditor(QWidget* editor, const QStyleOptionView
     }
     catch (...)
     {
+      propui::warnCaught("a cell's editor could not be set up");
     }
   }
   editor->setGeometry(option.rect);

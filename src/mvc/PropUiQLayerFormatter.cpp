@@ -1,7 +1,7 @@
 #include "PropUiQLayerFormatter.h"
 
-#include "PropUiDrawingLook.h"
-#include "PropUiObjectIdIcons.h"
+#include "PropUiDrawingLook_p.h"
+#include "PropUiObjectIdIcons_p.h"
 
 PropUiQLayerFormatter::PropUiQLayerFormatter(QObject* parent) : PropUiQDefaultFormatter(parent) {}
 

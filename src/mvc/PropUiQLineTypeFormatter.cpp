@@ -2,8 +2,8 @@
 
 #include "hostDbPropBagCtx.h"
 #include "PropBag.h"
-#include "PropUiDrawingLook.h"
-#include "PropUiObjectIdIcons.h"
+#include "PropUiDrawingLook_p.h"
+#include "PropUiObjectIdIcons_p.h"
 
 PropUiQLineTypeFormatter::PropUiQLineTypeFormatter(QObject* parent)
   : PropUiQDefaultFormatter(parent), m_list(new host_qt_ui::QHostLineTypeListModel(this))

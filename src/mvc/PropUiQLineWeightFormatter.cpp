@@ -1,7 +1,7 @@
 #include "PropUiQLineWeightFormatter.h"
 
 #include "PropBag.h"
-#include "PropUiDrawingLook.h"
+#include "PropUiDrawingLook_p.h"
 #include "PropVariantConversions.h"
 #include "hostDbPropBagCtx.h"
 

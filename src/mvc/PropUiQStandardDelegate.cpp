@@ -5,6 +5,7 @@
 #include "PropUiQControl.h"
 #include "PropUiQStandardFormatter.h"
 #include "PropUiRegistry.h"
+#include "PropWidgetsLogging_p.h"
 
 namespace
 {
@@ -126,6 +127,7 @@ QWidget* PropUiQStandardDelegate::createEditor(QWidget* parent, const QStyleOpti
   catch (...)
   {
     // A control that cannot show its item (it rejects what the bag lists) opens no editor.
+    propui::warnCaught("a cell's editor could not show its item");
     delete control;
     return nullptr;
   }

@@ -46,7 +46,7 @@ bool PropUiQStringTableModel::setData(const QModelIndex& index, const QVariant& 
   while (m_cells.size() <= cell)
     m_cells.append(QString());
   m_cells[cell] = value.toString();
-  emit dataChanged(index, index, {Qt::DisplayRole, Qt::EditRole});
+  Q_EMIT dataChanged(index, index, {Qt::DisplayRole, Qt::EditRole});
   return true;
 }
 
@@ -116,8 +116,8 @@ void PropUiQStringTableModel::setCells(const QStringList& cells, int rows, int c
   if (top > bottom)
     return;
   const bool oneRow = top == bottom;
-  emit dataChanged(index(top, oneRow ? first % m_columns : 0), index(bottom, oneRow ? last % m_columns : m_columns - 1),
-                   {Qt::DisplayRole, Qt::EditRole});
+  Q_EMIT dataChanged(index(top, oneRow ? first % m_columns : 0), index(bottom, oneRow ? last % m_columns : m_columns - 1),
+                     {Qt::DisplayRole, Qt::EditRole});
 }
 
 void PropUiQStringTableModel::setHeaders(const QStringList& labels, Qt::Orientation orientation)
@@ -127,7 +127,7 @@ void PropUiQStringTableModel::setHeaders(const QStringList& labels, Qt::Orientat
     held = labels;
   const int last = (orientation == Qt::Horizontal ? m_rows : m_columns) - 1;
   if (last >= 0)
-    emit headerDataChanged(orientation, 0, last);
+    Q_EMIT headerDataChanged(orientation, 0, last);
 }
 
 QStringList PropUiQStringTableModel::headers(Qt::Orientation orientation) const

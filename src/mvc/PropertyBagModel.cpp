@@ -2,10 +2,10 @@
 
 #include "OdStringQt.h"
 #include "PropBag.h"
-#include "PropUiDrawingLook.h"
+#include "PropUiDrawingLook_p.h"
 #include "PropUiOptions.h"
 #include "PropUiQFormatter.h"
-#include "PropUiTexts.h"
+#include "PropUiTexts_p.h"
 #include <QIcon>
 #include <algorithm>
 #include <vector>
@@ -197,13 +197,13 @@ void PropertyBagModel::itemChanged(int item)
     for (int i = 0; i < d->items(); ++i)
       d->followElementCount(i);
     if (d->items() > 0)
-      emit dataChanged(index(0, 0), index(d->items() - 1, 1), kChangedRoles);
+      Q_EMIT dataChanged(index(0, 0), index(d->items() - 1, 1), kChangedRoles);
     return;
   }
   if (item < 0 || item >= d->items())
     return;
   d->followElementCount(item);
-  emit dataChanged(index(item, 0), index(item, 1), kChangedRoles);
+  Q_EMIT dataChanged(index(item, 0), index(item, 1), kChangedRoles);
 }
 
 QVariant PropertyBagModel::data(const QModelIndex& index, int role) const

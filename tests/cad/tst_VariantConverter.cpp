@@ -1,5 +1,5 @@
 #include "OdStringQt.h"
-#include "PropUiVariantConverter.h"
+#include "PropUiVariantConverter_p.h"
 #include <QDate>
 #include <QtTest>
 

@@ -1,10 +1,9 @@
 #pragma once
 
-// Between Qt's values and the property system's; not part of the library's API
-// (exported only so that the library's own tests can reach it).
+// Between Qt's values and the property system's; not part of the library's API.
 
 #include "PropVariant.h"
-#include "PropWidgetsExport.h"
+#include "PropWidgetsExport_p.h"
 #include <QVariant>
 
 /**
@@ -25,7 +24,7 @@
  * 16-bit array, so a list of shorts becomes a 32-bit array. Values that vary,
  * carry no data or have a kind outside the table have no Qt form.
  */
-class PROPWIDGETS_EXPORT PropUiVariantConverter
+class PROPWIDGETS_TEST_EXPORT PropUiVariantConverter
 {
 public:
   /** The Qt form of the value; invalid when it has none. */

@@ -6,7 +6,7 @@
 
 #include "OdStringQt.h"
 #include "PropUiActionToolButtonsCtrl.h"
-#include "PropUiCadSupport.h"
+#include "PropUiCadSupport_p.h"
 #include "PropUiQComboBox.h"
 #include "hostDbPropBagCtx.h"
 #include <QHBoxLayout>
