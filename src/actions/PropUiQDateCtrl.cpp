@@ -125,7 +125,7 @@ bool PropUiQDateCtrl::applyData()
 {
   if (!m_bag || !m_dateEdit || m_dateEdit->date() == m_lastDate)
     return false;
-  const ApplyingScope applying(this);
+  const WriteScope applying(this);
   if (!applying.entered())
     return false;
   PropVariant value;

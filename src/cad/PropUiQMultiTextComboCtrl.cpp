@@ -356,7 +356,7 @@ bool PropUiQMultiTextComboCtrl::applyData()
 
 void PropUiQMultiTextComboCtrl::onPopupClosed()
 {
-  const ApplyingScope applying(this);
+  const WriteScope applying(this);
   if (applying.entered())
     applyData();
 }

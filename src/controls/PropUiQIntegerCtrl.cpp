@@ -66,7 +66,7 @@ void PropUiQIntegerCtrl::updateData()
   if (!m_bag || !m_spinBox)
     return;
   // Setting the range or the value must not count as the user editing.
-  const ApplyingScope refreshing(this);
+  const WidgetUpdateScope refreshing(this);
   PropVariant min, max;
   if (m_bag->getRange(m_index, m_element, min, max))
     m_spinBox->setRange(min.getInt32(), max.getInt32());
@@ -156,7 +156,7 @@ bool PropUiQIntegerCtrl::takeTypedText(bool keepRefused)
 
 void PropUiQIntegerCtrl::onSpinBoxValueChanged(int)
 {
-  const ApplyingScope applying(this);
+  const WriteScope applying(this);
   // A step out of the varies state is a choice of value: write it now.
   // Typing waits for the edit to end, as it does for any value.
   if (applying.entered() && isVaries() && m_spinBox->isStepping())
@@ -165,7 +165,7 @@ void PropUiQIntegerCtrl::onSpinBoxValueChanged(int)
 
 void PropUiQIntegerCtrl::onEditingFinished()
 {
-  const ApplyingScope applying(this);
+  const WriteScope applying(this);
   if (applying.entered())
     applyData();
 }

@@ -161,7 +161,7 @@ void PropUiQLineEdit::confirmEdit(const PropVariant& written, bool evaluated)
 
 void PropUiQLineEdit::onEditingFinished()
 {
-  const ApplyingScope applying(this);
+  const WriteScope applying(this);
   if (applying.entered())
     applyData();
 }

@@ -102,7 +102,7 @@ void PropUiQSliderCtrl::onSliderReleased()
 {
   if (!m_bag || !m_slider)
     return;
-  const ApplyingScope applying(this);
+  const WriteScope applying(this);
   if (!applying.entered())
     return;
   PropVariant value;
