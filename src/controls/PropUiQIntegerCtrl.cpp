@@ -1,7 +1,6 @@
 #include "PropUiQIntegerCtrl.h"
 
 #include "PropBag.h"
-#include "PropUiActionToolButtonsCtrl.h"
 #include "PropUiEditCommitFilter.h"
 #include "PropUiElidedLineEditFilter.h"
 #include "PropUiTexts.h"
@@ -20,9 +19,7 @@ bool PropUiQIntegerCtrl::setupUi()
   PropUiQControl::setupUi();
   if (!m_bag)
     return false;
-  auto* layout = adoptLayout(new QHBoxLayout);
-  layout->setContentsMargins(0, 0, 0, 0);
-  layout->setSpacing(0);
+  auto* layout = setupRow();
   m_spinBox = new PropQSpinBox(this);
   m_spinBox->setObjectName(QStringLiteral("spinBox"));
   m_spinBox->disableMouseWheel(true);
@@ -48,16 +45,14 @@ bool PropUiQIntegerCtrl::setupUi()
   connect(m_spinBox.data(), &QAbstractSpinBox::editingFinished, this, &PropUiQIntegerCtrl::onEditingFinished);
   layout->addWidget(m_spinBox);
   connect(m_spinBox.data(), &QAbstractSpinBox::editingFinished, this, &PropUiQIntegerCtrl::onUpdateDisplay);
-  if (PropUiActionToolButtonsCtrl* toolbar = createActionsToolBar())
-    layout->addWidget(toolbar);
+  addActionsToolBar(layout);
   return true;
 }
 
 void PropUiQIntegerCtrl::updateUi()
 {
   PropUiQControl::updateUi();
-  if (m_bag && m_spinBox)
-    m_spinBox->setEnabled(m_bag->isEditable(m_index, m_element));
+  showEditable(m_spinBox);
 }
 
 void PropUiQIntegerCtrl::updateData()
