@@ -327,6 +327,22 @@ void PropUiQControl::showEditable(QWidget* editor)
     editor->setEnabled(editable);
 }
 
+void PropUiQControl::setTabStop(bool hasTarget)
+{
+  if (!hasTarget && focusPolicy() != Qt::NoFocus)
+  {
+    PropUiQControlPrivate* p = ensurePrivate();
+    p->lentFocusPolicy = focusPolicy();
+    p->focusWithdrawn = true;
+    setFocusPolicy(Qt::NoFocus);
+  }
+  else if (hasTarget && d && d->focusWithdrawn)
+  {
+    d->focusWithdrawn = false;
+    setFocusPolicy(d->lentFocusPolicy);
+  }
+}
+
 PropUiActionToolButtonsCtrl* PropUiQControl::createActionsToolBar()
 {
   if (m_actionsToolbar)

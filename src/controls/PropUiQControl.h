@@ -191,6 +191,11 @@ protected:
    * what the widgets signal now is not the user editing.
    */
   bool isApplying() const { return m_applying; }
+  /**
+   * Takes the control out of the Tab order while it has nothing to offer
+   * (a row without buttons), and gives it back the policy it had after.
+   */
+  void setTabStop(bool hasTarget);
 
   bool m_isPropertyElement = false;
   int m_index = -1;

@@ -31,6 +31,9 @@ public:
   /** From the start of the control's destruction on: no bag call may follow. */
   bool closing = false;
   bool setUp = false;
+  /** The policy the control had before setTabStop took it out of the Tab order. */
+  Qt::FocusPolicy lentFocusPolicy = Qt::NoFocus;
+  bool focusWithdrawn = false;
   /** Names and describes the focusable children for assistive technology. */
   PropUiAccessibility accessibility;
 };
