@@ -55,6 +55,8 @@ void PropUiActionButtonGroupCtrl::updateData()
     m_buttonGroup->setId(buttons[i], i);
   }
   m_actions = actions;
+  // Without actions there is nothing to press, and nothing to name: no Tab stop.
+  setTabStop(available > 0);
 }
 
 // A refresh measures a caption only when it changed; a new font or style

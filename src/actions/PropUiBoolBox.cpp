@@ -3,7 +3,6 @@
 #include "OdStringQt.h"
 #include "PropBag.h"
 #include "PropUiOptions.h"
-#include "PropUiActionToolButtonsCtrl.h"
 #include "PropUiQControl.h"
 #include "PropUiTextCaption_p.h"
 #include "QHostCheckBox.h"
@@ -47,9 +46,7 @@ namespace propui
 
 host_qt_ui_core::QHostCheckBox* buildCheckBox(PropUiQControl* control, bool switchMode)
 {
-  auto* layout = control->adoptLayout(new QHBoxLayout);
-  layout->setContentsMargins(0, 0, 0, 0);
-  layout->setSpacing(2);
+  auto* layout = control->setupRow(2);
   if (switchMode && (control->getOptions() & PropUiOption::kAlignRight))
     layout->addSpacerItem(new QSpacerItem(0, 0, QSizePolicy::Expanding, QSizePolicy::Minimum));
   auto* box = new host_qt_ui_core::QHostCheckBox(control);
@@ -65,8 +62,7 @@ host_qt_ui_core::QHostCheckBox* buildCheckBox(PropUiQControl* control, bool swit
   layout->addWidget(box);
   if (switchMode && (control->getOptions() & PropUiOption::kAlignLeft))
     layout->addSpacerItem(new QSpacerItem(0, 0, QSizePolicy::Expanding, QSizePolicy::Minimum));
-  if (PropUiActionToolButtonsCtrl* toolbar = control->createActionsToolBar())
-    layout->addWidget(toolbar);
+  control->addActionsToolBar(layout);
   return box;
 }
 
@@ -83,9 +79,7 @@ BoolRead readBoolItem(PropUiQControl* control, QAbstractButton* box, bool& value
       box->setText(toQString(name));
   }
   PropVariant read;
-  const bool ok = control->isPropertyElement() ? bag->getElementValue(index, control->element(), read)
-                                               : bag->getValue(index, read);
-  if (!ok)
+  if (!control->readValue(read))
     return BoolRead::Unreadable;
   if (read.isVaries())
     return BoolRead::Varies;
@@ -93,6 +87,46 @@ BoolRead readBoolItem(PropUiQControl* control, QAbstractButton* box, bool& value
     return BoolRead::OtherType;
   value = read.getBool();
   return BoolRead::Value;
+}
+
+bool showBoolItem(PropUiQControl* control, QCheckBox* box, bool& value)
+{
+  switch (readBoolItem(control, box, value))
+  {
+  case BoolRead::Varies:
+    control->setVaries(true);
+    return false;
+  case BoolRead::Value:
+  {
+    // Set only when it differs: unchecking a box makes Qt search its
+    // siblings for an exclusive partner.
+    const Qt::CheckState state = value ? Qt::Checked : Qt::Unchecked;
+    const bool shown = !control->isVaries() && box->checkState() == state;
+    control->setVaries(false);
+    if (!shown)
+      box->setCheckState(state);
+    return true;
+  }
+  default:
+    return false; // unreadable or not a boolean: the box stays as it is
+  }
+}
+
+bool commitClickedState(PropUiQControl* control, QCheckBox* box, bool wasVaries, Qt::CheckState last)
+{
+  if (!box)
+    return false;
+  if (wasVaries)
+    control->setVaries(false);
+  PropVariant value;
+  value.setBool(box->checkState() == Qt::Checked);
+  if (control->commitValue(value) == PropUiQControl::CommitResult::Written)
+    return true;
+  if (wasVaries)
+    control->setVaries(true); // the selection still disagrees
+  else
+    box->setCheckState(last);
+  return false;
 }
 
 } // namespace propui

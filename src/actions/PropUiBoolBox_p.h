@@ -2,8 +2,11 @@
 
 // What the check box and the switch share: their layout and how they read; not API.
 
+#include <Qt>
+
 class PropUiQControl;
 class QAbstractButton;
+class QCheckBox;
 
 namespace host_qt_ui_core
 {
@@ -33,5 +36,19 @@ enum class BoolRead
  * the box the item's caption when the item asks for it (flag 0x10).
  */
 BoolRead readBoolItem(PropUiQControl* control, QAbstractButton* box, bool& value);
+
+/**
+ * Reads the item into the box: the control's varies look when the selection
+ * disagrees, else the value. True when a value was shown, which `value` then
+ * holds; an unreadable item or one of another type leaves the box as it is.
+ */
+bool showBoolItem(PropUiQControl* control, QCheckBox* box, bool& value);
+
+/**
+ * Writes the state the user clicked. A box that showed the varies look
+ * (`wasVaries`) leaves it first and takes it back when the bag refuses;
+ * any other refusal puts `last` back. True when the bag took the state.
+ */
+bool commitClickedState(PropUiQControl* control, QCheckBox* box, bool wasVaries, Qt::CheckState last);
 
 } // namespace propui

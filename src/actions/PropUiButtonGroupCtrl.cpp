@@ -84,7 +84,7 @@ void PropUiButtonGroupCtrl::updateData()
 QAbstractButton* PropUiButtonGroupCtrl::currentButton(const QList<QAbstractButton*>& buttons) const
 {
   PropVariant value;
-  if (!m_bag->getValue(m_index, value) || value.isVaries())
+  if (!readValue(value, CommitTarget::WholeItem) || value.isVaries())
     return nullptr;
   OdString text;
   if (!m_bag->getListText(m_index, value, text) && !m_bag->formatValue(m_index, m_element, value, text))
@@ -137,7 +137,7 @@ void PropUiButtonGroupCtrl::commitButton(QAbstractButton* button)
 void PropUiButtonGroupCtrl::restoreVariesLook()
 {
   PropVariant value;
-  if (!m_bag || !m_buttonGroup || !m_bag->getValue(m_index, value) || !value.isVaries())
+  if (!m_bag || !m_buttonGroup || !readValue(value, CommitTarget::WholeItem) || !value.isVaries())
     return;
   for (QAbstractButton* button : m_buttonGroup->buttons())
     uncheck(button);

@@ -12,9 +12,7 @@ namespace propui
 QHBoxLayout* buildButtonRow(PropUiQControl* control)
 {
   const int options = control->getOptions();
-  auto* outer = control->adoptLayout(new QHBoxLayout);
-  outer->setContentsMargins(0, 0, 0, 0);
-  outer->setSpacing(2);
+  auto* outer = control->setupRow(2);
   if (!(options & PropUiOption::kNoFocusButtons))
   {
     control->setFocusPolicy(Qt::StrongFocus);

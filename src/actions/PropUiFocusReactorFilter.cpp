@@ -3,7 +3,7 @@
 #include "PropBag.h"
 #include "PropItemType.h"
 #include "hostPropEditorReactor.h"
-#include "PropUiQControl.h"
+#include "PropUiWindowState_p.h"
 #include <QFocusEvent>
 #include <QPointer>
 #include <QTimer>
@@ -19,7 +19,7 @@ bool PropUiFocusReactorFilter::eventFilter(QObject* watched, QEvent* event)
   if ((focusIn || focusOut) && m_bag)
   {
     const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
-    if (focusOut && PropUiQControl::isWindowGoingAway(qobject_cast<QWidget*>(watched)))
+    if (focusOut && propui::isWindowGoingAway(qobject_cast<QWidget*>(watched)))
     {
       // The window may be being destroyed, and the bag with it: tell the
       // host on the next turn, if the editor is still there.

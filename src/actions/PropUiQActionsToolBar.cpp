@@ -14,8 +14,7 @@ bool PropUiQActionsToolBar::setupUi()
   PropUiQControl::setupUi();
   if (m_toolBar)
     return true;
-  auto* layout = adoptLayout(new QHBoxLayout);
-  layout->setContentsMargins(0, 0, 0, 0);
+  auto* layout = setupRow(-1);
   m_toolBar = new QToolBar(this);
   m_toolBar->setObjectName(QStringLiteral("toolBar"));
   m_toolBar->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Minimum);

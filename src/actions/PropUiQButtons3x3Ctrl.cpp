@@ -89,7 +89,7 @@ void PropUiQButtons3x3Ctrl::refreshCells(const OdStringArray& texts, const PropK
   // checked before; only when none is marked must a cell be let go by hand.
   PropVariant current;
   QAbstractButton* marked = nullptr;
-  if (m_bag->getValue(m_index, current) && !current.isVaries())
+  if (readValue(current, CommitTarget::WholeItem) && !current.isVaries())
     marked = m_buttonGroup->button(current.getInt32());
   if (marked && !marked->isChecked())
     marked->setChecked(true);
@@ -116,7 +116,7 @@ void PropUiQButtons3x3Ctrl::onIdClicked(int id)
 void PropUiQButtons3x3Ctrl::restoreVariesLook()
 {
   PropVariant value;
-  if (!m_bag || !m_buttonGroup || !m_bag->getValue(m_index, value) || !value.isVaries())
+  if (!m_bag || !m_buttonGroup || !readValue(value, CommitTarget::WholeItem) || !value.isVaries())
     return;
   // An exclusive group keeps its checked button; it lets go only while not exclusive.
   m_buttonGroup->setExclusive(false);

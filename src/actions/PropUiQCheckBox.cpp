@@ -18,36 +18,15 @@ bool PropUiQCheckBox::setupUi()
 void PropUiQCheckBox::updateUi()
 {
   PropUiQControl::updateUi();
-  if (m_bag && m_checkBox)
-    m_checkBox->setEnabled(m_bag->isEditable(m_index, m_element));
+  showEditable(m_checkBox);
 }
 
 void PropUiQCheckBox::updateData()
 {
   PropUiQControl::updateData();
-  if (!m_bag || !m_checkBox)
-    return;
   bool value = false;
-  switch (propui::readBoolItem(this, m_checkBox, value))
-  {
-  case propui::BoolRead::Varies:
-    setVaries(true);
-    break;
-  case propui::BoolRead::Value:
-  {
-    // Set only when it differs: unchecking a box makes Qt search its
-    // siblings for an exclusive partner.
-    const Qt::CheckState state = value ? Qt::Checked : Qt::Unchecked;
-    const bool shown = !isVaries() && m_checkBox->checkState() == state;
-    setVaries(false);
-    m_lastState = state;
-    if (!shown)
-      m_checkBox->setCheckState(state);
-    break;
-  }
-  default:
-    break; // unreadable or not a boolean: the box stays as it is
-  }
+  if (propui::showBoolItem(this, m_checkBox, value))
+    m_lastState = value ? Qt::Checked : Qt::Unchecked;
 }
 
 bool PropUiQCheckBox::isVaries() const
@@ -70,21 +49,12 @@ void PropUiQCheckBox::setVaries(bool varies)
   }
 }
 
+// The click has already moved the box out of its partial look: the third
+// state is told by the box still being tristate, and must not come back on
+// the next click.
 void PropUiQCheckBox::onClicked(bool)
 {
-  if (!m_bag || !m_checkBox)
-    return;
-  // The click has already moved the box out of its partial look; the third
-  // state must not come back on the next click.
-  const bool wasVaries = m_checkBox->isTristate();
-  if (wasVaries)
-    setVaries(false);
-  PropVariant value;
-  value.setBool(m_checkBox->checkState() == Qt::Checked);
-  if (commitValue(value) == CommitResult::Written)
+  if (m_bag && m_checkBox &&
+      propui::commitClickedState(this, m_checkBox, m_checkBox->isTristate(), m_lastState))
     m_lastState = m_checkBox->checkState();
-  else if (wasVaries)
-    setVaries(true); // the selection still disagrees
-  else
-    m_checkBox->setCheckState(m_lastState);
 }

@@ -2,7 +2,6 @@
 
 #include "OdStringQt.h"
 #include "PropBag.h"
-#include "PropUiActionToolButtonsCtrl.h"
 #include "PropUiEditCommitFilter.h"
 #include <QApplication>
 #include <QHBoxLayout>
@@ -19,9 +18,7 @@ bool PropUiQDateCtrl::setupUi()
   PropUiQControl::setupUi();
   if (!m_bag)
     return false;
-  auto* layout = adoptLayout(new QHBoxLayout);
-  layout->setContentsMargins(0, 0, 0, 0);
-  layout->setSpacing(0);
+  auto* layout = setupRow();
   m_dateEdit = new PropQDateEdit(this);
   m_dateEdit->setObjectName(QStringLiteral("dateEdit"));
   m_dateEdit->setCalendarPopup(true);
@@ -39,16 +36,14 @@ bool PropUiQDateCtrl::setupUi()
   connect(m_dateEdit.data(), &PropQDateEdit::returnedFromPopup, this, &PropUiQDateCtrl::onEditEnded);
   connect(m_dateEdit.data(), &PropQDateEdit::typedDateRefused, this, &PropUiQDateCtrl::onTypedDateRefused);
   layout->addWidget(m_dateEdit);
-  if (PropUiActionToolButtonsCtrl* toolbar = createActionsToolBar())
-    layout->addWidget(toolbar);
+  addActionsToolBar(layout);
   return true;
 }
 
 void PropUiQDateCtrl::updateUi()
 {
   PropUiQControl::updateUi();
-  if (m_bag && m_dateEdit)
-    m_dateEdit->setEnabled(m_bag->isEditable(m_index, m_element));
+  showEditable(m_dateEdit);
 }
 
 void PropUiQDateCtrl::updateData()
@@ -125,7 +120,7 @@ bool PropUiQDateCtrl::applyData()
 {
   if (!m_bag || !m_dateEdit || m_dateEdit->date() == m_lastDate)
     return false;
-  const ApplyingScope applying(this);
+  const WriteScope applying(this);
   if (!applying.entered())
     return false;
   PropVariant value;

@@ -18,36 +18,15 @@ bool PropUiQSwitchBox::setupUi()
 void PropUiQSwitchBox::updateUi()
 {
   PropUiQControl::updateUi();
-  if (m_bag && m_checkBox)
-    m_checkBox->setEnabled(m_bag->isEditable(m_index, m_element));
+  showEditable(m_checkBox);
 }
 
 void PropUiQSwitchBox::updateData()
 {
   PropUiQControl::updateData();
-  if (!m_bag || !m_checkBox)
-    return;
   bool value = false;
-  switch (propui::readBoolItem(this, m_checkBox, value))
-  {
-  case propui::BoolRead::Varies:
-    setVaries(true);
-    break;
-  case propui::BoolRead::Value:
-  {
-    // Set only when it differs: unchecking a box makes Qt search its
-    // siblings for an exclusive partner.
-    const Qt::CheckState state = value ? Qt::Checked : Qt::Unchecked;
-    const bool shown = !isVaries() && m_checkBox->checkState() == state;
-    setVaries(false);
+  if (propui::showBoolItem(this, m_checkBox, value))
     m_lastChecked = value;
-    if (!shown)
-      m_checkBox->setCheckState(state);
-    break;
-  }
-  default:
-    break; // unreadable or not a boolean: the box stays as it is
-  }
 }
 
 bool PropUiQSwitchBox::isVaries() const
@@ -69,17 +48,7 @@ void PropUiQSwitchBox::setVaries(bool varies)
 
 void PropUiQSwitchBox::onClicked(bool)
 {
-  if (!m_bag || !m_checkBox)
-    return;
-  const bool wasVaries = isVaries();
-  if (wasVaries)
-    setVaries(false);
-  PropVariant value;
-  value.setBool(m_checkBox->checkState() == Qt::Checked);
-  if (commitValue(value) == CommitResult::Written)
+  if (m_bag && m_checkBox &&
+      propui::commitClickedState(this, m_checkBox, isVaries(), m_lastChecked ? Qt::Checked : Qt::Unchecked))
     m_lastChecked = m_checkBox->checkState() == Qt::Checked;
-  else if (wasVaries)
-    setVaries(true); // the selection still disagrees
-  else
-    m_checkBox->setCheckState(m_lastChecked ? Qt::Checked : Qt::Unchecked);
 }

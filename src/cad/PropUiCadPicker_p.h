@@ -5,7 +5,6 @@
 // the drawing-attribute pickers show their item's value.
 
 #include "OdStringQt.h"
-#include "PropUiActionToolButtonsCtrl.h"
 #include "PropUiCadSupport_p.h"
 #include "PropUiQComboBox.h"
 #include "hostDbPropBagCtx.h"
@@ -18,9 +17,7 @@ namespace propui
 template <class Picker>
 Picker* buildPicker(PropUiQComboBox* control)
 {
-  auto* layout = new QHBoxLayout(control);
-  layout->setContentsMargins(0, 0, 0, 0);
-  layout->setSpacing(0);
+  control->setupRow();
   auto* picker = new Picker(control);
   picker->setObjectName(QStringLiteral("combo"));
   picker->disableMouseWheel(true);
@@ -47,8 +44,7 @@ void finishPicker(Control* control, Picker* picker, QPointer<host_qt_ui_core::QH
     // Second, so that the host redraws after the bag has the new value.
     QObject::connect(picker, QOverload<int>::of(&QComboBox::activated), control, &PropUiQControl::onUpdateDisplay);
   }
-  if (PropUiActionToolButtonsCtrl* toolbar = control->createActionsToolBar())
-    layout->addWidget(toolbar, 0);
+  control->addActionsToolBar(layout);
 }
 
 /**
@@ -106,7 +102,7 @@ void showValue(PropUiQComboBox* control, host_qt_ui_core::QHostComboBox* combo, 
 {
   PropBag* bag = control->propBag();
   PropVariant value;
-  if (!bag || !combo || !bag->getValue(control->itemIndex(), value))
+  if (!bag || !combo || !control->readValue(value, PropUiQControl::CommitTarget::WholeItem))
     return;
   if (value.isVaries())
   {

@@ -26,7 +26,7 @@ void PropUiQArrowheadCtrl::updateData()
   if (!m_bag || !combo)
     return;
   PropVariant value;
-  if (!m_bag->getValue(m_index, value))
+  if (!readValue(value, CommitTarget::WholeItem))
     return;
   if (value.isVaries())
   {

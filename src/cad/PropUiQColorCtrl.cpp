@@ -1,7 +1,6 @@
 #include "PropUiQColorCtrl.h"
 
 #include "PropBag.h"
-#include "PropUiActionToolButtonsCtrl.h"
 #include "PropUiCadPicker_p.h"
 #include "PropUiCadSupport_p.h"
 #include "PropUiDrawingLook_p.h"
@@ -19,9 +18,7 @@ PropUiQColorCtrl::PropUiQColorCtrl(QWidget* parent) : PropUiQComboBox(parent)
 bool PropUiQColorCtrl::setupUi()
 {
   PropUiQControl::setupUi();
-  auto* layout = adoptLayout(new QHBoxLayout);
-  layout->setContentsMargins(0, 0, 0, 0);
-  layout->setSpacing(0);
+  auto* layout = setupRow();
   auto* combo = new host_qt_ui::QHostUiColorComboBox(this, host_qt_ui::AppendOther);
   combo->setObjectName(QStringLiteral("combo"));
   combo->setColorOptions(host_qt_ui::ColorOptions(getOptions()));
@@ -40,8 +37,7 @@ bool PropUiQColorCtrl::setupUi()
     // Second, so that the host redraws after the bag has the new colour.
     connect(combo, QOverload<int>::of(&QComboBox::activated), this, &PropUiQControl::onUpdateDisplay);
   }
-  if (PropUiActionToolButtonsCtrl* toolbar = createActionsToolBar())
-    layout->addWidget(toolbar, 0);
+  addActionsToolBar(layout);
   OdArray<OdCmColor> custom;
   hostGetCustomColors(custom);
   for (const OdCmColor& color : custom)
@@ -57,9 +53,7 @@ void PropUiQColorCtrl::updateUi()
   auto* combo = qobject_cast<host_qt_ui::QHostUiColorComboBox*>(m_combo.data());
   if (combo && (getOptions() & PropUiOption::kResolveByLayer))
     combo->setColorByLayer(propui::byLayerColor(m_bag, m_index), true);
-  const bool editable = m_bag->isEditable(m_index, m_element);
-  if (m_combo)
-    m_combo->setEnabled(editable);
+  showEditable(m_combo);
 }
 
 void PropUiQColorCtrl::updateData()

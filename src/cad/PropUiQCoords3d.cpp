@@ -1,7 +1,6 @@
 #include "PropUiQCoords3d.h"
 
 #include "PropBag.h"
-#include "PropUiActionToolButtonsCtrl.h"
 #include "PropUiCompositeForm_p.h"
 #include "PropUiQDistanceCtrl.h"
 #include "PropUiRefresh_p.h"
@@ -23,8 +22,7 @@ bool PropUiQCoords3d::setupUi()
   m_axes.clear();
   if (!m_bag)
     return false;
-  auto* outer = adoptLayout(new QHBoxLayout);
-  outer->setContentsMargins(0, 0, 0, 0);
+  auto* outer = setupRow(-1);
   QFormLayout* form = PropUiCompositeForm::makeForm();
   outer->addLayout(form);
   QString name = PropUiCompositeForm::itemName(m_bag, m_index);
@@ -41,8 +39,7 @@ bool PropUiQCoords3d::setupUi()
     PropUiCompositeForm::addElementRow(form, this, m_bag, m_index, a, name + letters[a], child);
     m_axes.append(child);
   }
-  if (PropUiActionToolButtonsCtrl* toolbar = createActionsToolBar())
-    outer->addWidget(toolbar);
+  addActionsToolBar(outer);
   return true;
 }
 

@@ -4,42 +4,27 @@
 #include "OdDbLayerTableRecord.h"
 #include "OdStringQt.h"
 #include "PropBag.h"
-#include "PropUiActionToolButtonsCtrl.h"
 #include "PropUiCadPicker_p.h"
 #include "PropUiCadSupport_p.h"
 #include "PropUiDrawingLook_p.h"
 #include "PropVariantConversions.h"
-#include "QHostComboBrowseFilter.h"
 #include "hostDbPropBagCtx.h"
-#include <QHBoxLayout>
 #include <QStandardItemModel>
 
 PropUiQLayerCtrl::PropUiQLayerCtrl(QWidget* parent) : PropUiQComboBox(parent) {}
 
+// The combo's row, without typing: a layer is chosen from the drawing's list.
 bool PropUiQLayerCtrl::setupUi()
 {
   PropUiQControl::setupUi();
   if (!m_bag)
     return false;
-  auto* layout = adoptLayout(new QHBoxLayout);
-  layout->setContentsMargins(0, 0, 0, 0);
-  layout->setSpacing(0);
-  m_combo = new host_qt_ui_core::QHostComboBox(this);
-  m_combo->setObjectName(QStringLiteral("combo"));
-  host_qt_ui_core::QHostComboBrowseFilter::install(m_combo);
-  m_combo->disableMouseWheel(true);
-  m_combo->setMaxVisibleItems(30);
-  m_combo->setIconSize(pictureSize());
-  propui::nameAfterItem(m_combo, m_bag, m_index);
-  useFocusReactor(m_combo);
-  useFocusRedirect(m_combo, nullptr);
-  connect(m_combo.data(), QOverload<int>::of(&QComboBox::activated), this, &PropUiQLayerCtrl::onActivated);
+  buildComboRow(false, 1, [this]() {
+    m_combo->setIconSize(pictureSize());
+    propui::nameAfterItem(m_combo, m_bag, m_index);
+  });
+  // Second, so that the host redraws after the bag has the new layer.
   connect(m_combo.data(), QOverload<int>::of(&QComboBox::activated), this, &PropUiQControl::onUpdateDisplay);
-  addItems();
-  m_combo->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-  layout->addWidget(m_combo, 1);
-  if (PropUiActionToolButtonsCtrl* toolbar = createActionsToolBar())
-    layout->addWidget(toolbar, 0);
   return true;
 }
 

@@ -28,9 +28,7 @@ void PropUiQLinetypeCtrl::updateUi()
   auto* combo = qobject_cast<host_qt_ui::QHostUiLineTypeComboBox*>(m_combo.data());
   if (combo && (getOptions() & PropUiOption::kResolveByLayer))
     combo->setLinetypeByLayer(propui::byLayerLinetype(m_bag, m_index), true);
-  const bool editable = m_bag->isEditable(m_index, m_element);
-  if (m_combo)
-    m_combo->setEnabled(editable);
+  showEditable(m_combo);
 }
 
 void PropUiQLinetypeCtrl::updateData()

@@ -30,9 +30,7 @@ void PropUiQLineweightCtrl::updateUi()
     combo->setLineweightByDefault(propui::defaultLineweight(m_bag, m_index));
   if (combo && (getOptions() & PropUiOption::kResolveByLayer))
     combo->setLineweightByLayer(propui::byLayerLineweight(m_bag, m_index), true);
-  const bool editable = m_bag->isEditable(m_index, m_element);
-  if (m_combo)
-    m_combo->setEnabled(editable);
+  showEditable(m_combo);
 }
 
 void PropUiQLineweightCtrl::updateData()

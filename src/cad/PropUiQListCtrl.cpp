@@ -101,7 +101,7 @@ void PropUiQListCtrl::updateData()
   if (!readValue(value))
     return;
   // Updating the rows moves the selection and the current row; that is not the user choosing.
-  const ApplyingScope rebuilding(this);
+  const WidgetUpdateScope rebuilding(this);
   const PropVariant current = m_current;
   const OdArray<PropVariant> selected = m_selected;
   const QVariantList entries = value.isVaries() ? QVariantList() : entriesOf(value);
@@ -215,7 +215,7 @@ void PropUiQListCtrl::readCheckStates(bool uncheckUnread)
   if (!rows || !m_bag || !(m_options & PropUiOption::kListCheckBoxes))
     return;
   // Setting the boxes from the bag is not the user ticking them.
-  const ApplyingScope reading(this);
+  const WidgetUpdateScope reading(this);
   PropVariant value;
   PropKeyArray elements;
   const bool matches = readValue(value) && !value.isVaries() && rowElements(elements);
@@ -242,7 +242,7 @@ void PropUiQListCtrl::selectionChanged(const PropVariant&) {}
 void PropUiQListCtrl::onDataChanged(const QModelIndex& topLeft, const QModelIndex& bottomRight,
                                     const QVector<int>& roles)
 {
-  if (m_applying || !m_bag || !topLeft.isValid() || !bottomRight.isValid())
+  if (isApplying() || !m_bag || !topLeft.isValid() || !bottomRight.isValid())
     return;
   if (roles.contains(Qt::CheckStateRole))
     writeCheckStates(topLeft.row(), bottomRight.row());
@@ -253,7 +253,7 @@ void PropUiQListCtrl::onDataChanged(const QModelIndex& topLeft, const QModelInde
 void PropUiQListCtrl::writeCheckStates(int first, int last)
 {
   QStandardItemModel* rows = model();
-  const ApplyingScope writing(this);
+  const WriteScope writing(this);
   if (!rows || !writing.entered())
     return;
   PropKeyArray elements;
@@ -304,7 +304,7 @@ void PropUiQListCtrl::reportPins(int first, int last)
 void PropUiQListCtrl::onRowsAboutToBeRemoved(const QModelIndex& parent, int first, int last)
 {
   QStandardItemModel* rows = model();
-  if (m_applying || parent.isValid() || !rows)
+  if (isApplying() || parent.isValid() || !rows)
     return;
   for (int r = first; r <= last; ++r)
   {
@@ -320,7 +320,7 @@ void PropUiQListCtrl::onRowsAboutToBeRemoved(const QModelIndex& parent, int firs
 void PropUiQListCtrl::onRowsRemoved(const QModelIndex& parent, int, int)
 {
   QStandardItemModel* rows = model();
-  if (!m_applying && !parent.isValid() && rows && rows->rowCount() == 0)
+  if (!isApplying() && !parent.isValid() && rows && rows->rowCount() == 0)
     m_current = PropVariant();
 }
 
@@ -339,7 +339,7 @@ void PropUiQListCtrl::onSelectionChanged(const QItemSelection&, const QItemSelec
     entries.append(index.data(kValueRole));
   }
   m_selected = values;
-  if (m_applying || !m_bag)
+  if (isApplying() || !m_bag)
     return;
   hostPropEditorReactor* reactor = m_bag->getReactor(m_index);
   if (!PropUiReactorProbe::listensToSelection(reactor))
@@ -356,7 +356,7 @@ void PropUiQListCtrl::onCurrentRowChanged(const QModelIndex& current, const QMod
     return;
   PropVariant previous = m_current;
   m_current = value;
-  if (m_applying || !m_bag)
+  if (isApplying() || !m_bag)
     return;
   hostPropEditorReactor* reactor = m_bag->getReactor(m_index);
   if (PropUiReactorProbe::listensToCurrent(reactor))

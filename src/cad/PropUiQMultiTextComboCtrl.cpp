@@ -132,8 +132,7 @@ bool PropUiQMultiTextComboCtrl::setupUi()
   m_chosen.clear();
   if (!m_bag)
     return false;
-  auto* layout = adoptLayout(new QHBoxLayout);
-  layout->setContentsMargins(0, 0, 0, 0);
+  auto* layout = setupRow(-1);
   auto* combo = new CheckListCombo(this);
   combo->setObjectName(QStringLiteral("combo"));
   combo->setAccessibleName(PropUiCompositeForm::itemName(m_bag, m_index));
@@ -175,8 +174,7 @@ void PropUiQMultiTextComboCtrl::readEntries()
 void PropUiQMultiTextComboCtrl::updateUi()
 {
   PropUiQControl::updateUi();
-  if (m_bag && m_combo)
-    m_combo->setEnabled(m_bag->isEditable(m_index, m_element));
+  showEditable(m_combo);
 }
 
 void PropUiQMultiTextComboCtrl::updateData()
@@ -356,7 +354,7 @@ bool PropUiQMultiTextComboCtrl::applyData()
 
 void PropUiQMultiTextComboCtrl::onPopupClosed()
 {
-  const ApplyingScope applying(this);
+  const WriteScope applying(this);
   if (applying.entered())
     applyData();
 }

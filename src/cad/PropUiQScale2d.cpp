@@ -19,8 +19,7 @@ bool PropUiQScale2d::setupUi()
   PropUiQControl::setupUi();
   if (!m_bag)
     return false;
-  auto* outer = adoptLayout(new QHBoxLayout);
-  outer->setContentsMargins(0, 0, 0, 0);
+  auto* outer = setupRow(-1);
   QFormLayout* form = PropUiCompositeForm::makeForm();
   outer->addLayout(form);
 
@@ -28,7 +27,7 @@ bool PropUiQScale2d::setupUi()
   double x = 0;
   double y = 0;
   const bool nonUniform =
-    m_bag->getValue(m_index, value) && twoNumbers(value, x, y) && std::fabs(x - y) > kUniformTolerance;
+    readValue(value, CommitTarget::WholeItem) && twoNumbers(value, x, y) && std::fabs(x - y) > kUniformTolerance;
   const QString name = PropUiCompositeForm::itemName(m_bag, m_index);
   const QString letters[] = {QStringLiteral("X"), QStringLiteral("Y")};
   for (unsigned long a = 0; a < 2; ++a)
@@ -104,7 +103,7 @@ bool PropUiQScale2d::twoNumbers(const PropVariant& value, double& x, double& y)
 void PropUiQScale2d::onNonUniformChanged(bool nonUniform)
 {
   PropVariant value;
-  if (!m_bag || !m_bag->getValue(m_index, value))
+  if (!m_bag || !readValue(value, CommitTarget::WholeItem))
   {
     // The bag did not answer: the button goes back to what the numbers do.
     showLocked(!(m_x && m_x->isNonUniform()));

@@ -134,7 +134,7 @@ void PropUiQTableCtrl::showCells(const QStringList& cells, int rows, int columns
   // Every cell the shape names exists, so that an edit writes a whole table.
   while (m_shown.size() < rows * columns)
     m_shown.append(QString());
-  const ApplyingScope showing(this);
+  const WidgetUpdateScope showing(this);
   if (model->cells() != m_shown || model->rowCount() != rows || model->columnCount() != columns)
     model->setCells(m_shown, rows, columns);
   // Every header change lays the header views out again; a refresh mostly brings the same labels.
@@ -161,7 +161,7 @@ void PropUiQTableCtrl::setVaries(bool varies)
   {
     const int rows = qMax(model->rowCount(), 1);
     const int columns = qMax(model->columnCount(), 1);
-    const ApplyingScope showing(this);
+    const WidgetUpdateScope showing(this);
     QStringList cells;
     cells.reserve(rows * columns);
     for (int i = 0; i < rows * columns; ++i)
@@ -174,9 +174,9 @@ void PropUiQTableCtrl::setVaries(bool varies)
 
 void PropUiQTableCtrl::onDataChanged(const QModelIndex& topLeft, const QModelIndex& bottomRight, const QVector<int>&)
 {
-  if (m_applying || !topLeft.isValid() || topLeft != bottomRight)
+  if (isApplying() || !topLeft.isValid() || topLeft != bottomRight)
     return;
-  const ApplyingScope applying(this);
+  const WriteScope applying(this);
   if (applying.entered())
     applyCell(topLeft);
 }
@@ -193,7 +193,7 @@ bool PropUiQTableCtrl::applyCell(const QModelIndex& cell)
   if (text == m_shown[number])
     return false;
   auto restore = [&]() {
-    const ApplyingScope restoring(this);
+    const WidgetUpdateScope restoring(this);
     model->setData(cell, m_shown[number], Qt::EditRole);
     return false;
   };
@@ -219,7 +219,7 @@ bool PropUiQTableCtrl::applyCell(const QModelIndex& cell)
   m_shown[number] = cellText;
   if (cellText != text)
   {
-    const ApplyingScope tidying(this);
+    const WidgetUpdateScope tidying(this);
     model->setData(cell, cellText, Qt::EditRole);
   }
   return true;

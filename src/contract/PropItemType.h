@@ -18,3 +18,17 @@ protected:
   // The bag owns its type objects; nobody deletes them through this interface.
   ~PropItemType() = default;
 };
+
+/** What kind of number an item holds, as its editor tells. */
+enum class PropNumberKind
+{
+  None,
+  Integer,
+  Real
+};
+
+/**
+ * The number kind of an item of this type, from the editor its type names:
+ * a typed value is checked against it. None for a null type.
+ */
+PROPWIDGETS_EXPORT PropNumberKind propNumberKindOf(const PropItemType* type);

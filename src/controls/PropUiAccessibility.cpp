@@ -4,8 +4,6 @@
 #include "PropUiAccessibleCheckBox_p.h"
 #include "PropUiAccessibleComboBox_p.h"
 #include "PropBag.h"
-#include "PropUiQControl.h"
-#include "PropUiQLabel.h"
 #include "PropUiTexts_p.h"
 #include "PropWidgetsLogging_p.h"
 #include <QAbstractButton>
@@ -25,12 +23,14 @@
 namespace
 {
 
+using Subject = PropUiAccessibility::Subject;
+
 /** The innermost control a widget belongs to: composites leave their rows to the rows. */
-const PropUiQControl* ownerOf(const QWidget* widget)
+const QObject* ownerOf(const Subject& asking, const QWidget* widget)
 {
   for (const QObject* up = widget->parent(); up; up = up->parent())
-    if (auto* control = qobject_cast<const PropUiQControl*>(up))
-      return control;
+    if (asking.isControl(up))
+      return up;
   return nullptr;
 }
 
@@ -59,9 +59,9 @@ bool callPosted = false;
 
 // Captions whose editor was not there yet when they looked for it: only
 // while one waits does a new editor look for its caption.
-QSet<const PropUiQControl*>& captionsWaiting()
+QSet<const Subject*>& captionsWaiting()
 {
-  static QSet<const PropUiQControl*> waiting;
+  static QSet<const Subject*> waiting;
   return waiting;
 }
 
@@ -73,9 +73,9 @@ struct Edited
   bool isElement;
   unsigned long element;
 
-  explicit Edited(const PropUiQControl* control)
-    : bag(control->propBag()), index(control->itemIndex()), isElement(control->isPropertyElement()),
-      element(control->isPropertyElement() ? control->element() : 0)
+  explicit Edited(const PropUiAccessibility::Binding& binding)
+    : bag(binding.bag), index(binding.index), isElement(binding.isElement),
+      element(binding.isElement ? binding.element : 0)
   {
   }
   bool operator==(const Edited& other) const
@@ -89,7 +89,7 @@ uint qHash(const Edited& edited, uint seed = 0)
   return ::qHash(quintptr(edited.bag), seed) ^ ::qHash(edited.index) ^ ::qHash(quint64(edited.element));
 }
 
-using ByItem = QHash<Edited, QVector<PropUiQControl*> >;
+using ByItem = QHash<Edited, QVector<const Subject*> >;
 
 /** The controls among a widget's direct children, in order, by what they edit. */
 struct Row
@@ -98,11 +98,13 @@ struct Row
   ByItem editors;
 };
 
-Row controlsIn(const QWidget* parent)
+// A control not bound yet edits nothing that a bound caption could name.
+Row controlsIn(const Subject& asking, const QWidget* parent)
 {
   Row row;
-  for (PropUiQControl* sibling : parent->findChildren<PropUiQControl*>(QString(), Qt::FindDirectChildrenOnly))
-    (qobject_cast<PropUiQLabel*>(sibling) ? row.captions : row.editors)[Edited(sibling)].append(sibling);
+  for (const QWidget* child : parent->findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly))
+    if (const Subject* sibling = asking.subjectOf(child))
+      (sibling->isCaption() ? row.captions : row.editors)[Edited(sibling->binding())].append(sibling);
   return row;
 }
 
@@ -111,35 +113,36 @@ Row controlsIn(const QWidget* parent)
 // square of the rows. Forgotten as soon as any control goes away.
 QHash<const QWidget*, Row>* rowsByPanel = nullptr;
 
-Row siblingsOf(const QWidget* control)
+Row siblingsOf(const Subject& control)
 {
-  const QWidget* parent = control->parentWidget();
+  const QWidget* parent = control.widget()->parentWidget();
   if (!rowsByPanel)
-    return controlsIn(parent);
+    return controlsIn(control, parent);
   auto known = rowsByPanel->find(parent);
   if (known == rowsByPanel->end())
-    known = rowsByPanel->insert(parent, controlsIn(parent));
+    known = rowsByPanel->insert(parent, controlsIn(control, parent));
   return *known;
 }
 
 /** The widget of a control that a caption names: its first focusable one of its own. */
-QWidget* firstEditor(const PropUiQControl* control)
+QWidget* firstEditor(const Subject& control)
 {
-  for (QWidget* widget : control->findChildren<QWidget*>())
-    if (widget->focusPolicy() != Qt::NoFocus && ownerOf(widget) == control)
+  const QWidget* self = control.widget();
+  for (QWidget* widget : self->findChildren<QWidget*>())
+    if (widget->focusPolicy() != Qt::NoFocus && ownerOf(control, widget) == self)
       return widget;
   return nullptr;
 }
 
-QLabel* untiedLabelOf(const PropUiQControl* caption)
+QLabel* untiedLabelOf(const Subject& caption)
 {
-  auto* label = caption->findChild<QLabel*>(QString(), Qt::FindDirectChildrenOnly);
+  auto* label = caption.widget()->findChild<QLabel*>(QString(), Qt::FindDirectChildrenOnly);
   return label && !label->buddy() ? label : nullptr;
 }
 
 } // namespace
 
-PropUiAccessibility::PropUiAccessibility(PropUiQControl* control) : m_control(control)
+PropUiAccessibility::PropUiAccessibility(const Subject& subject) : m_subject(subject)
 {
   PropUiAccessibleCheckBox::install();
   PropUiAccessibleComboBox::install();
@@ -149,7 +152,7 @@ PropUiAccessibility::~PropUiAccessibility()
 {
   if (m_pending)
     pending().remove(this);
-  captionsWaiting().remove(m_control);
+  captionsWaiting().remove(&m_subject);
   if (rowsByPanel)
     rowsByPanel->clear();
 }
@@ -163,7 +166,7 @@ void PropUiAccessibility::rebuilt()
 {
   m_textsKnown = false;
   m_captionSought = false;
-  captionsWaiting().remove(m_control);
+  captionsWaiting().remove(&m_subject);
 }
 
 void PropUiAccessibility::languageChanged()
@@ -218,7 +221,7 @@ void PropUiAccessibility::runWaiting()
 
 void PropUiAccessibility::update()
 {
-  if (!m_control->propBag())
+  if (!m_subject.binding().bag)
     return;
   if (!m_textsKnown)
   {
@@ -233,14 +236,15 @@ void PropUiAccessibility::update()
       return;
     }
   }
-  const bool varies = m_control->isVaries();
-  const QList<QWidget*> widgets = m_control->findChildren<QWidget*>();
+  const bool varies = m_subject.showsVaries();
+  const QWidget* control = m_subject.widget();
+  const QList<QWidget*> widgets = control->findChildren<QWidget*>();
   // Widgets gone since the last update (a row that lost buttons) drop out
   // here; one that takes no focus just now keeps what it was given.
   QVector<Given> given;
   for (QWidget* widget : widgets)
   {
-    if (ownerOf(widget) != m_control)
+    if (ownerOf(m_subject, widget) != control)
       continue;
     if (widget->focusPolicy() != Qt::NoFocus)
       given.append(describe(widget, varies));
@@ -248,7 +252,7 @@ void PropUiAccessibility::update()
       given.append(*earlier);
   }
   m_given = given;
-  if (qobject_cast<PropUiQLabel*>(m_control))
+  if (m_subject.isCaption())
     tieCaption();
   else
     tieToCaption();
@@ -256,17 +260,18 @@ void PropUiAccessibility::update()
 
 void PropUiAccessibility::readTexts()
 {
-  PropBag* bag = m_control->propBag();
-  const int index = m_control->itemIndex();
+  const Binding binding = m_subject.binding();
+  PropBag* bag = binding.bag;
+  const int index = binding.index;
   OdString name;
   QString caption = bag->getName(index, name) ? toQString(name) : QString();
-  if (m_control->isPropertyElement())
+  if (binding.isElement)
   {
     PropKeyArray keys;
     OdStringArray captions;
     bag->getElements(index, keys, captions);
     for (unsigned int i = 0; i < keys.size() && i < captions.size(); ++i)
-      if (keys[i] == m_control->element())
+      if (keys[i] == binding.element)
       {
         const QString element = toQString(captions[i]);
         if (!element.isEmpty())
@@ -348,39 +353,39 @@ QString PropUiAccessibility::nameOf(const QWidget* widget) const
 // so that assistive technology reads it as that control's label.
 void PropUiAccessibility::tieCaption() const
 {
-  QLabel* label = untiedLabelOf(m_control);
+  QLabel* label = untiedLabelOf(m_subject);
   if (!label)
   {
-    captionsWaiting().remove(m_control);
+    captionsWaiting().remove(&m_subject);
     return;
   }
   // It looked already and found no editor: an editor that comes later ties it.
-  if (captionsWaiting().contains(m_control))
+  if (captionsWaiting().contains(&m_subject))
     return;
-  if (m_control->parentWidget())
-    for (const PropUiQControl* sibling : siblingsOf(m_control).editors.value(Edited(m_control)))
-      if (QWidget* editor = firstEditor(sibling))
+  if (m_subject.widget()->parentWidget())
+    for (const Subject* sibling : siblingsOf(m_subject).editors.value(Edited(m_subject.binding())))
+      if (QWidget* editor = firstEditor(*sibling))
       {
         label->setBuddy(editor);
-        captionsWaiting().remove(m_control);
+        captionsWaiting().remove(&m_subject);
         return;
       }
-  captionsWaiting().insert(m_control);
+  captionsWaiting().insert(&m_subject);
 }
 
 // The same tie from the editor's side, for a caption that was updated
 // before its editor was made.
 void PropUiAccessibility::tieToCaption()
 {
-  if (m_captionSought || !m_control->parentWidget())
+  if (m_captionSought || !m_subject.widget()->parentWidget())
     return;
   m_captionSought = true;
   if (captionsWaiting().isEmpty())
     return;
-  const QVector<PropUiQControl*> captions = siblingsOf(m_control).captions.value(Edited(m_control));
-  QWidget* editor = captions.isEmpty() ? nullptr : firstEditor(m_control);
-  for (const PropUiQControl* caption : captions)
-    if (QLabel* label = editor ? untiedLabelOf(caption) : nullptr)
+  const QVector<const Subject*> captions = siblingsOf(m_subject).captions.value(Edited(m_subject.binding()));
+  QWidget* editor = captions.isEmpty() ? nullptr : firstEditor(m_subject);
+  for (const Subject* caption : captions)
+    if (QLabel* label = editor ? untiedLabelOf(*caption) : nullptr)
     {
       label->setBuddy(editor);
       captionsWaiting().remove(caption);

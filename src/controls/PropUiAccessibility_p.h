@@ -6,7 +6,8 @@
 #include <QString>
 #include <QVector>
 
-class PropUiQControl;
+class PropBag;
+class QObject;
 class QWidget;
 
 /**
@@ -27,7 +28,34 @@ class PropUiAccessibility
   Q_DECLARE_TR_FUNCTIONS(PropUiAccessibility)
 
 public:
-  explicit PropUiAccessibility(PropUiQControl* control);
+  /** What a control edits, as captions and editors are matched by it. */
+  struct Binding
+  {
+    PropBag* bag;
+    int index;
+    bool isElement;
+    unsigned long element;
+  };
+
+  /** What this class asks of the control it serves, and of the controls beside it. */
+  class Subject
+  {
+  public:
+    virtual QWidget* widget() const = 0;
+    virtual Binding binding() const = 0;
+    /** Whether the control shows that the selected objects disagree. */
+    virtual bool showsVaries() const = 0;
+    /** A caption names the editor beside it rather than widgets of its own. */
+    virtual bool isCaption() const = 0;
+    virtual bool isControl(const QObject* object) const = 0;
+    /** What another control answers, or null for an object that is no control or is not bound yet. */
+    virtual const Subject* subjectOf(const QObject* object) const = 0;
+
+  protected:
+    ~Subject() = default;
+  };
+
+  explicit PropUiAccessibility(const Subject& subject);
   ~PropUiAccessibility();
   PropUiAccessibility(const PropUiAccessibility&) = delete;
   PropUiAccessibility& operator=(const PropUiAccessibility&) = delete;
@@ -85,7 +113,7 @@ private:
   void tieCaption() const;
   void tieToCaption();
 
-  PropUiQControl* m_control;
+  const Subject& m_subject;
   QString m_caption;
   QString m_description;
   /** Counts the changes of caption, description and language. */

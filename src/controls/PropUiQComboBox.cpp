@@ -4,8 +4,6 @@
 #include "PropBag.h"
 #include "PropItemType.h"
 #include "PropMathValidator.h"
-#include "PropUiActionToolButtonsCtrl.h"
-#include "PropUiGuids.h"
 #include "PropUiOptions.h"
 #include "PropUiQFormatter.h"
 #include "PropUiTexts_p.h"
@@ -29,13 +27,14 @@ QIcon iconOf(const QVariant& decoration)
 }
 
 /** The validator for typed values of a numeric item type, or null for other types. */
-QValidator* numberValidatorFor(const OdGUID& type)
+QValidator* numberValidatorFor(const PropItemType* type)
 {
   const QLocale c(QLocale::C, QLocale::AnyCountry);
   QValidator* numbers = nullptr;
-  if (type == PropUiGuidInteger)
+  const PropNumberKind kind = propNumberKindOf(type);
+  if (kind == PropNumberKind::Integer)
     numbers = new QIntValidator;
-  else if (type == PropUiGuidDouble || type == PropUiGuidDistance || type == PropUiGuidAngle)
+  else if (kind == PropNumberKind::Real)
     numbers = new QDoubleValidator;
   if (numbers)
     numbers->setLocale(c);
@@ -51,21 +50,27 @@ bool PropUiQComboBox::setupUi()
   PropUiQControl::setupUi();
   if (!m_bag)
     return false;
-  auto* layout = adoptLayout(new QHBoxLayout);
-  layout->setContentsMargins(0, 0, 0, 0);
-  layout->setSpacing(0);
+  buildComboRow(true, 0);
+  return true;
+}
+
+void PropUiQComboBox::buildComboRow(bool typed, int stretch, const std::function<void()>& prepare)
+{
+  QHBoxLayout* layout = setupRow();
   m_combo = new host_qt_ui_core::QHostComboBox(this);
   m_combo->setObjectName(QStringLiteral("combo"));
   host_qt_ui_core::QHostComboBrowseFilter::install(m_combo);
   m_combo->disableMouseWheel(true);
   m_combo->setMaxVisibleItems(30);
+  if (prepare)
+    prepare();
   useFocusReactor(m_combo);
   useFocusRedirect(m_combo, nullptr);
-  if (m_bag->getFlags(m_index) & PropItemFlag::kEditableList)
+  if (typed && (m_bag->getFlags(m_index) & PropItemFlag::kEditableList))
     m_combo->setEditableWithCompleter(true);
-  if (PropItemType* type = m_bag->getItemType(m_index))
+  if (PropItemType* type = typed ? m_bag->getItemType(m_index) : nullptr)
   {
-    if (QValidator* numbers = numberValidatorFor(type->editorGuid()))
+    if (QValidator* numbers = numberValidatorFor(type))
     {
       auto* validator = new PropMathValidator(m_combo);
       validator->setNumberValidator(numbers);
@@ -76,10 +81,8 @@ bool PropUiQComboBox::setupUi()
   connect(m_combo.data(), QOverload<int>::of(&QComboBox::activated), this, &PropUiQComboBox::onActivated);
   addItems();
   m_combo->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-  layout->addWidget(m_combo);
-  if (PropUiActionToolButtonsCtrl* toolbar = createActionsToolBar())
-    layout->addWidget(toolbar);
-  return true;
+  layout->addWidget(m_combo, stretch);
+  addActionsToolBar(layout);
 }
 
 void PropUiQComboBox::addItems()
@@ -130,7 +133,7 @@ void PropUiQComboBox::updateData()
   if (!m_bag || !m_combo)
     return;
   PropVariant value;
-  if (!m_bag->getValue(m_index, value))
+  if (!readValue(value, CommitTarget::WholeItem))
     return;
   if (value.isVaries())
   {
@@ -200,8 +203,7 @@ void PropUiQComboBox::onEditingFinished() {}
 void PropUiQComboBox::updateUi()
 {
   PropUiQControl::updateUi();
-  if (m_bag && m_combo)
-    m_combo->setEnabled(m_bag->isEditable(m_index, m_element));
+  showEditable(m_combo);
 }
 
 bool PropUiQComboBox::isVaries() const

@@ -4,6 +4,7 @@
 #include "PropVariant.h"
 #include "QHostComboBox.h"
 #include <QPointer>
+#include <functional>
 
 /**
  * A choice item: the bag lists the values, the formatter gives their texts
@@ -42,6 +43,12 @@ public:
 protected:
   /** Takes the entry at the last committed index out if it is temporary and no longer shown. */
   void dropStaleTempItem();
+  /**
+   * Builds the row: the combo, filled, then the item's actions toolbar.
+   * Typing follows the item's flags and number kind only when `typed`;
+   * `prepare` adjusts the combo before its entries go in.
+   */
+  void buildComboRow(bool typed, int stretch, const std::function<void()>& prepare = {});
   /**
    * Shows again what was there before a choice the bag did not take: the
    * varies look when the selection varied, else the last committed entry.

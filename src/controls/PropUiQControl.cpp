@@ -1,7 +1,7 @@
 #include "PropUiQControl.h"
+#include "PropUiQControl_p.h"
 
 #include "HostDocManager.h"
-#include "PropUiAccessibility_p.h"
 #include "PropBag.h"
 #include "PropUiOptions.h"
 #include "PropUiActionToolButtonsCtrl.h"
@@ -13,15 +13,61 @@
 #include "PropUiQFormatter.h"
 #include "PropUiQEventFilter.h"
 #include "PropUiRedirectFocusPolicyFilter.h"
+#include "PropUiWindowState_p.h"
 #include "QHostMessageBoxOd.h"
 #include <QApplication>
-#include <QLayout>
+#include <QHBoxLayout>
+#include <QLineEdit>
 #include <QTimer>
 
-PropUiQControl::PropUiQControl(QWidget* parent)
-  : PropUiQWidget(parent), m_formatter(new PropUiQDefaultFormatter(this)),
-    m_accessibility(std::make_unique<PropUiAccessibility>(this))
+PropUiQControlPrivate::PropUiQControlPrivate(PropUiQControl* control) : q(control), accessibility(*this) {}
+
+QWidget* PropUiQControlPrivate::widget() const
 {
+  return q;
+}
+
+PropUiAccessibility::Binding PropUiQControlPrivate::binding() const
+{
+  return {q->propBag(), q->itemIndex(), q->isPropertyElement(), q->element()};
+}
+
+bool PropUiQControlPrivate::showsVaries() const
+{
+  return q->isVaries();
+}
+
+bool PropUiQControlPrivate::isCaption() const
+{
+  return q->inherits("PropUiQLabel");
+}
+
+bool PropUiQControlPrivate::isControl(const QObject* object) const
+{
+  return qobject_cast<const PropUiQControl*>(object) != nullptr;
+}
+
+const PropUiAccessibility::Subject* PropUiQControlPrivate::subjectOf(const QObject* object) const
+{
+  auto* control = qobject_cast<const PropUiQControl*>(object);
+  return control ? control->d : nullptr;
+}
+
+PropUiQControl::PropUiQControl(QWidget* parent)
+  : PropUiQWidget(parent), m_formatter(new PropUiQDefaultFormatter(this))
+{
+}
+
+PropUiQControlPrivate* PropUiQControl::ensurePrivate()
+{
+  if (!d)
+    d = new PropUiQControlPrivate(this);
+  return d;
+}
+
+bool PropUiQControl::isClosing() const
+{
+  return d && d->closing;
 }
 
 // Toolbar, filters and formatter are Qt children; the bag is never ours.
@@ -33,12 +79,17 @@ PropUiQControl::PropUiQControl(QWidget* parent)
 // child or its filters act on reaches them before Qt has cut their
 // connections itself, and a panel torn down row by row does not search
 // every row's children.
+// A control that never had a private part was never bound: nothing it
+// would commit reaches a bag, closing or not.
 PropUiQControl::~PropUiQControl()
 {
-  m_closing = true;
+  if (d)
+    d->closing = true;
   if ((isWindow() && isVisible()) || holdsFocus())
     disarmChildren();
   m_bag = nullptr;
+  delete d;
+  d = nullptr;
 }
 
 bool PropUiQControl::holdsFocus() const
@@ -50,13 +101,27 @@ bool PropUiQControl::holdsFocus() const
   return false;
 }
 
-PropUiQControl::ApplyingScope::ApplyingScope(PropUiQControl* control)
-  : m_control(control), m_held(!control->m_applying), m_entered(m_held && !isWindowGoingAway(control))
+// Both scopes hold the one applying flag of the contract: a refresh blocks a
+// write as much as another write does.
+PropUiQControl::WriteScope::WriteScope(PropUiQControl* control)
+  : m_control(control), m_held(!control->m_applying), m_entered(m_held && !propui::isWindowGoingAway(control))
 {
   m_control->m_applying = true;
 }
 
-PropUiQControl::ApplyingScope::~ApplyingScope()
+PropUiQControl::WriteScope::~WriteScope()
+{
+  if (m_held)
+    m_control->m_applying = false;
+}
+
+PropUiQControl::WidgetUpdateScope::WidgetUpdateScope(PropUiQControl* control)
+  : m_control(control), m_held(!control->m_applying)
+{
+  m_control->m_applying = true;
+}
+
+PropUiQControl::WidgetUpdateScope::~WidgetUpdateScope()
 {
   if (m_held)
     m_control->m_applying = false;
@@ -64,9 +129,7 @@ PropUiQControl::ApplyingScope::~ApplyingScope()
 
 bool PropUiQControl::isWindowGoingAway(const QWidget* widget)
 {
-  const QWidget* window = widget ? widget->window() : nullptr;
-  // Hidden already asked for, but still shown: between setVisible(false) and its end.
-  return window && window->testAttribute(Qt::WA_WState_Hidden) && window->testAttribute(Qt::WA_WState_Visible);
+  return propui::isWindowGoingAway(widget);
 }
 
 void PropUiQControl::disarmChildren()
@@ -93,7 +156,8 @@ void PropUiQControl::disarmChildren()
 void PropUiQControl::clearBuiltUi()
 {
   disarmChildren();
-  m_toolTipWidgets.clear();
+  if (d)
+    d->toolTipWidgets.clear();
   delete layout();
   QList<QPointer<QObject> > built;
   for (QObject* child : children())
@@ -106,15 +170,16 @@ void PropUiQControl::clearBuiltUi()
 bool PropUiQControl::setupUi()
 {
   // A second set-up rebuilds: one set of children, whatever the first one made.
-  if (m_setUp)
+  PropUiQControlPrivate* p = ensurePrivate();
+  if (p->setUp)
     clearBuiltUi();
-  m_setUp = true;
+  p->setUp = true;
   PropUiActionsContextMenu::install();
   if (m_actionsToolbar)
     m_actionsToolbar->setupUi();
   // The derived control builds its children after this: name them once it has.
-  m_accessibility->rebuilt();
-  m_accessibility->schedule();
+  p->accessibility.rebuilt();
+  p->accessibility.schedule();
   return true;
 }
 
@@ -123,9 +188,13 @@ void PropUiQControl::updateUi()
   if (m_actionsToolbar)
     m_actionsToolbar->updateUi();
   updateToolTip();
-  // Caption, description or editability may have changed with the item.
-  m_accessibility->forgetTexts();
-  m_accessibility->schedule();
+  // Caption, description or editability may have changed with the item; a
+  // control without its private part was never bound and names nothing.
+  if (d)
+  {
+    d->accessibility.forgetTexts();
+    d->accessibility.schedule();
+  }
 }
 
 void PropUiQControl::setPropBagItem(PropBag* bag, int index)
@@ -141,7 +210,7 @@ void PropUiQControl::setPropBagItem(PropBag* bag, int index)
   m_bag = bag;
   m_index = index;
   m_isPropertyElement = false;
-  m_accessibility->rebuilt();
+  ensurePrivate()->accessibility.rebuilt();
 }
 
 void PropUiQControl::setPropBagItem(PropBag* bag, int index, unsigned long element)
@@ -158,7 +227,7 @@ void PropUiQControl::setPropBagItem(PropBag* bag, int index, unsigned long eleme
   m_index = index;
   m_element = element;
   m_isPropertyElement = true;
-  m_accessibility->rebuilt();
+  ensurePrivate()->accessibility.rebuilt();
 }
 
 void PropUiQControl::disableActionsToolbar(bool disable)
@@ -171,15 +240,16 @@ void PropUiQControl::updateData()
   if (m_actionsToolbar)
     m_actionsToolbar->updateData();
   // The derived control shows the varies state after this call returns.
-  m_accessibility->schedule();
+  if (d)
+    d->accessibility.schedule();
 }
 
 bool PropUiQControl::event(QEvent* event)
 {
-  if (event->type() == QEvent::Polish)
-    m_accessibility->polished();
-  else if (event->type() == QEvent::LanguageChange)
-    m_accessibility->languageChanged();
+  if (d && event->type() == QEvent::Polish)
+    d->accessibility.polished();
+  else if (d && event->type() == QEvent::LanguageChange)
+    d->accessibility.languageChanged();
   return PropUiQWidget::event(event);
 }
 
@@ -230,6 +300,49 @@ void PropUiQControl::adopt(QLayout* layout)
     QCoreApplication::postEvent(this, new QEvent(QEvent::LayoutRequest));
 }
 
+QHBoxLayout* PropUiQControl::setupRow(int spacing)
+{
+  auto* row = adoptLayout(new QHBoxLayout);
+  row->setContentsMargins(0, 0, 0, 0);
+  row->setSpacing(spacing);
+  return row;
+}
+
+void PropUiQControl::addActionsToolBar(QBoxLayout* row)
+{
+  if (PropUiActionToolButtonsCtrl* toolbar = createActionsToolBar())
+    row->addWidget(toolbar, 0);
+}
+
+// A text stays readable and selectable when the item may not be changed;
+// every other editor is greyed.
+void PropUiQControl::showEditable(QWidget* editor)
+{
+  if (!m_bag || !editor)
+    return;
+  const bool editable = m_bag->isEditable(m_index, m_element);
+  if (auto* edit = qobject_cast<QLineEdit*>(editor))
+    edit->setReadOnly(!editable);
+  else
+    editor->setEnabled(editable);
+}
+
+void PropUiQControl::setTabStop(bool hasTarget)
+{
+  if (!hasTarget && focusPolicy() != Qt::NoFocus)
+  {
+    PropUiQControlPrivate* p = ensurePrivate();
+    p->lentFocusPolicy = focusPolicy();
+    p->focusWithdrawn = true;
+    setFocusPolicy(Qt::NoFocus);
+  }
+  else if (hasTarget && d && d->focusWithdrawn)
+  {
+    d->focusWithdrawn = false;
+    setFocusPolicy(d->lentFocusPolicy);
+  }
+}
+
 PropUiActionToolButtonsCtrl* PropUiQControl::createActionsToolBar()
 {
   if (m_actionsToolbar)
@@ -254,9 +367,15 @@ PropUiActionToolButtonsCtrl* PropUiQControl::createActionsToolBar()
 
 bool PropUiQControl::readValue(PropVariant& value) const
 {
+  return readValue(value, CommitTarget::Binding);
+}
+
+bool PropUiQControl::readValue(PropVariant& value, CommitTarget target) const
+{
   if (!m_bag)
     return false;
-  return m_isPropertyElement ? m_bag->getElementValue(m_index, m_element, value) : m_bag->getValue(m_index, value);
+  return m_isPropertyElement && target == CommitTarget::Binding ? m_bag->getElementValue(m_index, m_element, value)
+                                                                : m_bag->getValue(m_index, value);
 }
 
 PropUiQControl::CommitResult PropUiQControl::commitValue(const PropVariant& value, CommitTarget target,
@@ -274,7 +393,7 @@ PropUiQControl::CommitResult PropUiQControl::commitElementValue(unsigned long el
 PropUiQControl::CommitResult PropUiQControl::commit(unsigned long element, bool writeElement, const PropVariant& value,
                                                     RefusalMessage refusal)
 {
-  if (!m_bag || m_closing)
+  if (!m_bag || isClosing())
     return CommitResult::Unbound;
   OdString message;
   if (!m_bag->validate(m_index, element, value, message))
@@ -350,7 +469,7 @@ void PropUiQControl::useToolTipFilter(QWidget* widget)
   if (m_toolTipFilter)
     widget->installEventFilter(m_toolTipFilter);
   else if (widget != this)
-    m_toolTipWidgets.append(widget);
+    ensurePrivate()->toolTipWidgets.append(widget);
 }
 
 // An item without a description has no tip to show: the filter, which would
@@ -374,8 +493,10 @@ void PropUiQControl::updateToolTip()
     filter->setPropBagItem(m_bag, m_index);
   filter->setDescription(description);
   m_toolTipFilter = filter;
-  for (const QPointer<QWidget>& widget : qAsConst(m_toolTipWidgets))
+  if (!d)
+    return;
+  for (const QPointer<QWidget>& widget : qAsConst(d->toolTipWidgets))
     if (widget)
       widget->installEventFilter(filter);
-  m_toolTipWidgets.clear();
+  d->toolTipWidgets.clear();
 }

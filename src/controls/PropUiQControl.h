@@ -7,11 +7,13 @@
 #include <QVector>
 #include <memory>
 
-class PropUiAccessibility;
 class PropUiActionToolButtonsCtrl;
+class PropUiQControlPrivate;
 class PropUiQEventFilter;
 class PropUiQFormatter;
 class PropVariant;
+class QBoxLayout;
+class QHBoxLayout;
 class QLayout;
 
 /**
@@ -33,7 +35,7 @@ public:
     NotWritten,///< validated, but the write failed
     Unbound    ///< no bag: nothing was asked
   };
-  /** What a commit writes. */
+  /** What a commit writes, or a read reads. */
   enum class CommitTarget
   {
     Binding,  ///< the bound element, or the item for a whole-item binding
@@ -47,27 +49,46 @@ public:
   };
 
   /**
-   * Holds the control's applying flag for one scope. A scope opened while the
-   * flag is already held does not enter: a write that moves the focus, or a
-   * refresh that changes the widget, must not start another write. Nor does
-   * one opened while the control's window is being taken down: the focus
-   * leaving then is not the user finishing an edit.
+   * Marks a write to the bag in progress, for one scope. A scope opened while
+   * the control is already writing or changing its own widgets does not
+   * enter: a write that moves the focus, or a refresh that changes the
+   * widget, must not start another write. Nor does one opened while the
+   * control's window is being taken down: the focus leaving then is not the
+   * user finishing an edit.
    */
-  class PROPWIDGETS_EXPORT ApplyingScope
+  class PROPWIDGETS_EXPORT WriteScope
   {
   public:
-    explicit ApplyingScope(PropUiQControl* control);
-    ~ApplyingScope();
-    ApplyingScope(const ApplyingScope&) = delete;
-    ApplyingScope& operator=(const ApplyingScope&) = delete;
-    /** False when the flag was held already by an outer scope. */
+    explicit WriteScope(PropUiQControl* control);
+    ~WriteScope();
+    WriteScope(const WriteScope&) = delete;
+    WriteScope& operator=(const WriteScope&) = delete;
+    /** False when the control was busy already; the caller then writes nothing. */
     bool entered() const { return m_entered; }
 
   private:
     PropUiQControl* m_control;
-    /** This scope took the flag, and gives it back. */
+    /** This scope marked the control busy, and clears it again. */
     bool m_held;
     bool m_entered;
+  };
+
+  /**
+   * Marks the control as changing its own widgets (a refresh, a rebuild, a
+   * value put back), for one scope: what the widgets signal meanwhile is not
+   * the user, and starts no write.
+   */
+  class PROPWIDGETS_EXPORT WidgetUpdateScope
+  {
+  public:
+    explicit WidgetUpdateScope(PropUiQControl* control);
+    ~WidgetUpdateScope();
+    WidgetUpdateScope(const WidgetUpdateScope&) = delete;
+    WidgetUpdateScope& operator=(const WidgetUpdateScope&) = delete;
+
+  private:
+    PropUiQControl* m_control;
+    bool m_held;
   };
 
   explicit PropUiQControl(QWidget* parent = nullptr);
@@ -109,6 +130,17 @@ public:
     return layout;
   }
 
+  /**
+   * The prologue of a one-row control: lays the control out as a row without
+   * margins and answers it. The editor goes in next, then addActionsToolBar.
+   * A spacing of -1 leaves the spacing to the style.
+   */
+  QHBoxLayout* setupRow(int spacing = 0);
+  /** Puts the item's actions toolbar, when it has one, at the end of the row. */
+  void addActionsToolBar(QBoxLayout* row);
+  /** Lets the user change the editor only as far as the bag lets the bound item be edited. */
+  void showEditable(QWidget* editor);
+
   /** Rebuilds the item's actions toolbar; null when the item has no actions. */
   PropUiActionToolButtonsCtrl* createActionsToolBar();
 
@@ -130,6 +162,8 @@ public:
 
   /** Reads the bound element or, for a whole-item binding, the item. False when unbound or refused. */
   bool readValue(PropVariant& value) const;
+  /** As readValue, for the item whatever the binding when `target` is WholeItem. */
+  bool readValue(PropVariant& value, CommitTarget target) const;
 
   /**
    * The one way an edit reaches the bag: validate, show a refusal's message
@@ -151,14 +185,24 @@ protected:
   bool event(QEvent* event) override;
 
   /** True from the start of the base's destruction on: no bag call may follow. */
-  bool isClosing() const { return m_closing; }
+  bool isClosing() const;
+  /**
+   * Whether a write or a change of the control's own widgets is in progress:
+   * what the widgets signal now is not the user editing.
+   */
+  bool isApplying() const { return m_applying; }
+  /**
+   * Takes the control out of the Tab order while it has nothing to offer
+   * (a row without buttons), and gives it back the policy it had after.
+   */
+  void setTabStop(bool hasTarget);
 
   bool m_isPropertyElement = false;
   int m_index = -1;
   unsigned long m_element = 0;
   PropBag* m_bag = nullptr;
   int m_options = 0;
-  /** Set while a write is in progress, so a write cannot re-enter itself. */
+  /** Held by a WriteScope or a WidgetUpdateScope, so a write cannot re-enter itself. */
   bool m_applying = false;
   bool m_messagesSuppressed = false;
   bool m_actionsToolbarDisabled = false;
@@ -168,6 +212,11 @@ protected:
   PropUiQFormatter* m_formatter = nullptr;
 
 private:
+  friend class PropUiQControlPrivate;
+  /** Made when first needed; see PropUiQControl_p.h. */
+  PropUiQControlPrivate* d = nullptr;
+  PropUiQControlPrivate* ensurePrivate();
+
   bool postMessage(const OdString& message, bool error);
   CommitResult commit(unsigned long element, bool writeElement, const PropVariant& value, RefusalMessage refusal);
   /** Makes every child unable to reach this control or the bag, so it can go quietly. */
@@ -179,11 +228,4 @@ private:
   void updateToolTip();
   /** Removes what an earlier setupUi built; the formatter and the binding stay. */
   void clearBuiltUi();
-
-  /** Widgets asking for the tool tip before the item had a description. */
-  QVector<QPointer<QWidget> > m_toolTipWidgets;
-  bool m_closing = false;
-  bool m_setUp = false;
-  /** Names and describes the focusable children for assistive technology. */
-  std::unique_ptr<PropUiAccessibility> m_accessibility;
 };

@@ -1,7 +1,6 @@
 #include "PropUiQIntegerCtrl.h"
 
 #include "PropBag.h"
-#include "PropUiActionToolButtonsCtrl.h"
 #include "PropUiEditCommitFilter.h"
 #include "PropUiElidedLineEditFilter.h"
 #include "PropUiTexts_p.h"
@@ -20,9 +19,7 @@ bool PropUiQIntegerCtrl::setupUi()
   PropUiQControl::setupUi();
   if (!m_bag)
     return false;
-  auto* layout = adoptLayout(new QHBoxLayout);
-  layout->setContentsMargins(0, 0, 0, 0);
-  layout->setSpacing(0);
+  auto* layout = setupRow();
   m_spinBox = new PropQSpinBox(this);
   m_spinBox->setObjectName(QStringLiteral("spinBox"));
   m_spinBox->disableMouseWheel(true);
@@ -48,16 +45,14 @@ bool PropUiQIntegerCtrl::setupUi()
   connect(m_spinBox.data(), &QAbstractSpinBox::editingFinished, this, &PropUiQIntegerCtrl::onEditingFinished);
   layout->addWidget(m_spinBox);
   connect(m_spinBox.data(), &QAbstractSpinBox::editingFinished, this, &PropUiQIntegerCtrl::onUpdateDisplay);
-  if (PropUiActionToolButtonsCtrl* toolbar = createActionsToolBar())
-    layout->addWidget(toolbar);
+  addActionsToolBar(layout);
   return true;
 }
 
 void PropUiQIntegerCtrl::updateUi()
 {
   PropUiQControl::updateUi();
-  if (m_bag && m_spinBox)
-    m_spinBox->setEnabled(m_bag->isEditable(m_index, m_element));
+  showEditable(m_spinBox);
 }
 
 void PropUiQIntegerCtrl::updateData()
@@ -66,7 +61,7 @@ void PropUiQIntegerCtrl::updateData()
   if (!m_bag || !m_spinBox)
     return;
   // Setting the range or the value must not count as the user editing.
-  const ApplyingScope refreshing(this);
+  const WidgetUpdateScope refreshing(this);
   PropVariant min, max;
   if (m_bag->getRange(m_index, m_element, min, max))
     m_spinBox->setRange(min.getInt32(), max.getInt32());
@@ -156,7 +151,7 @@ bool PropUiQIntegerCtrl::takeTypedText(bool keepRefused)
 
 void PropUiQIntegerCtrl::onSpinBoxValueChanged(int)
 {
-  const ApplyingScope applying(this);
+  const WriteScope applying(this);
   // A step out of the varies state is a choice of value: write it now.
   // Typing waits for the edit to end, as it does for any value.
   if (applying.entered() && isVaries() && m_spinBox->isStepping())
@@ -165,7 +160,7 @@ void PropUiQIntegerCtrl::onSpinBoxValueChanged(int)
 
 void PropUiQIntegerCtrl::onEditingFinished()
 {
-  const ApplyingScope applying(this);
+  const WriteScope applying(this);
   if (applying.entered())
     applyData();
 }

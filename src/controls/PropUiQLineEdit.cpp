@@ -3,7 +3,6 @@
 #include "OdStringQt.h"
 #include "PropBag.h"
 #include "PropMathValidator.h"
-#include "PropUiActionToolButtonsCtrl.h"
 #include "PropUiEditCommitFilter.h"
 #include "PropUiElidedLineEditFilter.h"
 #include "PropUiNumberEditing_p.h"
@@ -30,9 +29,7 @@ bool PropUiQLineEdit::setupWithEdit(const std::function<QLineEdit*(QWidget*)>& m
   PropUiQControl::setupUi();
   if (!m_bag)
     return false;
-  auto* layout = adoptLayout(new QHBoxLayout);
-  layout->setContentsMargins(0, 0, 0, 0);
-  layout->setSpacing(0);
+  auto* layout = setupRow();
   QLineEdit* edit = makeEdit(this);
   edit->setObjectName(QStringLiteral("edit"));
   m_edit = edit;
@@ -69,16 +66,14 @@ bool PropUiQLineEdit::setupWithEdit(const std::function<QLineEdit*(QWidget*)>& m
   connect(edit, &QLineEdit::editingFinished, this, &PropUiQLineEdit::onEditingFinished);
   connect(edit, &QLineEdit::editingFinished, this, &PropUiQLineEdit::onUpdateDisplay);
   layout->addWidget(edit);
-  if (PropUiActionToolButtonsCtrl* toolbar = createActionsToolBar())
-    layout->addWidget(toolbar);
+  addActionsToolBar(layout);
   return true;
 }
 
 void PropUiQLineEdit::updateUi()
 {
   PropUiQControl::updateUi();
-  if (m_bag && m_edit)
-    m_edit->setReadOnly(!m_bag->isEditable(m_index, m_element));
+  showEditable(m_edit);
 }
 
 void PropUiQLineEdit::updateData()
@@ -161,7 +156,7 @@ void PropUiQLineEdit::confirmEdit(const PropVariant& written, bool evaluated)
 
 void PropUiQLineEdit::onEditingFinished()
 {
-  const ApplyingScope applying(this);
+  const WriteScope applying(this);
   if (applying.entered())
     applyData();
 }

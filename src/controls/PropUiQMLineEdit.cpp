@@ -43,9 +43,7 @@ bool PropUiQMLineEditBase::setupUi()
   if (!m_bag)
     return false;
 
-  auto* outer = adoptLayout(new QHBoxLayout);
-  outer->setContentsMargins(0, 0, 0, 0);
-  outer->setSpacing(0);
+  auto* outer = setupRow();
   auto* form = new QFormLayout;
   form->setLabelAlignment(Qt::AlignRight | Qt::AlignHCenter | Qt::AlignVCenter);
   form->setContentsMargins(0, 0, 0, 0);

@@ -2,7 +2,6 @@
 
 #include "HostVisualManager.h"
 #include "PropBag.h"
-#include "PropUiActionToolButtonsCtrl.h"
 #include "PropUiThemeColors_p.h"
 #include <QHBoxLayout>
 #include <limits>
@@ -14,9 +13,7 @@ bool PropUiQSliderCtrl::setupUi()
   PropUiQControl::setupUi();
   if (!m_bag)
     return false;
-  auto* layout = adoptLayout(new QHBoxLayout);
-  layout->setContentsMargins(0, 0, 0, 0);
-  layout->setSpacing(0);
+  auto* layout = setupRow();
   // Made with its parent: a slider adopted later by the layout is polished twice.
   m_slider = new PropQSliderBox(this);
   m_slider->setObjectName(QStringLiteral("slider"));
@@ -39,8 +36,7 @@ bool PropUiQSliderCtrl::setupUi()
   connect(m_slider.data(), &QSlider::valueChanged, m_slider.data(),
           [slider = m_slider.data()](int value) { slider->setToolTip(QString::number(value)); });
   layout->addWidget(m_slider);
-  if (PropUiActionToolButtonsCtrl* toolbar = createActionsToolBar())
-    layout->addWidget(toolbar);
+  addActionsToolBar(layout);
   return true;
 }
 
@@ -58,8 +54,7 @@ void PropUiQSliderCtrl::setBoundedRange(int min, int max)
 void PropUiQSliderCtrl::updateUi()
 {
   PropUiQControl::updateUi();
-  if (m_bag && m_slider)
-    m_slider->setEnabled(m_bag->isEditable(m_index, m_element));
+  showEditable(m_slider);
 }
 
 void PropUiQSliderCtrl::updateData()
@@ -102,7 +97,7 @@ void PropUiQSliderCtrl::onSliderReleased()
 {
   if (!m_bag || !m_slider)
     return;
-  const ApplyingScope applying(this);
+  const WriteScope applying(this);
   if (!applying.entered())
     return;
   PropVariant value;

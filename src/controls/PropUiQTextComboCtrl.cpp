@@ -85,7 +85,7 @@ void PropUiQTextComboCtrl::onActivated(int index)
 {
   if (m_inert || !m_bag || !m_combo)
     return;
-  const ApplyingScope applying(this);
+  const WriteScope applying(this);
   if (!applying.entered())
     return;
   const bool wasVaries = leaveVaries();
@@ -164,7 +164,7 @@ void PropUiQTextComboCtrl::onEditingFinished()
 {
   if (m_inert)
     return;
-  const ApplyingScope applying(this);
+  const WriteScope applying(this);
   if (applying.entered())
     applyData();
 }

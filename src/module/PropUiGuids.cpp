@@ -1,5 +1,7 @@
 #include "PropUiGuids.h"
 
+#include "PropItemType.h"
+
 // OdGUID(int, short, short, unsigned char[8]) spelled out, so the text form is the canonical one.
 static OdGUID guid(unsigned int d1, unsigned short d2, unsigned short d3, unsigned long long d4)
 {
@@ -44,3 +46,15 @@ const OdGUID PropUiGuidButtons3x3 = guid(0x602BC1F5u, 0x322B, 0x4B43, 0xBDB7A499
 const OdGUID PropUiGuidSlider = guid(0x59F8790Eu, 0x59D5, 0x42C5, 0x92ADF2134A65C9CEull);
 const OdGUID PropUiGuidMultiTextCombo = guid(0x23DCA7BCu, 0x52CB, 0x4A75, 0x9044713A02B758F3ull);
 const OdGUID PropUiGuidDate = guid(0x887BADB5u, 0x65BA, 0x497C, 0x95940AB95FD4D7B8ull);
+
+PropNumberKind propNumberKindOf(const PropItemType* type)
+{
+  if (!type)
+    return PropNumberKind::None;
+  const OdGUID editor = type->editorGuid();
+  if (editor == PropUiGuidInteger)
+    return PropNumberKind::Integer;
+  if (editor == PropUiGuidDouble || editor == PropUiGuidDistance || editor == PropUiGuidAngle)
+    return PropNumberKind::Real;
+  return PropNumberKind::None;
+}

@@ -193,6 +193,14 @@ private slots:
     QCOMPARE(group->buttons().size(), 1);
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     QCOMPARE(row->findChildren<QAbstractButton*>().size(), 1);
+
+    // A row without actions has nothing to focus and nothing to name: no Tab stop, until it has a button.
+    const int none = addActions(bag, 0);
+    QScopedPointer<PropUiActionButtonGroupCtrl> empty(actionRow(push, bag, none));
+    QCOMPARE(empty->focusPolicy(), Qt::NoFocus);
+    bag.item(none).actions = bag.item(item).actions;
+    empty->updateData();
+    QCOMPARE(empty->focusPolicy(), Qt::StrongFocus);
   }
 
   // The focus moving onto a button of a field's toolbar commits the field;
