@@ -54,9 +54,13 @@ QRect handleRect(QSlider* slider)
 /** The lowest contrast between the background and the pixel of the text that stands out most on it. */
 double textContrast(const QImage& image, const QRect& area, const QColor& background)
 {
+  // The grab is in device pixels, the area in the widget's own.
+  const qreal ratio = image.devicePixelRatio();
+  const QRect pixels(QPoint(int(area.left() * ratio), int(area.top() * ratio)),
+                     QPoint(int((area.right() + 1) * ratio) - 1, int((area.bottom() + 1) * ratio) - 1));
   double best = 1.0;
-  for (int y = area.top(); y <= area.bottom(); ++y)
-    for (int x = area.left(); x <= area.right(); ++x)
+  for (int y = pixels.top(); y <= pixels.bottom(); ++y)
+    for (int x = pixels.left(); x <= pixels.right(); ++x)
       best = qMax(best, PropQSliderBox::contrast(image.pixelColor(x, y), background));
   return best;
 }
@@ -364,7 +368,8 @@ private slots:
     QScopedPointer<PropUiQSliderCtrl> control(boundControl<PropUiQSliderCtrl>(bag, item));
     control->resize(300, 28);
     PropQSliderBox* slider = control->slider();
-    const QImage image = control->grab().toImage();
+    control->show();
+    const QImage image = slider->grab().toImage();
     const QRect handle = handleRect(slider);
     QVERIFY(handle.width() >= QApplication::style()->pixelMetric(QStyle::PM_SliderLength));
 
