@@ -180,6 +180,7 @@ private slots:
     RecordingBag bag;
     fill(bag, Mixed);
     PropertyBagModel model;
+    QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::QtTest);
     QVERIFY(!model.index(0, 0).isValid()); // unbound
     model.setPropBag(&bag);
     QVERIFY(!model.index(0, 1).data().isValid()); // no formatter yet
@@ -206,6 +207,7 @@ private slots:
     RecordingBag bag;
     fill(bag, Mixed);
     PropertyBagModel model;
+    QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::QtTest);
     model.setPropBag(&bag);
     QSignalSpy changed(&model, &QAbstractItemModel::dataChanged);
     model.itemChanged(2);
