@@ -164,21 +164,6 @@ private slots:
     QCOMPARE(line->palette().color(QPalette::Text), control->dateEdit()->palette().color(QPalette::Text));
   }
 
-  void refusedDatesRevertAtOnce()
-  {
-    RecordingBag bag;
-    const int item = addRevised(bag);
-    QScopedPointer<PropUiQDateCtrl> control(boundControl<PropUiQDateCtrl>(bag, item));
-    bag.item(item).acceptValidate = false;
-    control->dateEdit()->setDate(QDate(2031, 1, 1));
-    QCOMPARE(control->dateEdit()->date(), QDate(2021, 3, 5));
-    bag.item(item).acceptValidate = true;
-    bag.item(item).acceptWrite = false;
-    control->dateEdit()->setDate(QDate(2022, 1, 1));
-    QCOMPARE(control->dateEdit()->date(), QDate(2021, 3, 5));
-    QVERIFY(bag.written.isEmpty());
-  }
-
   void unreadableTextsAndBadInput()
   {
     RecordingBag bag;
