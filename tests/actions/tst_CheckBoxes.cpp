@@ -78,24 +78,6 @@ private slots:
     QVERIFY(textSwitch->checkBox()->text().isEmpty());
   }
 
-  void otherTypesAndBadInputChangeNothing()
-  {
-    RecordingBag bag;
-    const int item = bag.addItem(QStringLiteral("Visible"), boolValue(true));
-    QScopedPointer<PropUiQCheckBox> control(boundControl<PropUiQCheckBox>(bag, item));
-    PropVariant number;
-    number.setInt32(0);
-    bag.item(item).value = number;
-    control->updateData();
-    QCOMPARE(control->checkBox()->checkState(), Qt::Checked);
-    bag.item(item).readable = false;
-    control->updateData();
-    QCOMPARE(control->checkBox()->checkState(), Qt::Checked);
-    bag.item(item).editable = false;
-    control->updateUi();
-    QVERIFY(!control->checkBox()->isEnabled());
-  }
-
   void elementBoundBoxesUseElements()
   {
     RecordingBag bag;

@@ -141,26 +141,6 @@ private slots:
     QVERIFY(bag.written.isEmpty());
   }
 
-  void wrongTypeOrNoDataLeavesTheSpinBox()
-  {
-    RecordingBag bag;
-    const int item = addSegments(bag);
-    QScopedPointer<PropUiQIntegerCtrl> control(boundControl<PropUiQIntegerCtrl>(bag, item));
-    PropVariant text;
-    text.setString(OdString(L"many"));
-    bag.item(item).value = text;
-    control->updateData();
-    QCOMPARE(control->spinBox()->value(), 24);
-    PropVariant empty = intValue(50);
-    empty.setType(empty.type() | PropVariant::kNoData);
-    bag.item(item).value = empty;
-    control->updateData();
-    QCOMPARE(control->spinBox()->value(), 24);
-    bag.item(item).editable = false;
-    control->updateUi();
-    QVERIFY(!control->spinBox()->isEnabled());
-  }
-
   void sliderWritesOnReleaseOnly()
   {
     RecordingBag bag;
