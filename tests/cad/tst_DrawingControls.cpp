@@ -530,6 +530,42 @@ private slots:
     QCOMPARE(weight->lastCommittedIndex(), weightShown);
   }
 
+  // What the every-kind table cannot give: ids of another drawing, and contexts without one.
+  void badInputShowsWhatItCanAndWritesNothing()
+  {
+    Fixture f;
+    // A value of the wrong kind: the default colour, no new entry.
+    QScopedPointer<PropUiQColorCtrl> colour(f.bound<PropUiQColorCtrl>(textValue(QStringLiteral("purple"))));
+    QCOMPARE(colour->comboBox()->currentText(), QStringLiteral("ByLayer"));
+    // An id of another database: the bag's text, before "Other...", which stays last; choosing it writes nothing.
+    OdDbDatabase elsewhere;
+    QScopedPointer<PropUiQLinetypeCtrl> linetype(
+      f.bound<PropUiQLinetypeCtrl>(propVariantFromObjectId(elsewhere.getLinetypeContinuousId())));
+    QComboBox* linetypes = linetype->comboBox();
+    QCOMPARE(linetypes->currentIndex(), linetypes->count() - 2);
+    QCOMPARE(linetypes->itemText(linetypes->count() - 1), QStringLiteral("Other..."));
+    linetype->onActivated(linetypes->currentIndex());
+    QScopedPointer<PropUiQArrowheadCtrl> arrow(f.bound<PropUiQArrowheadCtrl>(textValue(QStringLiteral("dot"))));
+    QCOMPARE(arrow->comboBox()->currentIndex(), -1);
+    // A context without a drawing, and one of another kind.
+    PropBagCtxBase plain;
+    hostDbPropBagCtx empty(nullptr);
+    for (PropBagCtx* context : {static_cast<PropBagCtx*>(&plain), static_cast<PropBagCtx*>(&empty)})
+    {
+      f.bag.context = context;
+      QScopedPointer<PropUiQLinetypeCtrl> noDrawing(f.bound<PropUiQLinetypeCtrl>(propVariantFromObjectId(f.dashed)));
+      QScopedPointer<PropUiQLayerCtrl> layer(f.bound<PropUiQLayerCtrl>(propVariantFromObjectId(f.walls)));
+      QCOMPARE(layer->comboBox()->count(), 1); // the bag's own text, nothing to choose from
+      layer->onActivated(0);
+      noDrawing->onActivated(0);
+    }
+    // Activations of entries that do not exist.
+    for (PropUiQComboBox* control : std::initializer_list<PropUiQComboBox*>{colour.data(), linetype.data(), arrow.data()})
+      for (int index : {-1, 1000})
+        control->onActivated(index);
+    QVERIFY(f.bag.written.isEmpty());
+  }
+
   void layerPicturesFollowTheLayerAndTheTheme_data()
   {
     QTest::addColumn<QString>("change");
