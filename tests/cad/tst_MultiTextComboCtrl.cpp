@@ -109,6 +109,25 @@ private slots:
     QCOMPARE(snaps.item(item).value.getInt32(), 1);
   }
 
+  void badInputWritesNothing()
+  {
+    // A value of neither form, and an entry the bag cannot give.
+    RecordingBag bag;
+    const int item = addSnaps(bag, realValue(2.5), false);
+    bag.item(item).listValues.remove(1);
+    QScopedPointer<PropUiQMultiTextComboCtrl> combo(boundControl<PropUiQMultiTextComboCtrl>(bag, item));
+    QCOMPARE(combo->comboBox()->count(), 2);
+    combo->setChosen(1, true);
+    bag.item(item).readable = false;
+    combo->updateData();
+    combo->setChosen(7, true);
+    QVERIFY(!combo->isChosen(7));
+    bag.clearCalls();
+    combo->onPopupClosed(); // a double is neither a set of flags nor a list
+    QVERIFY(!bag.called(QStringLiteral("setValue")));
+    QVERIFY(!combo->isChosen(1));
+  }
+
   // Entries are ticked in the open popup, which stays for the next; closing it writes once.
   void clicksInTheOpenPopupTickEntries()
   {

@@ -175,6 +175,26 @@ private slots:
     QVERIFY(!bag.called(QStringLiteral("parseValue")));
   }
 
+  void badInputWritesNothing()
+  {
+    PropUiQComboBox unbound;
+    QVERIFY(!unbound.setupUi());
+    QCOMPARE(unbound.addTempItem(PropVariant()), -1);
+    QVERIFY(!unbound.removeTempItem(0));
+
+    RecordingBag bag;
+    const int item = addStyle(bag);
+    bag.item(item).listValues.clear(); // getListValue answers false
+    QScopedPointer<PropUiQComboBox> control(boundControl<PropUiQComboBox>(bag, item));
+    control->onActivated(0);
+    control->onActivated(99);
+    QVERIFY(!control->removeTempItem(0)); // a real entry stays
+    QVERIFY(bag.written.isEmpty());
+
+    const int empty = bag.addItem(QStringLiteral("Nothing listed"), textValue(QStringLiteral("x")));
+    QScopedPointer<PropUiQComboBox> none(boundControl<PropUiQComboBox>(bag, empty));
+    QCOMPARE(none->comboBox()->count(), 1); // only the value, as a temporary entry
+  }
 };
 
 QTEST_MAIN(TestComboBox)

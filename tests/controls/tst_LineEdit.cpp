@@ -247,6 +247,35 @@ private slots:
     QVERIFY(!bag.called(QStringLiteral("getElementValue")) && !bag.called(QStringLiteral("setElementValue")));
   }
 
+  void badInputChangesNothing()
+  {
+    PropUiQDoubleCtrl unbound;
+    QVERIFY(!unbound.setupUi());
+    QVERIFY(unbound.findChildren<QWidget*>().isEmpty());
+    QVERIFY(!unbound.applyData());
+
+    RecordingBag bag;
+    const int item = addRadius(bag);
+    QScopedPointer<PropUiQDoubleCtrl> unknown(new PropUiQDoubleCtrl);
+    unknown->setPropBagItem(&bag, 7);
+    QVERIFY(unknown->setupUi());
+    unknown->updateData();
+    QVERIFY(unknown->lineEdit()->text().isEmpty());
+    unknown->lineEdit()->setText(QStringLiteral("3"));
+    QVERIFY(!unknown->applyData());
+    QVERIFY(bag.written.isEmpty());
+
+    QScopedPointer<PropUiQDoubleCtrl> control(boundControl<PropUiQDoubleCtrl>(bag, item));
+    bag.item(item).readable = false;
+    bag.item(item).value = realValue(99.0);
+    control->updateData();
+    QCOMPARE(control->lineEdit()->text(), QStringLiteral("12.5"));
+
+    bag.item(item).editable = false;
+    control->updateUi();
+    QVERIFY(control->lineEdit()->isReadOnly());
+  }
+
   void textControlUsesTheHostTextEditor()
   {
     RecordingBag bag;
