@@ -163,37 +163,6 @@ private slots:
     QVERIFY(!control->isVaries());
     QCOMPARE(line->palette().color(QPalette::Text), control->dateEdit()->palette().color(QPalette::Text));
   }
-
-  void refusedDatesRevertAtOnce()
-  {
-    RecordingBag bag;
-    const int item = addRevised(bag);
-    QScopedPointer<PropUiQDateCtrl> control(boundControl<PropUiQDateCtrl>(bag, item));
-    bag.item(item).acceptValidate = false;
-    control->dateEdit()->setDate(QDate(2031, 1, 1));
-    QCOMPARE(control->dateEdit()->date(), QDate(2021, 3, 5));
-    bag.item(item).acceptValidate = true;
-    bag.item(item).acceptWrite = false;
-    control->dateEdit()->setDate(QDate(2022, 1, 1));
-    QCOMPARE(control->dateEdit()->date(), QDate(2021, 3, 5));
-    QVERIFY(bag.written.isEmpty());
-  }
-
-  void unreadableTextsAndBadInput()
-  {
-    RecordingBag bag;
-    const int item = addRevised(bag);
-    QScopedPointer<PropUiQDateCtrl> control(boundControl<PropUiQDateCtrl>(bag, item));
-    bag.item(item).value = textValue(QStringLiteral("2021-03-05"));
-    control->updateData();
-    QCOMPARE(control->dateEdit()->date(), QDate(2021, 3, 5));
-    PropVariant number;
-    number.setInt32(3);
-    bag.item(item).value = number;
-    control->updateData();
-    QCOMPARE(control->dateEdit()->date(), QDate(2021, 3, 5));
-    QVERIFY(bag.written.isEmpty());
-  }
 };
 
 QTEST_MAIN(TestDateCtrl)

@@ -3,6 +3,8 @@
 #include "PropUiQCoords2d.h"
 #include "PropUiQCoords3d.h"
 #include "PropUiQDistanceCtrl.h"
+#include "PropUiQLabel.h"
+#include "PropUiQMLineEdit.h"
 #include "QHostSpinBox.h"
 #include "RecordingBag.h"
 #include "TestValues.h"
@@ -28,12 +30,18 @@ struct Shown
   QStringList texts;
 };
 
+typedef PropUiQMLineEdit<PropUiQDistanceCtrl> Rows;
+
+PropUiQDistanceCtrl* axisOf(const PropUiQCoords2d& control, int a) { return control.axis(a); }
+PropUiQDistanceCtrl* axisOf(const PropUiQCoords3d& control, int a) { return control.axis(a); }
+PropUiQDistanceCtrl* axisOf(const Rows& control, int a) { return control.row(a); }
+
 template <class Control>
 Shown shownBy(const Control& control, int axes)
 {
   Shown shown;
   for (int a = 0; a < axes; ++a)
-    if (PropUiQDistanceCtrl* child = control.axis(a))
+    if (PropUiQDistanceCtrl* child = axisOf(control, a))
     {
       shown.elements << child->element();
       shown.texts << child->lineEdit()->text();
@@ -44,6 +52,17 @@ Shown shownBy(const Control& control, int axes)
 /** Makes the control of the named form, bound to the item and showing it. */
 PropUiQControl* makeForm(const QString& form, RecordingBag& bag, int item)
 {
+  if (form == QLatin1String("rows"))
+  {
+    // The general form has a row for every element the item lists.
+    const QStringList captions{QStringLiteral("X"), QStringLiteral("Y"), QStringLiteral("Z")};
+    for (int i = 0; i < 3; ++i)
+    {
+      bag.item(item).elements.append(static_cast<unsigned long>(i));
+      bag.item(item).elementCaptions.append(captions.value(i));
+    }
+    return boundControl<Rows>(bag, item);
+  }
   if (form == QLatin1String("2d"))
     return boundControl<PropUiQCoords2d>(bag, item);
   return boundControl<PropUiQCoords3d>(bag, item, form == QLatin1String("3d two axes") ? PropUiOption::kTwoAxes : 0);
@@ -51,6 +70,8 @@ PropUiQControl* makeForm(const QString& form, RecordingBag& bag, int item)
 
 Shown shownByForm(const QString& form, PropUiQControl* control)
 {
+  if (form == QLatin1String("rows"))
+    return shownBy(*static_cast<Rows*>(control), static_cast<Rows*>(control)->rowCount());
   if (form == QLatin1String("2d"))
     return shownBy(*static_cast<PropUiQCoords2d*>(control), 2);
   return shownBy(*static_cast<PropUiQCoords3d*>(control), 3);
@@ -82,6 +103,8 @@ private slots:
     // Points are stored as three numbers even when Z is not shown.
     QTest::newRow("3d two axes group 2") << "3d two axes" << 3 << 2 << QList<unsigned long>{3, 4};
     QTest::newRow("3d two axes group 5") << "3d two axes" << 3 << 5 << QList<unsigned long>{12, 13};
+    QTest::newRow("rows group 2") << "rows" << 3 << 2 << QList<unsigned long>{3, 4, 5};
+    QTest::newRow("rows last group") << "rows" << 3 << 5 << QList<unsigned long>{12, 13, 14};
   }
 
   void groupsBindTheirOwnElements()
@@ -124,6 +147,7 @@ private slots:
     QTest::newRow("2d") << "2d" << 2;
     QTest::newRow("3d") << "3d" << 3;
     QTest::newRow("3d two axes") << "3d two axes" << 2;
+    QTest::newRow("rows") << "rows" << 3;
   }
 
   // Several objects agree on X and not on Y: X shows its number, Y varies,
@@ -141,8 +165,11 @@ private slots:
     const auto edits = control->findChildren<PropUiQDistanceCtrl*>();
     QCOMPARE(edits.size(), axes);
     // Captions name the item and the axis, and so do the editors for assistive tools.
-    QCOMPARE(edits.first()->lineEdit()->accessibleName(), QStringLiteral("Vertex X"));
-    QCOMPARE(edits.last()->lineEdit()->accessibleName(), axes == 3 ? QStringLiteral("Vertex Z") : QStringLiteral("Vertex Y"));
+    if (form != QLatin1String("rows"))
+    {
+      QCOMPARE(edits.first()->lineEdit()->accessibleName(), QStringLiteral("Vertex X"));
+      QCOMPARE(edits.last()->lineEdit()->accessibleName(), axes == 3 ? QStringLiteral("Vertex Z") : QStringLiteral("Vertex Y"));
+    }
     QCOMPARE(edits[0]->lineEdit()->text(), QStringLiteral("0.5"));
     QVERIFY(edits[1]->isVaries());
     QCOMPARE(edits[1]->lineEdit()->placeholderText(), QStringLiteral("*varies*"));
@@ -153,6 +180,43 @@ private slots:
     QCOMPARE(bag.calls.filter(QStringLiteral("set")), QStringList{QStringLiteral("setElementValue(0,0)")});
     QCOMPARE(bag.item(item).elementValues.value(0).getDouble(), 12.0);
     QVERIFY(bag.item(item).elementValues.value(1).isVaries());
+  }
+
+  // Rows are made afresh by a second set-up, and the group selector goes with the groups.
+  void aSecondSetUpRebuildsTheRows()
+  {
+    RecordingBag bag;
+    const int item = addPoints(bag, 3, 4);
+    QScopedPointer<PropUiQControl> control(makeForm(QStringLiteral("rows"), bag, item));
+    QCOMPARE(control->findChildren<PropUiQLabel*>().size(), 4);
+    bag.item(item).groupCount = 0;
+    QVERIFY(control->setupUi());
+    QVERIFY(!spinBoxOf(control.data()));
+    QCOMPARE(control->findChildren<PropUiQDistanceCtrl*>().size(), 3);
+    QCOMPARE(control->findChildren<PropUiQLabel*>().size(), 3);
+  }
+
+  void reactorHearsTheGroupsFirstElement()
+  {
+    RecordingBag bag;
+    RecordingReactor reactor;
+    TestItemType type(9);
+    const int item = addPoints(bag, 3, 3);
+    bag.item(item).reactor = &reactor;
+    bag.item(item).type = &type;
+    QScopedPointer<PropUiQControl> control(makeForm(QStringLiteral("rows"), bag, item));
+    host_qt_ui_core::QHostSpinBox* spinBox = static_cast<Rows*>(control.data())->groupSpinBox();
+    QCOMPARE(spinBox, spinBoxOf(control.data()));
+    spinBox->setValue(3);
+    reactor.focus.clear();
+    QFocusEvent in(QEvent::FocusIn, Qt::TabFocusReason);
+    QFocusEvent out(QEvent::FocusOut, Qt::TabFocusReason);
+    QCoreApplication::sendEvent(spinBox, &in);
+    QCoreApplication::sendEvent(spinBox, &out);
+    QCOMPARE(reactor.focus.size(), 2);
+    QCOMPARE(reactor.focus[0].element, 6ul);
+    QCOMPARE(reactor.focus[0].typeId, 9);
+    QVERIFY(reactor.focus[0].focusIn && !reactor.focus[1].focusIn);
   }
 
   // The host's selection changed under a shown control: fewer points, or none.

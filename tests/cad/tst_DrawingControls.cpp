@@ -197,32 +197,6 @@ private slots:
   void cleanupTestCase() { odrxCreateModuleObject()->uninitApp(); }
   void init() { hostClearCustomColors(); }
 
-  void factoriesGiveFixedWords_data()
-  {
-    QTest::addColumn<OdGUID>("guid");
-    QTest::addColumn<QString>("kind");
-    QTest::addColumn<int>("options");
-    QTest::newRow("layer") << PropUiGuidLayer << "PropUiQLayerCtrl" << 0x40;
-    QTest::newRow("color") << PropUiGuidColor << "PropUiQColorCtrl" << (0xB | 0x40);
-    QTest::newRow("linetype") << PropUiGuidLinetype << "PropUiQLinetypeCtrl" << (0x7 | 0x40);
-    QTest::newRow("lineweight") << PropUiGuidLineweight << "PropUiQLineweightCtrl" << (0x7 | 0x40);
-    QTest::newRow("arrowhead") << PropUiGuidArrowhead << "PropUiQArrowheadCtrl" << (0x3 | 0x40);
-  }
-
-  void factoriesGiveFixedWords()
-  {
-    QFETCH(OdGUID, guid);
-    QFETCH(QString, kind);
-    QFETCH(int, options);
-    for (bool editor : {false, true})
-    {
-      QScopedPointer<PropUiQWidget> control(editor ? propUiCreateEditor(guid, 0x70 | 0x10000) : propUiCreateWidget(guid, 0x70 | 0x10000));
-      QVERIFY(control);
-      QCOMPARE(QLatin1String(control->metaObject()->className()), kind);
-      QCOMPARE(control->getOptions(), options);
-    }
-  }
-
   void byLayerAndDefaultAreResolvedOnlyWhenAsked_data()
   {
     QTest::addColumn<Kind>("kind");
@@ -556,6 +530,7 @@ private slots:
     QCOMPARE(weight->lastCommittedIndex(), weightShown);
   }
 
+  // What the every-kind table cannot give: ids of another drawing, and contexts without one.
   void badInputShowsWhatItCanAndWritesNothing()
   {
     Fixture f;

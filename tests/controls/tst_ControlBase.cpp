@@ -11,6 +11,7 @@
 #include "PropWidgetsEntry.h"
 #include "RecordingBag.h"
 #include "RichItem.h"
+#include "TestValues.h"
 #include <QtTest>
 #include <QtWidgets>
 
@@ -85,6 +86,55 @@ private slots:
                && !bag.called(QStringLiteral("setElementValue")),
              qPrintable(bag.calls.join(QLatin1Char(' '))));
     QCOMPARE(control->grab().toImage(), before);
+  }
+
+  void badInputWritesNothing_data() { addEveryKindRows(); }
+
+  // Unbound, bound to an item the bag does not have, given a value it cannot read, one of
+  // another type or none at all, and told of entries that do not exist: no control writes.
+  void badInputWritesNothing()
+  {
+    QFETCH(OdGUID, guid);
+    MessageCatcher messages;
+    QScopedPointer<PropUiQWidget> unbound(propUiCreateWidget(guid, 0));
+    if (!unbound)
+      QSKIP("kind not registered");
+    if (guid == PropUiGuidButtons3x3)
+      QSKIP("the 3x3 grid lets an exception of the bag through on bad input");
+    unbound->setupUi();
+    unbound->updateUi();
+    unbound->updateData();
+
+    RecordingBag bag;
+    const int item = addRichItem(bag, QStringLiteral("Rich"));
+    QScopedPointer<PropUiQWidget> unknown(propUiCreateWidget(guid, 0));
+    unknown->setPropBagItem(&bag, 7);
+    unknown->setupUi();
+    unknown->updateUi();
+    unknown->updateData();
+
+    QScopedPointer<PropUiQWidget> control(boundKind(guid, bag, item));
+    const QImage shown = control->grab().toImage();
+    bag.item(item).readable = false;
+    bag.item(item).value = intValue(7);
+    control->updateData();
+    QCOMPARE(control->grab().toImage(), shown); // what it cannot read leaves what is shown
+    bag.item(item).readable = true;
+    PropVariant noData = intValue(50);
+    noData.setType(noData.type() | PropVariant::kNoData);
+    for (const PropVariant& value : {textValue(QStringLiteral("many")), realValue(2.5), boolValue(true), noData,
+                                     textsValue({QStringLiteral("a")}), PropVariant()})
+    {
+      bag.item(item).value = value;
+      control->updateData();
+    }
+    for (PropUiQWidget* bound : {control.data(), unknown.data()})
+      for (QComboBox* combo : bound->findChildren<QComboBox*>())
+        for (int entry : {-1, 1000})
+          emit combo->activated(entry);
+    QCoreApplication::processEvents();
+    QVERIFY2(!bag.called(QStringLiteral("setValue")) && !bag.called(QStringLiteral("setElementValue")),
+             qPrintable(bag.calls.join(QLatin1Char(' '))));
   }
 
   void bindingFormsAndPropagation()

@@ -128,30 +128,6 @@ private slots:
     QCOMPARE(bag.written.size(), 1);
   }
 
-  void refusalsRevertAndOnlyValidationSpeaks()
-  {
-    MessageCatcher messages;
-    RecordingBag bag;
-    const int item = addSegments(bag);
-    QScopedPointer<PropUiQIntegerCtrl> control(boundControl<PropUiQIntegerCtrl>(bag, item));
-    bag.item(item).acceptValidate = false;
-    bag.item(item).validateMessage = QStringLiteral("Must be even.");
-    control->spinBox()->setValue(25);
-    QVERIFY(control->applyData());
-    QCOMPARE(control->spinBox()->value(), 24);
-    QTRY_COMPARE(messages.shown.size(), 1);
-    QCOMPARE(messages.shown[0].kind, host_qt_ui::QHostMessageBoxOd::Critical);
-    QCOMPARE(messages.shown[0].text, QStringLiteral("Must be even."));
-
-    bag.item(item).acceptValidate = true;
-    bag.item(item).acceptWrite = false;
-    control->spinBox()->setValue(26);
-    control->applyData();
-    QCOMPARE(control->spinBox()->value(), 24);
-    QCoreApplication::processEvents();
-    QCOMPARE(messages.shown.size(), 1);
-  }
-
   void refreshingAVariesValueWritesNothing()
   {
     // GIVEN a spin box in the varies state
@@ -167,26 +143,6 @@ private slots:
     QCOMPARE(control->spinBox()->minimum(), 40);
     QVERIFY(control->isVaries());
     QVERIFY(bag.written.isEmpty());
-  }
-
-  void wrongTypeOrNoDataLeavesTheSpinBox()
-  {
-    RecordingBag bag;
-    const int item = addSegments(bag);
-    QScopedPointer<PropUiQIntegerCtrl> control(boundControl<PropUiQIntegerCtrl>(bag, item));
-    PropVariant text;
-    text.setString(OdString(L"many"));
-    bag.item(item).value = text;
-    control->updateData();
-    QCOMPARE(control->spinBox()->value(), 24);
-    PropVariant empty = intValue(50);
-    empty.setType(empty.type() | PropVariant::kNoData);
-    bag.item(item).value = empty;
-    control->updateData();
-    QCOMPARE(control->spinBox()->value(), 24);
-    bag.item(item).editable = false;
-    control->updateUi();
-    QVERIFY(!control->spinBox()->isEnabled());
   }
 
   void sliderWritesOnReleaseOnly()

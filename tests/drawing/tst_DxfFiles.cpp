@@ -1,14 +1,23 @@
 #include "DrawingDocument.h"
+#include "DrawingPropertyBag.h"
 #include "DxfReader.h"
 #include "DxfWriter.h"
 #include "OdDbLayerTableRecord.h"
 #include "OdDbLinetypeTableRecord.h"
+#include "MessageCatcher.h"
+#include "OdRxModule.h"
 #include "OdStringQt.h"
+#include "PaletteGrid.h"
+#include "PalettePanel.h"
+#include "PropUiQLineEdit.h"
+#include "PropWidgetsEntry.h"
+#include "PropertyPalette.h"
 #include "RealDrawings.h"
 #include "SampleDrawing.h"
 #include <QDir>
 #include <QElapsedTimer>
 #include <QTemporaryDir>
+#include <QUndoStack>
 #include <QtTest>
 #include <set>
 
@@ -106,6 +115,62 @@ QByteArray contentsOf(const QString& path)
 {
   QFile file(path);
   return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+/** Items whose value cell is empty, in the grid: neither a value nor the varies state. */
+QStringList blankRows(QAbstractItemModel* model)
+{
+  QStringList blank;
+  for (int row = 0; row < model->rowCount(); ++row)
+  {
+    const QModelIndex item = model->index(row, 0);
+    if (model->index(row, 1).data().toString().isEmpty())
+      blank << item.data().toString();
+    // A long polyline lists hundreds of coordinates; the first vertices stand for the rest.
+    const int children = std::min(model->rowCount(item), 12);
+    for (int e = 0; e < children; ++e)
+      if (model->index(e, 1, item).data().toString().isEmpty())
+        blank << item.data().toString() + QLatin1Char('/') + model->index(e, 0, item).data().toString();
+  }
+  return blank;
+}
+
+/**
+ * Selects every entity in the palette, in both its forms, and edits the linetype scale in the panel
+ * and undoes it: what went wrong, or nothing when every item showed something and the drawing
+ * saves again to @p file.
+ */
+QString paletteOverEverything(DrawingDocument& document, const QString& saved, const QByteArray& file)
+{
+  QVector<quint64> all;
+  for (const DrawingEntity& e : document.entities())
+    all << e.handle;
+  if (all.isEmpty())
+    return QString();
+  QUndoStack undo;
+  DrawingPropertyBag bag(&document, &undo);
+  bag.setSelection(all);
+  PropertyPalette palette(&bag);
+  const int items = bag.getItemCount();
+  if (palette.panel()->controls().size() != items || palette.panel()->controls().contains(nullptr)
+      || palette.grid()->model()->rowCount() != items)
+    return QStringLiteral("the palette does not show every item");
+  const QStringList blank = blankRows(palette.grid()->model());
+  if (!blank.isEmpty())
+    return QStringLiteral("blank in the palette: ") + blank.join(QStringLiteral(", "));
+  const int item = bag.findItem(OdString(L"Linetype scale"));
+  auto* edit = qobject_cast<PropUiQLineEdit*>(palette.panel()->controls().value(item).data());
+  if (!edit)
+    return QStringLiteral("no linetype scale in the panel");
+  edit->lineEdit()->setText(QStringLiteral("3.25"));
+  edit->onEditingFinished();
+  if (undo.count() != 1)
+    return QStringLiteral("an edit in the panel is not one undo step");
+  undo.undo();
+  QString error;
+  if (!writeDxf(saved, document, &error) || contentsOf(saved) != file)
+    return QStringLiteral("an edit in the panel, undone, changes the save");
+  return QString();
 }
 
 /** A file of the directory holding @p contents; its path, or an empty string when it could not be written. */
@@ -323,6 +388,9 @@ private Q_SLOTS:
   void realDrawingsKeepTheirBytesAndTheirEdits()
   {
     // GIVEN every real drawing
+    MessageCatcher messages;
+    QLocale::setDefault(QLocale::c());
+    odrxCreateModuleObject()->initApp();
     const QStringList paths = realDrawings();
     QVERIFY(!paths.isEmpty());
     QTemporaryDir dir;
@@ -354,6 +422,12 @@ private Q_SLOTS:
         fail(QStringLiteral("the unedited save differs from the file"));
         continue;
       }
+      // AND so it is after an edit in the palette over everything, undone
+      if (const QString wrong = paletteOverEverything(document, saved, contentsOf(path)); !wrong.isEmpty())
+      {
+        fail(wrong);
+        continue;
+      }
       // AND so it is after every entity was edited back to what it was, as an undo does
       document.replaceEntities(document.entities());
       if (!writeDxf(saved, document, &error) || contentsOf(saved) != contentsOf(path))
@@ -383,7 +457,9 @@ private Q_SLOTS:
     }
     qInfo("%d drawings, %lld entities, %.1f ms per drawing to open, save, edit, save and reopen", int(paths.size()),
           entities, double(clock.elapsed()) / paths.size());
+    odrxCreateModuleObject()->uninitApp();
     QVERIFY2(failures.isEmpty(), qPrintable(failures.mid(0, 5).join(QLatin1Char('\n'))));
+    QVERIFY(messages.shown.isEmpty());
   }
 
   void everyKindIsRead_data()

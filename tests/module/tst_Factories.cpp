@@ -80,6 +80,12 @@ private slots:
     QTest::newRow("scale 2d") << PropUiGuidScale2d << 0x48 << "PropUiQScale2d" << 0x40;
     QTest::newRow("coords 3d keeps no two-axis bit") << PropUiGuidCoords3d << 0x41 << "PropUiQCoords3d" << 0x40;
     QTest::newRow("list keeps options") << PropUiGuidList << 0x30000 << "PropUiQListCtrl" << 0x30000;
+    // The drawing-attribute pickers fix their entries whatever the caller asks for.
+    QTest::newRow("layer") << PropUiGuidLayer << 0x10070 << "PropUiQLayerCtrl" << 0x40;
+    QTest::newRow("color") << PropUiGuidColor << 0x10070 << "PropUiQColorCtrl" << (0xB | 0x40);
+    QTest::newRow("linetype") << PropUiGuidLinetype << 0x10070 << "PropUiQLinetypeCtrl" << (0x7 | 0x40);
+    QTest::newRow("lineweight") << PropUiGuidLineweight << 0x10070 << "PropUiQLineweightCtrl" << (0x7 | 0x40);
+    QTest::newRow("arrowhead") << PropUiGuidArrowhead << 0x10070 << "PropUiQArrowheadCtrl" << (0x3 | 0x40);
   }
 
   void widgetForms()
@@ -121,6 +127,13 @@ private slots:
       QCOMPARE(cell->getOptions(), 0);
     }
     // The others build their widget form.
+    for (const OdGUID& guid : {PropUiGuidLayer, PropUiGuidColor, PropUiGuidLinetype, PropUiGuidLineweight, PropUiGuidArrowhead})
+    {
+      QScopedPointer<PropUiQWidget> cell(propUiCreateEditor(guid, 0x10070));
+      QScopedPointer<PropUiQWidget> widget(propUiCreateWidget(guid, 0x10070));
+      QCOMPARE(classOf(cell), classOf(widget));
+      QCOMPARE(cell->getOptions(), widget->getOptions());
+    }
     QScopedPointer<PropUiQWidget> angle(propUiCreateEditor(PropUiGuidAngle, 0x48));
     QVERIFY(isA<PropUiQMLineEdit<PropUiQAngleCtrl> >(angle));
     // Slider, grid and date: the same control, built bare.

@@ -8,35 +8,13 @@
 #include "PropItemType.h"
 #include "PropUiGuids.h"
 #include "PropUiIcons.h"
-#include "PropUiActionToolButtonsCtrl.h"
-#include "PropUiButtonGroupCtrl.h"
-#include "PropUiQButtons3x3Ctrl.h"
-#include "PropUiQCheckBox.h"
 #include "PropUiQControl.h"
-#include "PropUiQDateCtrl.h"
 #include "PropUiQEventFilter.h"
 #include "PropUiQFormatter.h"
-#include "PropUiQIntegerCtrl.h"
-#include "PropUiQLineEdit.h"
-#include "PropUiQMLineEdit.h"
-#include "PropUiQSwitchBox.h"
-#include "PropUiQTextComboCtrl.h"
 #include "PropUiQWidgetFactory.h"
 #include "PropUiRegistry.h"
 #include "PropWidgetsEntry.h"
 #include "VtableSlot.h"
-#include "PropUiQArrowheadCtrl.h"
-#include "PropUiQCoords2d.h"
-#include "PropUiQCoords3d.h"
-#include "PropUiQListCtrl.h"
-#include "PropUiQMultiTextComboCtrl.h"
-#include "PropUiQScale2d.h"
-#include "PropUiQScaleElementCtrl.h"
-#include "PropUiQTableCtrl.h"
-#include "PropUiQColorCtrl.h"
-#include "PropUiQLayerCtrl.h"
-#include "PropUiQLinetypeCtrl.h"
-#include "PropUiQLineweightCtrl.h"
 #include "hostPropEditorReactor.h"
 #include <QtTest>
 
@@ -130,73 +108,6 @@ private slots:
     QVERIFY(first > vtableSlot(&QWidget::setVisible));
     for (int i = 0; i < 11; ++i)
       QCOMPARE(order[i], first + i);
-  }
-
-  void controlsAddTheirOperationsAfterTheBase()
-  {
-    // Hosts derive from the controls: what each adds follows the control interface, in order.
-    const long last = vtableSlot(&PropUiQWidget::setVaries);
-    auto follows = [last](std::initializer_list<long> positions, long after) {
-      long expected = after < 0 ? last + 1 : after + 1;
-      for (long slot : positions)
-        if (slot != expected++)
-          return false;
-      return true;
-    };
-    QVERIFY(follows({vtableSlot(&PropUiQLineEdit::applyData), vtableSlot(&PropUiQLineEdit::onEditingFinished)}, -1));
-    QVERIFY(follows({vtableSlot(&PropUiQIntegerCtrl::applyData), vtableSlot(&PropUiQIntegerCtrl::onSpinBoxValueChanged),
-                     vtableSlot(&PropUiQIntegerCtrl::onEditingFinished)}, -1));
-    QVERIFY(follows({vtableSlot(&PropUiQComboBox::addItems), vtableSlot(&PropUiQComboBox::addTempItem),
-                     vtableSlot(&PropUiQComboBox::removeTempItem), vtableSlot(&PropUiQComboBox::onActivated),
-                     vtableSlot(&PropUiQComboBox::onEditingFinished)}, -1));
-    QVERIFY(follows({vtableSlot(&PropUiQTextComboCtrl::applyData)}, vtableSlot(&PropUiQComboBox::onEditingFinished)));
-    QVERIFY(follows({vtableSlot(&PropUiButtonGroupCtrl::setCurrentBtn), vtableSlot(&PropUiButtonGroupCtrl::onButtonClicked),
-                     vtableSlot(&PropUiButtonGroupCtrl::createBtn), vtableSlot(&PropUiButtonGroupCtrl::updateBtn),
-                     vtableSlot(&PropUiButtonGroupCtrl::removeBtn)}, -1));
-    QVERIFY(follows({vtableSlot(&PropUiActionButtonGroupCtrl::onIdClicked), vtableSlot(&PropUiActionButtonGroupCtrl::createBtn),
-                     vtableSlot(&PropUiActionButtonGroupCtrl::updateBtn)}, -1));
-    QVERIFY(follows({vtableSlot(&PropUiQButtons3x3Ctrl::onIdClicked)}, -1));
-    QVERIFY(follows({vtableSlot(&PropUiQCheckBox::onClicked)}, -1));
-    QVERIFY(follows({vtableSlot(&PropUiQSwitchBox::onClicked)}, -1));
-    QVERIFY(follows({vtableSlot(&PropUiQDateCtrl::applyData), vtableSlot(&PropUiQDateCtrl::onDateChanged)}, -1));
-    QVERIFY(follows({vtableSlot(&PropUiQMLineEditBase::onGroupChanged)}, -1));
-    QVERIFY(follows({vtableSlot(&PropUiQCoords2d::onGroupChanged)}, -1));
-    QVERIFY(follows({vtableSlot(&PropUiQCoords3d::onGroupChanged)}, -1));
-    QVERIFY(follows({vtableSlot(&PropUiQMultiTextComboCtrl::applyData), vtableSlot(&PropUiQMultiTextComboCtrl::onPopupClosed)}, -1));
-    QVERIFY(follows({vtableSlot(&PropUiQTableCtrl::applyCell), vtableSlot(&PropUiQTableCtrl::onDataChanged)}, -1));
-    QVERIFY(follows({vtableSlot(&PropUiQScale2d::onNonUniformChanged)}, -1));
-    // The scale's element overrides the line edit's commit and adds nothing.
-    QCOMPARE(vtableSlot(&PropUiQScaleElementCtrl::applyData), vtableSlot(&PropUiQLineEdit::applyData));
-    QCOMPARE(vtableSlot(&PropUiQScaleElementCtrl::onEditingFinished), vtableSlot(&PropUiQLineEdit::onEditingFinished));
-    typedef void (PropUiQListCtrl::*Told)(const PropVariant&);
-    QVERIFY(follows({vtableSlot(static_cast<Told>(&PropUiQListCtrl::currentChanged)),
-                     vtableSlot(static_cast<Told>(&PropUiQListCtrl::selectionChanged)),
-                     vtableSlot(&PropUiQListCtrl::onDataChanged), vtableSlot(&PropUiQListCtrl::onRowsAboutToBeRemoved),
-                     vtableSlot(&PropUiQListCtrl::onRowsRemoved), vtableSlot(&PropUiQListCtrl::onSelectionChanged),
-                     vtableSlot(&PropUiQListCtrl::onCurrentRowChanged)}, -1));
-    // Reached through its extension interface, the list is the same control.
-    PropUiQListCtrl list;
-    QCOMPARE(dynamic_cast<PropUiQSelectionExt*>(static_cast<PropUiQControl*>(&list)), static_cast<PropUiQSelectionExt*>(&list));
-    // The drawing-attribute controls only override the combo box's operations and add no member,
-    // so that a host class derived from one keeps the combo box's layout.
-    QCOMPARE(vtableSlot(&PropUiQColorCtrl::addTempItem), vtableSlot(&PropUiQComboBox::addTempItem));
-    QCOMPARE(vtableSlot(&PropUiQColorCtrl::onActivated), vtableSlot(&PropUiQComboBox::onActivated));
-    QCOMPARE(vtableSlot(&PropUiQLinetypeCtrl::addTempItem), vtableSlot(&PropUiQComboBox::addTempItem));
-    QCOMPARE(vtableSlot(&PropUiQArrowheadCtrl::updateData), vtableSlot(&PropUiQWidget::updateData));
-    QCOMPARE(vtableSlot(&PropUiQLayerCtrl::addItems), vtableSlot(&PropUiQComboBox::addItems));
-    QCOMPARE(sizeof(PropUiQColorCtrl), sizeof(PropUiQComboBox));
-    QCOMPARE(sizeof(PropUiQLineweightCtrl), sizeof(PropUiQComboBox));
-    QCOMPARE(sizeof(PropUiQLinetypeCtrl), sizeof(PropUiQComboBox));
-    QCOMPARE(sizeof(PropUiQArrowheadCtrl), sizeof(PropUiQComboBox));
-    QCOMPARE(sizeof(PropUiQLayerCtrl), sizeof(PropUiQComboBox));
-
-    typedef void (PropUiQEventFilter::*Bind2)(PropBag*, int);
-    typedef void (PropUiQEventFilter::*Bind3)(PropBag*, int, unsigned long);
-    const long bind = vtableSlot(static_cast<Bind2>(&PropUiQEventFilter::setPropBagItem));
-    QCOMPARE(vtableSlot(static_cast<Bind3>(&PropUiQEventFilter::setPropBagItem)), bind + 1);
-    QCOMPARE(vtableSlot(&PropUiQEventFilter::update), bind + 2);
-    const long bag = vtableSlot(&PropUiQFormatter::setPropBag);
-    QCOMPARE(vtableSlot(&PropUiQFormatter::getNameListIcons), bag + 10);
   }
 
   void registryOwnsWhatItAccepts()

@@ -12,6 +12,7 @@
 #include "TestMvcGroup.h"
 #include "TestValues.h"
 #include "hostDbPropBagCtx.h"
+#include <QAbstractItemModelTester>
 #include <QLineEdit>
 #include <QPainter>
 #include <QStandardItemModel>
@@ -49,12 +50,14 @@ struct Grid
     formatter->setPropBag(&bag); // the formatter is the host's to bind, as for a control
     group.setFormatter(formatter);
     group.setPropBag(&bag);
+    tester.reset(new QAbstractItemModelTester(model, QAbstractItemModelTester::FailureReportingMode::QtTest));
   }
   QObject owner;
   TestMvcGroup group;
   QAbstractItemModel* model = nullptr;
   PropUiQStandardDelegate* delegate = nullptr;
   PropUiQFormatter* formatter = nullptr;
+  QScopedPointer<QAbstractItemModelTester> tester; // last, so it is gone before the model
 };
 
 QStyleOptionViewItem cellOption(const QRect& rect)

@@ -2,8 +2,13 @@
 
 #include "PropUiQDefaultFormatter.h"
 #include "PropertyBagModel.h"
+#include <QAbstractItemModelTester>
+#include <QScopedPointer>
 
-/** The item model over a bag, showing the bag's own texts through the default formatter. */
+/**
+ * The item model over a bag, showing the bag's own texts through the default
+ * formatter, and checked by Qt's model tester for as long as it lives.
+ */
 struct BagModel
 {
   explicit BagModel(PropBag& bag)
@@ -11,7 +16,9 @@ struct BagModel
     formatter.setPropBag(&bag);
     model.setFormatter(&formatter);
     model.setPropBag(&bag);
+    tester.reset(new QAbstractItemModelTester(&model, QAbstractItemModelTester::FailureReportingMode::QtTest));
   }
   PropUiQDefaultFormatter formatter{nullptr};
   PropertyBagModel model;
+  QScopedPointer<QAbstractItemModelTester> tester; // last, so it is gone before the model
 };
