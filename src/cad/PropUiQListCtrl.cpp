@@ -114,13 +114,14 @@ void PropUiQListCtrl::updateData()
   // A refresh mostly finds the rows it showed: they are changed where they differ, not made again.
   QList<QStandardItem*> made;
   QVector<PropVariant> values(entries.size());
+  PropUiQFormatter* formatter = getFormatter();
   for (int i = 0; i < entries.size(); ++i)
   {
     PropVariant& entry = values[i];
     PropUiVariantConverter::toPropVariant(entries[i], entry);
-    const QString text = m_formatter ? m_formatter->getElementText(m_index, entry, OdUInt64(i)) : QString();
+    const QString text = formatter ? formatter->getElementText(m_index, entry, OdUInt64(i)) : QString();
     const QIcon icon =
-      (m_formatter ? m_formatter->getElementIcon(m_index, entry, OdUInt64(i)) : QVariant()).value<QIcon>();
+      (formatter ? formatter->getElementIcon(m_index, entry, OdUInt64(i)) : QVariant()).value<QIcon>();
     const QString shown = text.isNull() ? entries[i].toString() : text;
     QStandardItem* row = i < rows->rowCount() ? rows->item(i) : nullptr;
     if (!row)

@@ -2,11 +2,17 @@
 
 #include <QRegularExpressionValidator>
 
-PropMathValidator::PropMathValidator(QObject* parent)
-  : QValidator(parent),
-    m_expressionValidator(new QRegularExpressionValidator(
-      QRegularExpression(QStringLiteral("(?:/s|[0-9-+*/^().,]|abs|e|ln|log|a?(?:sin|cos|tan))+")), this))
+PropMathValidator::PropMathValidator(QObject* parent) : QValidator(parent) {}
+
+// Only fixup needs it, and most number fields never call fixup: a panel of
+// thousands of fields makes it for the few that do.
+QRegularExpressionValidator* PropMathValidator::expressionValidator() const
 {
+  if (!m_expressionValidator)
+    m_expressionValidator = new QRegularExpressionValidator(
+      QRegularExpression(QStringLiteral("(?:/s|[0-9-+*/^().,]|abs|e|ln|log|a?(?:sin|cos|tan))+")),
+      const_cast<PropMathValidator*>(this));
+  return m_expressionValidator;
 }
 
 void PropMathValidator::setNumberValidator(QValidator* validator)
@@ -41,7 +47,7 @@ void PropMathValidator::fixup(QString& input) const
 {
   if (input.isEmpty())
     return;
-  m_expressionValidator->fixup(input);
+  expressionValidator()->fixup(input);
   if (m_numberValidator)
     m_numberValidator->fixup(input);
 }

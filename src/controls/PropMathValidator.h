@@ -22,7 +22,8 @@ public:
   /** Takes the validator over as a child; null accepts everything. */
   void setNumberValidator(QValidator* validator);
   QValidator* numberValidator() const { return m_numberValidator; }
-  QRegularExpressionValidator* expressionValidator() const { return m_expressionValidator; }
+  /** Made on the first call. */
+  QRegularExpressionValidator* expressionValidator() const;
 
   /** The item whose editor the validator serves. */
   void setPropBagItem(PropBag* bag, int index, unsigned long element);
@@ -34,7 +35,7 @@ public:
   void fixup(QString& input) const override;
 
 private:
-  QRegularExpressionValidator* m_expressionValidator;
+  mutable QRegularExpressionValidator* m_expressionValidator = nullptr;
   QValidator* m_numberValidator = nullptr;
   PropBag* m_bag = nullptr;
   int m_index = -1;

@@ -87,7 +87,8 @@ void PropUiQComboBox::buildComboRow(bool typed, int stretch, const std::function
 
 void PropUiQComboBox::addItems()
 {
-  if (!m_bag || !m_formatter || !m_combo)
+  PropUiQFormatter* formatter = getFormatter();
+  if (!m_bag || !formatter || !m_combo)
     return;
   OdStringArray names;
   PropKeyArray keys;
@@ -95,8 +96,8 @@ void PropUiQComboBox::addItems()
     return;
   const OdUInt64Array& ids = keys;
   const PropVariant none;
-  const QStringList texts = m_formatter->getValueListTexts(m_index, none, names, ids);
-  const QVariantList icons = m_formatter->getValueListIcons(m_index, none, names, ids);
+  const QStringList texts = formatter->getValueListTexts(m_index, none, names, ids);
+  const QVariantList icons = formatter->getValueListIcons(m_index, none, names, ids);
   for (unsigned int i = 0; i < ids.size(); ++i)
     m_combo->addItem(iconOf(icons.value(int(i))), texts.value(int(i)), QVariant::fromValue<qulonglong>(ids[i]));
 }
@@ -108,7 +109,8 @@ int PropUiQComboBox::addTempItem(const PropVariant& value)
   OdString text;
   if (!m_bag->formatValue(m_index, m_element, value, text))
     return -1;
-  const QIcon icon = m_formatter ? iconOf(m_formatter->getIcon(m_index, value)) : QIcon();
+  PropUiQFormatter* formatter = getFormatter();
+  const QIcon icon = formatter ? iconOf(formatter->getIcon(m_index, value)) : QIcon();
   m_combo->addItem(icon, toQString(text));
   return m_combo->findData(toQString(text), Qt::DisplayRole, Qt::MatchFixedString);
 }

@@ -53,10 +53,7 @@ const PropUiAccessibility::Subject* PropUiQControlPrivate::subjectOf(const QObje
   return control ? control->d : nullptr;
 }
 
-PropUiQControl::PropUiQControl(QWidget* parent)
-  : PropUiQWidget(parent), m_formatter(new PropUiQDefaultFormatter(this))
-{
-}
+PropUiQControl::PropUiQControl(QWidget* parent) : PropUiQWidget(parent) {}
 
 PropUiQControlPrivate* PropUiQControl::ensurePrivate()
 {
@@ -276,13 +273,21 @@ bool PropUiQControl::isVaries() const
 
 void PropUiQControl::setVaries(bool) {}
 
+// Most controls show what the bag formats and never ask: the default
+// formatter is made by the first caller.
 PropUiQFormatter* PropUiQControl::getFormatter() const
 {
+  if (m_formatter || (d && d->formatterReplaced))
+    return m_formatter;
+  auto* self = const_cast<PropUiQControl*>(this);
+  self->m_formatter = new PropUiQDefaultFormatter(self);
+  self->m_formatter->setPropBag(m_bag);
   return m_formatter;
 }
 
 void PropUiQControl::setFormatter(PropUiQFormatter* formatter)
 {
+  ensurePrivate()->formatterReplaced = true;
   m_formatter = formatter;
 }
 
@@ -291,8 +296,13 @@ void PropUiQControl::setFormatter(PropUiQFormatter* formatter)
 // Qt searches the whole queue of posted events for a request to merge with:
 // over a panel that costs the square of its rows. Invalidated while it has
 // no parent, the layout posts nothing; showing the control activates it.
+//
+// The layout keeps no minimum size on the control either: the layout the
+// control sits in asks it for its minimum anyway, and storing one costs each
+// control an extra block of widget data.
 void PropUiQControl::adopt(QLayout* layout)
 {
+  layout->setSizeConstraint(QLayout::SetNoConstraint);
   layout->invalidate();
   setLayout(layout);
   // Shown already (set up again in place): laid out as Qt would have.

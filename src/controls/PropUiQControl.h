@@ -115,6 +115,7 @@ public:
   int itemIndex() const { return m_index; }
   unsigned long element() const { return m_element; }
 
+  /** The formatter given, or the default one, made on the first call. */
   PropUiQFormatter* getFormatter() const;
   /** Replaces the pointer only; the previous formatter stays a child of the control. */
   void setFormatter(PropUiQFormatter* formatter);
@@ -209,6 +210,7 @@ protected:
   QPointer<PropUiActionToolButtonsCtrl> m_actionsToolbar;
   PropUiQEventFilter* m_focusReactorFilter = nullptr;
   PropUiQEventFilter* m_toolTipFilter = nullptr;
+  /** Null until getFormatter or setFormatter: read it through getFormatter. */
   PropUiQFormatter* m_formatter = nullptr;
 
 private:

@@ -31,6 +31,8 @@ public:
   /** From the start of the control's destruction on: no bag call may follow. */
   bool closing = false;
   bool setUp = false;
+  /** A formatter was given, null included: no default one is made any more. */
+  bool formatterReplaced = false;
   /** The policy the control had before setTabStop took it out of the Tab order. */
   Qt::FocusPolicy lentFocusPolicy = Qt::NoFocus;
   bool focusWithdrawn = false;
