@@ -1,6 +1,5 @@
 #include "PropUiAccessibleComboBox_p.h"
 
-#include "PropUiQControl.h"
 #include <QAbstractItemView>
 #include <QComboBox>
 #include <QLineEdit>
@@ -20,9 +19,10 @@ QAccessibleInterface* PropUiAccessibleComboBox::create(const QString& className,
   auto* combo = qobject_cast<QComboBox*>(object);
   if (!combo)
     return nullptr;
-  // Boxes of the host's own dialogs keep Qt's interface.
+  // Boxes of the host's own dialogs keep Qt's interface. Asked by name, so
+  // that what names the controls' widgets does not depend on the controls.
   for (QObject* up = combo->parent(); up; up = up->parent())
-    if (qobject_cast<PropUiQControl*>(up))
+    if (up->inherits("PropUiQControl"))
       return new PropUiAccessibleComboBox(combo);
   return nullptr;
 }
