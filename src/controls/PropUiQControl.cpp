@@ -7,7 +7,6 @@
 #include "PropUiActionToolButtonsCtrl.h"
 #include "PropUiActionsContextMenu_p.h"
 #include "PropUiCommonToolTipFilter.h"
-#include "PropUiEditCommitFilter.h"
 #include "PropUiFocusReactorFilter.h"
 #include "PropUiQDefaultFormatter.h"
 #include "PropUiQFormatter.h"
@@ -140,14 +139,17 @@ void PropUiQControl::disarmChildren()
   for (QObject* child : descendants)
   {
     child->removeEventFilter(this);
+    // A filter the set-up made for one of its editors (commit rules call
+    // back into the derived control) hears nothing from that editor any more.
+    QObject* holder = child->parent();
+    if (!child->isWidgetType() && holder != this)
+      holder->removeEventFilter(child);
     if (!qobject_cast<PropUiQFormatter*>(child))
       child->blockSignals(true);
     // Filters of nested controls (the rows of a composite) ask the bag too.
     if (auto* filter = qobject_cast<PropUiQEventFilter*>(child))
       filter->setPropBagItem(nullptr, -1);
   }
-  // Commit rules call back into the control that made them.
-  qDeleteAll(findChildren<PropUiEditCommitFilter*>());
 }
 
 void PropUiQControl::clearBuiltUi()
