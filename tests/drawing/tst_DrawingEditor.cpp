@@ -1,8 +1,7 @@
 #include "DrawingEditorWindow.h"
 #include "DxfWriter.h"
-#include "OdRxModule.h"
-#include "PropWidgetsEntry.h"
 #include "PropertyPalette.h"
+#include "RunningModule.h"
 #include <QMenu>
 #include <QScreen>
 #include <QtTest>
@@ -59,7 +58,7 @@ bool chooseRecent(DrawingEditorWindow& window, const QString& path)
 class TestDrawingEditor : public QObject
 {
   Q_OBJECT
-
+  RunningModule module;
   QTemporaryDir m_dir;
 
   QString path(const QString& name) const { return m_dir.filePath(name); }
@@ -71,7 +70,6 @@ private slots:
     // The recent drawings and the window's place go to a scratch folder, not the settings of whoever runs the test.
     QVERIFY(m_dir.isValid());
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, path(QStringLiteral("settings")));
-    odrxCreateModuleObject()->initApp();
     // A drawing to open: one line in a file of its own.
     DrawingDocument other;
     DrawingEntity line;
@@ -81,7 +79,6 @@ private slots:
     QString error;
     QVERIFY2(writeDxf(path(QStringLiteral("other.dxf")), other, &error), qPrintable(error));
   }
-  void cleanupTestCase() { odrxCreateModuleObject()->uninitApp(); }
   void init() { RecentFiles().clear(); }
 
   // Save writes first and the action follows only after a save; Cancel, a cancelled

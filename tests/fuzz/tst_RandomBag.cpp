@@ -2,12 +2,11 @@
 // at any moment, over a bag whose every answer is random. The PROP_FUZZ_*
 // variables that replay, lengthen, trace or narrow a run are listed in the README.
 
-#include "OdRxModule.h"
 #include "PropUiQWidget.h"
 #include "PropUiRegistry.h"
-#include "PropWidgetsEntry.h"
 #include "FuzzHost.h"
 #include "MessageCatcher.h"
+#include "RunningModule.h"
 #include <QAbstractButton>
 #include <QComboBox>
 #include <QLineEdit>
@@ -567,15 +566,10 @@ private:
 class TestRandomBag : public QObject
 {
   Q_OBJECT
+  RunningModule module;
 
 private slots:
-  void initTestCase()
-  {
-    QLocale::setDefault(QLocale::c());
-    odrxCreateModuleObject()->initApp();
-  }
-
-  void cleanupTestCase() { odrxCreateModuleObject()->uninitApp(); }
+  void initTestCase() { QLocale::setDefault(QLocale::c()); }
 
   void everyKindSurvivesRandomAnswersAndUsers()
   {

@@ -1,9 +1,8 @@
 #include "ControlWindow.h"
-#include "OdRxModule.h"
 #include "PropUiQLineEdit.h"
 #include "PropUiTranslations.h"
-#include "PropWidgetsEntry.h"
 #include "RecordingBag.h"
+#include "RunningModule.h"
 #include "TestValues.h"
 #include <QtTest>
 #include <QtWidgets>
@@ -101,11 +100,9 @@ QStringList placeholders(const QString& text)
 class TestTranslations : public QObject
 {
   Q_OBJECT
+  RunningModule module;
 
 private slots:
-  void initTestCase() { odrxCreateModuleObject()->initApp(); }
-  void cleanupTestCase() { odrxCreateModuleObject()->uninitApp(); }
-
   // A text added to the sources without a translation fails here, on a
   // clean checkout: the sources are read afresh, not the build's catalogue.
   // The demo's catalogue is held to the same rule over the sources its list names.

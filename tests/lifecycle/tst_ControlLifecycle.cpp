@@ -2,11 +2,10 @@
 #include "ControlWindow.h"
 #include "EveryKind.h"
 #include "MessageCatcher.h"
-#include "OdRxModule.h"
-#include "PropWidgetsEntry.h"
 #include "PropUiQControl.h"
 #include "PropUiQFormatter.h"
 #include "RichItem.h"
+#include "RunningModule.h"
 #include <QtTest>
 #include <QtWidgets>
 
@@ -45,11 +44,9 @@ void collectWarnings(QtMsgType type, const QMessageLogContext&, const QString& t
 class TestControlLifecycle : public QObject
 {
   Q_OBJECT
+  RunningModule module;
 
 private slots:
-  void initTestCase() { odrxCreateModuleObject()->initApp(); }
-  void cleanupTestCase() { odrxCreateModuleObject()->uninitApp(); }
-
   void deletionMidEditTouchesNoBag_data() { addEveryKindRows(); }
 
   // A host rebuilds its panel while the user types: whatever way the control

@@ -9,7 +9,7 @@
 #include "PropUiQSliderCtrl.h"
 #include "PropUiQTextCtrl.h"
 #include "PropUiRegistry.h"
-#include "PropWidgetsEntry.h"
+#include "RunningModule.h"
 #include <QtTest>
 
 
@@ -32,11 +32,9 @@ bool isA(const QScopedPointer<PropUiQWidget>& widget)
 class TestFactories : public QObject
 {
   Q_OBJECT
+  RunningModule module;
 
 private slots:
-  void initTestCase() { odrxCreateModuleObject()->initApp(); }
-  void cleanupTestCase() { odrxCreateModuleObject()->uninitApp(); }
-
   // Every kind the library names has a factory; the rows below pin the option rules by example.
   void everyKindIsRegistered_data() { addEveryKindRows(); }
   void everyKindIsRegistered()
