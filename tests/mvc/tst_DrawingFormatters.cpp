@@ -1,25 +1,20 @@
 #include "OdDbDatabase.h"
 #include "OdDbLayerTableRecord.h"
-#include "OdRxModule.h"
 #include "PropUiGuids.h"
 #include "PropUiQArrowheadFormatter.h"
 #include "PropUiQColorFormatter.h"
 #include "PropUiQLayerFormatter.h"
 #include "PropUiQLineTypeFormatter.h"
 #include "PropUiQLineWeightFormatter.h"
+#include "PropGrid.h"
 #include "PropUiQComboBox.h"
-#include "PropUiQStandardFormatter.h"
-#include "PropUiQtMVCFactories.h"
 #include "PropUiRegistry.h"
 #include "PropVariantConversions.h"
-#include "PropWidgetsEntry.h"
 #include "RecordingBag.h"
-#include "TestMvcGroup.h"
+#include "RunningModule.h"
 #include "TestValues.h"
 #include "hostDbPropBagCtx.h"
-#include <QAbstractItemModelTester>
 #include <QHeaderView>
-#include <QTreeView>
 #include <QtTest>
 
 namespace
@@ -189,11 +184,9 @@ Q_DECLARE_METATYPE(Case)
 class TestDrawingFormatters : public QObject
 {
   Q_OBJECT
+  RunningModule module;
 
 private slots:
-  void initTestCase() { odrxCreateModuleObject()->initApp(); }
-  void cleanupTestCase() { odrxCreateModuleObject()->uninitApp(); }
-
   void aCellShowsWhatThePanelsControlShows_data()
   {
     QTest::addColumn<Kind>("kind");
@@ -238,18 +231,9 @@ private slots:
     const QString controlText = combo->currentIndex() < 0 ? combo->placeholderText() : combo->currentText();
     const QIcon controlPicture = combo->itemIcon(combo->currentIndex());
 
-    QObject owner;
-    TestMvcGroup group;
-    QTreeView view;
-    QAbstractItemModel* model = hostCreatePropUiItemModel(&group, &owner);
-    QAbstractItemModelTester tester(model, QAbstractItemModelTester::FailureReportingMode::QtTest);
-    view.setItemDelegate(hostCreatePropUiItemDelegate(&group, &owner));
-    view.setModel(model);
-    PropUiQStandardFormatter* formatter = propUiCreateStandardFormatter(&owner);
-    formatter->setPropBag(&d.bag);
-    group.setFormatter(formatter);
-    group.setPropBag(&d.bag);
-    const QModelIndex cell = model->index(0, 1);
+    PropGrid grid(d.bag);
+    QTreeView& view = grid.view;
+    const QModelIndex cell = grid.model->index(0, 1);
     const QIcon cellPicture = cell.data(Qt::DecorationRole).value<QIcon>();
 
     QCOMPARE(cell.data().toString(), text);
@@ -258,7 +242,7 @@ private slots:
     QCOMPARE(imageAt(cellPicture, size), imageAt(controlPicture, size));
     QCOMPARE(cellPicture.isNull(), c == Varies || (c == Unlisted && kind != Colour));
     if (!(standsFor == PropVariant()))
-      QCOMPARE(imageAt(cellPicture, size), imageAt(model->index(1, 1).data(Qt::DecorationRole).value<QIcon>(), size));
+      QCOMPARE(imageAt(cellPicture, size), imageAt(grid.model->index(1, 1).data(Qt::DecorationRole).value<QIcon>(), size));
 
     view.resize(400, 120);
     view.header()->resizeSection(0, 100);

@@ -1,22 +1,16 @@
 #include "BagModel.h"
 #include "MessageCatcher.h"
+#include "PropGrid.h"
 #include "PropUiGuids.h"
 #include "PropUiQDefaultFormatter.h"
 #include "PropUiQDoubleCtrl.h"
 #include "PropUiQLayerDelegate.h"
-#include "PropUiQStandardDelegate.h"
-#include "PropUiQStandardFormatter.h"
-#include "PropUiQtMVCFactories.h"
-#include "PropWidgetsEntry.h"
 #include "RecordingBag.h"
-#include "TestMvcGroup.h"
+#include "RunningModule.h"
 #include "TestValues.h"
 #include "hostDbPropBagCtx.h"
-#include <QAbstractItemModelTester>
-#include <QLineEdit>
 #include <QPainter>
 #include <QStandardItemModel>
-#include <QTreeView>
 #include <QtTest>
 
 namespace
@@ -39,49 +33,12 @@ void fill(RecordingBag& bag)
   bag.item(2).guid = OdGUID(0x12345678, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10);
 }
 
-/** A grid as a host builds it: the item model and the standard delegate, bound through a group. */
-struct Grid
-{
-  explicit Grid(RecordingBag& bag)
-  {
-    model = hostCreatePropUiItemModel(&group, &owner);
-    delegate = qobject_cast<PropUiQStandardDelegate*>(hostCreatePropUiItemDelegate(&group, &owner));
-    formatter = propUiCreateStandardFormatter(&owner);
-    formatter->setPropBag(&bag); // the formatter is the host's to bind, as for a control
-    group.setFormatter(formatter);
-    group.setPropBag(&bag);
-    tester.reset(new QAbstractItemModelTester(model, QAbstractItemModelTester::FailureReportingMode::QtTest));
-  }
-  QObject owner;
-  TestMvcGroup group;
-  QAbstractItemModel* model = nullptr;
-  PropUiQStandardDelegate* delegate = nullptr;
-  PropUiQFormatter* formatter = nullptr;
-  QScopedPointer<QAbstractItemModelTester> tester; // last, so it is gone before the model
-};
-
 QStyleOptionViewItem cellOption(const QRect& rect)
 {
   QStyleOptionViewItem option;
   option.rect = rect;
   option.decorationSize = QSize(16, 16);
   return option;
-}
-
-/** Shows the view's window active and opens the cell's editor as a user would; the editor's line edit, or null. */
-QLineEdit* editInView(QTreeView& view, const QModelIndex& cell)
-{
-  QWidget* window = view.window();
-  window->resize(400, 300);
-  window->show();
-  window->activateWindow();
-  if (!QTest::qWaitForWindowActive(window))
-    return nullptr;
-  view.setCurrentIndex(cell);
-  view.edit(cell);
-  QLineEdit* edit = nullptr;
-  const bool focused = QTest::qWaitFor([&] { return (edit = view.viewport()->findChild<QLineEdit*>()) && edit->hasFocus(); });
-  return focused ? edit : nullptr;
 }
 
 /** A layer-delegate bag: item 0 has two actions with icons. */
@@ -129,12 +86,10 @@ public:
 class TestItemDelegates : public QObject
 {
   Q_OBJECT
+  RunningModule module;
 
 private slots:
-  void initTestCase() { odrxCreateModuleObject()->initApp(); }
-  void cleanupTestCase() { odrxCreateModuleObject()->uninitApp(); }
-
-  // The delegate's editor operations, with no view.
+  // The delegate's editor operations, called as a view would call them.
   void createEditorBindsTheCellsItem_data()
   {
     QTest::addColumn<int>("row");
@@ -152,7 +107,7 @@ private slots:
     QFETCH(QString, shown);
     RecordingBag bag;
     fill(bag);
-    Grid grid(bag);
+    PropGrid grid(bag);
     const QModelIndex parent = parentRow < 0 ? QModelIndex() : grid.model->index(parentRow, 0);
     const QModelIndex cell = grid.model->index(row, 1, parent);
     QWidget host;
@@ -176,7 +131,7 @@ private slots:
   {
     RecordingBag bag;
     fill(bag);
-    Grid grid(bag);
+    PropGrid grid(bag);
     QWidget host;
     const QStyleOptionViewItem option = cellOption(QRect());
     QVERIFY(!grid.delegate->createEditor(&host, option, grid.model->index(2, 1))); // no factory for its GUID
@@ -185,50 +140,6 @@ private slots:
     QVERIFY(!grid.delegate->createEditor(&host, option, other.index(0, 0))); // not a property index
     grid.group.setPropBag(nullptr);
     QVERIFY(!grid.delegate->createEditor(&host, option, grid.model->index(0, 1)));
-  }
-
-  // A real view, the keys a user types, and what the bag received.
-  void viewEditWritesTheBag_data()
-  {
-    QTest::addColumn<bool>("accept");
-    QTest::addColumn<QString>("cellAfter");
-    QTest::newRow("accepted") << true << "8.5";
-    QTest::newRow("refused by validate") << false << "6.5";
-  }
-  void viewEditWritesTheBag()
-  {
-    QFETCH(bool, accept);
-    QFETCH(QString, cellAfter);
-    MessageCatcher messages;
-    RecordingBag bag;
-    fill(bag);
-    bag.item(0).acceptValidate = accept;
-    bag.item(0).validateMessage = QStringLiteral("Too large");
-    Grid grid(bag);
-    QTreeView view;
-    view.setModel(grid.model);
-    view.setItemDelegate(grid.delegate);
-    const QModelIndex cell = grid.model->index(0, 1);
-    QLineEdit* edit = editInView(view, cell);
-    QVERIFY(edit);
-    edit->selectAll();
-    QTest::keyClicks(edit, QStringLiteral("8.5"));
-    QTest::keyClick(edit, Qt::Key_Enter);
-
-    QCOMPARE(bag.count(QStringLiteral("validate")), 1);
-    QCOMPARE(bag.count(QStringLiteral("setValue")), accept ? 1 : 0);
-    QCOMPARE(bag.item(0).value.getDouble(), accept ? 8.5 : 6.5);
-    if (!accept)
-    {
-      // A refusal is shown at the cell, whose editor stays open with the text to correct, as in a panel.
-      QTRY_COMPARE(messages.shown.size(), 1);
-      QVERIFY(edit->isVisible() && edit->hasFocus());
-      QCOMPARE(edit->text(), QStringLiteral("8.5"));
-      QTest::keyClick(edit, Qt::Key_Escape);
-    }
-    QTRY_VERIFY(!view.viewport()->findChild<QLineEdit*>() || !view.viewport()->findChild<QLineEdit*>()->isVisible());
-    QCOMPARE(cell.data().toString(), cellAfter);
-    QCOMPARE(bag.count(QStringLiteral("setValue")), accept ? 1 : 0);
   }
 
   void keysOnEitherCellOfARowOpenItsValue_data()
@@ -251,25 +162,22 @@ private slots:
     QFETCH(QString, shown);
     RecordingBag bag;
     fill(bag);
-    Grid grid(bag);
-    QTreeView view;
-    view.setModel(grid.model);
-    view.setItemDelegate(grid.delegate);
-    view.setEditTriggers(QAbstractItemView::EditKeyPressed | QAbstractItemView::AnyKeyPressed);
-    view.resize(400, 300);
-    view.show();
-    view.activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(&view));
-    view.setCurrentIndex(grid.model->index(0, column));
+    PropGrid grid(bag);
+    grid.view.setEditTriggers(QAbstractItemView::EditKeyPressed | QAbstractItemView::AnyKeyPressed);
+    QVERIFY(grid.showActive());
+    grid.view.setCurrentIndex(grid.model->index(0, column));
 
-    QTest::keyClick(&view, Qt::Key(key));
+    QTest::keyClick(&grid.view, Qt::Key(key));
 
-    QLineEdit* edit = view.viewport()->findChild<QLineEdit*>();
+    QLineEdit* edit = grid.view.viewport()->findChild<QLineEdit*>();
     QVERIFY(edit);
     QTRY_VERIFY(edit->hasFocus());
     QCOMPARE(edit->text(), shown);
     QTest::keyClick(edit, Qt::Key_Enter);
+    QCOMPARE(bag.count(QStringLiteral("setValue")), shown == QLatin1String("6.5") ? 0 : 1); // the same text is no edit
     QCOMPARE(bag.item(0).value.getDouble(), shown.toDouble());
+    QTRY_VERIFY(!grid.focusedEditor());
+    QCOMPARE(grid.model->index(0, 1).data().toString(), shown);
   }
 
   // The grid edited with the keyboard alone: Tab and Backtab walk the value cells, committing each.
@@ -286,16 +194,10 @@ private slots:
     }
     bag.item(2).acceptValidate = false;
     bag.item(2).validateMessage = QStringLiteral("Too high");
-    Grid grid(bag);
-    QTreeView view;
-    view.setModel(grid.model);
-    view.setItemDelegate(grid.delegate);
-    QLineEdit* edit = editInView(view, grid.model->index(0, 1));
+    PropGrid grid(bag);
+    QLineEdit* edit = grid.edit(grid.model->index(0, 1));
     QVERIFY(edit);
-    auto editorOf = [&view](int row) {
-      QLineEdit* open = view.viewport()->findChild<QLineEdit*>();
-      return open && open->hasFocus() && open->isVisible() && view.currentIndex().row() == row ? open : nullptr;
-    };
+    auto editorOf = [&grid](int row) { return grid.view.currentIndex().row() == row ? grid.focusedEditor() : nullptr; };
 
     // WHEN a value is typed and Tab pressed, THEN it is written and the next row's value is being edited
     edit->selectAll();
@@ -316,8 +218,8 @@ private slots:
     QTRY_VERIFY(!editorOf(0));
     QCOMPARE(bag.item(0).value.getDouble(), 7.0);
     // WHEN the bag refuses a value left by Tab, THEN the editor stays, with the refusal and the typed text
-    view.setCurrentIndex(grid.model->index(2, 1));
-    QTest::keyClick(&view, Qt::Key_F2);
+    grid.view.setCurrentIndex(grid.model->index(2, 1));
+    QTest::keyClick(&grid.view, Qt::Key_F2);
     QTRY_VERIFY((edit = editorOf(2)));
     edit->selectAll();
     QTest::keyClicks(edit, QStringLiteral("99"));
@@ -334,7 +236,7 @@ private slots:
     RecordingBag bag;
     fill(bag);
     bag.item(2).guid = PropUiGuidLayer;
-    Grid grid(bag);
+    PropGrid grid(bag);
     PropUiQControlDelegate* fallback = grid.delegate->subDelegate(OdGUID::kNull);
     auto* layer = qobject_cast<PropUiQLayerDelegate*>(grid.delegate->subDelegate(PropUiGuidLayer));
     QVERIFY(fallback && layer);
@@ -343,8 +245,7 @@ private slots:
     QCOMPARE(layer->propBag(), &bag);
 
     // A standard formatter hands each sub-delegate its key's formatter; any other formatter is shared.
-    auto* standard = qobject_cast<PropUiQStandardFormatter*>(grid.formatter);
-    QCOMPARE(fallback->formatter(), standard->formatterFor(OdGUID::kNull.toString()));
+    QCOMPARE(fallback->formatter(), grid.formatter->formatterFor(OdGUID::kNull.toString()));
     QVERIFY(qobject_cast<PropUiQDefaultFormatter*>(fallback->formatter()));
     PropUiQDefaultFormatter plain(nullptr);
     grid.delegate->setFormatter(&plain);
@@ -365,7 +266,7 @@ private slots:
   {
     RecordingBag bag;
     fill(bag);
-    Grid grid(bag);
+    PropGrid grid(bag);
     QImage image(100, 24, QImage::Format_ARGB32);
     image.fill(Qt::white);
     QPainter painter(&image);
@@ -403,14 +304,8 @@ private slots:
   void actionIconClickedInATreeViewRunsOnce()
   {
     ActionBag bag;
-    TestMvcGroup group;
-    QTreeView view;
-    view.setModel(hostCreatePropUiItemModel(&group, &view));
-    view.setItemDelegate(hostCreatePropUiItemDelegate(&group, &view));
-    PropUiQDefaultFormatter formatter(nullptr);
-    formatter.setPropBag(&bag);
-    group.setFormatter(&formatter);
-    group.setPropBag(&bag);
+    PropGrid grid(bag);
+    QTreeView& view = grid.view;
     // Clicks only: a current row's value editor would cover the icons.
     view.setEditTriggers(QAbstractItemView::EditTriggers(QAbstractItemView::AllEditTriggers) &
                          ~QAbstractItemView::EditTriggers(QAbstractItemView::CurrentChanged));
