@@ -381,30 +381,6 @@ private slots:
     QVERIFY(messages.shown[0].text.contains(QStringLiteral("3")) && messages.shown[0].text.contains(QStringLiteral("64")));
   }
 
-  void variesIsDimmedAndComesBackWhenRefused()
-  {
-    // GIVEN a spin box whose values vary
-    RecordingBag bag;
-    const int item = addSegments(bag);
-    bag.item(item).value = intValue(24, true);
-    QScopedPointer<PropUiQIntegerCtrl> control(boundControl<PropUiQIntegerCtrl>(bag, item));
-    QLineEdit* edit = control->spinBox()->findChild<QLineEdit*>();
-    const QColor placeholder = control->spinBox()->palette().color(QPalette::PlaceholderText);
-    QCOMPARE(edit->palette().color(QPalette::Text), placeholder);
-    // WHEN a step is refused, THEN the varies look comes back
-    bag.item(item).acceptWrite = false;
-    control->spinBox()->stepUp();
-    QCOMPARE(bag.count(QStringLiteral("setValue")), 1);
-    QVERIFY(control->isVaries());
-    QCOMPARE(edit->text(), QStringLiteral("*varies*"));
-    QCOMPARE(edit->palette().color(QPalette::Text), placeholder);
-    // WHEN a step is taken, THEN the number is shown in the text colour
-    bag.item(item).acceptWrite = true;
-    control->spinBox()->stepUp();
-    QVERIFY(!control->isVaries());
-    QCOMPARE(edit->palette().color(QPalette::Text), control->spinBox()->palette().color(QPalette::Text));
-  }
-
   void grooveClicksDoNotPage()
   {
     RecordingBag bag;

@@ -207,6 +207,25 @@ bool looksVaries(PropUiQControl* control, Kind kind)
   return false;
 }
 
+/**
+ * Beyond the text: a check box has its third state only while it varies, and a spin box
+ * shows *varies* dimmed, as a placeholder; a date that varies takes no typing.
+ */
+bool partsAgree(QWidget* control, bool varies)
+{
+  if (auto* check = control->findChild<QCheckBox*>())
+    return check->isTristate() == varies;
+  auto* spin = control->findChild<QAbstractSpinBox*>();
+  if (!spin)
+    return true;
+  QString typed = QStringLiteral("1");
+  int pos = 1;
+  const bool dimmed =
+    spin->findChild<QLineEdit*>()->palette().color(QPalette::Text) == spin->palette().color(QPalette::PlaceholderText);
+  const bool typingRefused = !qobject_cast<QDateTimeEdit*>(spin) || spin->validate(typed, pos) == QValidator::Invalid;
+  return dimmed == varies && (!varies || typingRefused);
+}
+
 /** What the widgets show: every text, choice and check, in the order of the children. */
 QStringList shownBy(QWidget* control)
 {
@@ -268,6 +287,7 @@ private slots:
 
     // GIVEN a selection whose values differ, or agree
     QCOMPARE(looksVaries(control.data(), kind), varies);
+    QVERIFY(partsAgree(control.data(), varies));
     const QStringList before = shownBy(control.data());
 
     // WHEN the user edits and the bag answers
@@ -280,6 +300,7 @@ private slots:
 
     // THEN a refusal shows what was there again, and only an accepted edit leaves it
     QCOMPARE(looksVaries(control.data(), kind), varies && outcome != Accepted);
+    QVERIFY(partsAgree(control.data(), varies && outcome != Accepted));
     const bool buttons = kind == RadioRow || kind == PushRow || kind == ToolRow || kind == Grid3x3;
     if (!buttons || varies) // a refused button stays pressed over a value until the next read
       QCOMPARE(shownBy(control.data()) == before, outcome != Accepted);
