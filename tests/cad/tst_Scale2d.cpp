@@ -11,11 +11,6 @@ Q_DECLARE_METATYPE(PropVariant)
 namespace
 {
 
-PropVariant scaleValue(double x, double y)
-{
-  return PropVariant().setDoubleArray(OdDoubleArray{x, y});
-}
-
 /** A host whose elements are the numbers of the scale it holds, as a block reference's are. */
 class ScaleBag : public RecordingBag
 {
@@ -52,10 +47,10 @@ private slots:
     QTest::addColumn<bool>("startsUnlocked");
     QTest::addColumn<int>("writes");
     QTest::addColumn<bool>("locked");
-    QTest::newRow("within 1e-10: one scale") << scaleValue(2, 2.00000000001) << true << false << 0 << true;
-    QTest::newRow("different: Y becomes X") << scaleValue(3, 2) << true << true << 1 << true;
-    QTest::newRow("refused: stays unlocked") << scaleValue(3, 2) << false << true << 0 << false;
-    QTest::newRow("varies: no X to copy") << withVaries(scaleValue(3, 2), true) << true << false << 0 << true;
+    QTest::newRow("within 1e-10: one scale") << realsValue({2, 2.00000000001}) << true << false << 0 << true;
+    QTest::newRow("different: Y becomes X") << realsValue({3, 2}) << true << true << 1 << true;
+    QTest::newRow("refused: stays unlocked") << realsValue({3, 2}) << false << true << 0 << false;
+    QTest::newRow("varies: no X to copy") << withVaries(realsValue({3, 2}), true) << true << false << 0 << true;
     QTest::newRow("not two numbers") << textValue(QStringLiteral("3 2")) << true << false << 0 << true;
   }
 
@@ -115,7 +110,7 @@ private slots:
     QFETCH(double, y);
     MessageCatcher messages;
     ScaleBag bag;
-    const int item = bag.addItem(QStringLiteral("Scale"), scaleValue(2, 2));
+    const int item = bag.addItem(QStringLiteral("Scale"), realsValue({2, 2}));
     bag.item(item).acceptValidate = accept;
     QScopedPointer<PropUiQScale2d> scale(boundControl<PropUiQScale2d>(bag, item));
     if (!locked)

@@ -1,8 +1,8 @@
 #include "DrawingDocument.h"
 #include "DrawingHatchPatterns.h"
 #include "DrawingShape.h"
+#include "Drawings.h"
 #include "DxfReader.h"
-#include "RealDrawings.h"
 #include <QElapsedTimer>
 #include <QFileInfo>
 #include <QImage>
@@ -18,14 +18,6 @@ namespace
 {
 
 const double kNone = std::numeric_limits<double>::quiet_NaN();
-
-DrawingEntity entityOf(EntityKind kind, std::vector<DrawingPoint> points)
-{
-  DrawingEntity e;
-  e.kind = kind;
-  e.points = std::move(points);
-  return e;
-}
 
 DrawingEntity text(EntityKind kind, const QString& contents, double height, std::vector<DrawingPoint> points)
 {

@@ -1,22 +1,11 @@
 #include "DrawingCanvas.h"
-#include "DrawingDocument.h"
+#include "Drawings.h"
 #include "DxfReader.h"
 #include "DxfWriter.h"
 #include "SampleDrawing.h"
 #include <QDir>
 #include <QTemporaryDir>
 #include <QtTest>
-
-namespace
-{
-
-QByteArray contentsOf(const QString& path)
-{
-  QFile file(path);
-  return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-} // namespace
 
 // Every file that once crashed, hung or misled the DXF fuzzer (tests/fuzz/dxf-regressions),
 // opened as a user opens a file over the drawing on screen.

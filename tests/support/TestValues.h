@@ -21,6 +21,8 @@ inline PropVariant textValue(const QString& s, bool varies = false)
   return withVaries(PropVariant().setString(toOdString(s)), varies);
 }
 
+inline PropVariant realsValue(const OdDoubleArray& reals) { return PropVariant().setDoubleArray(reals); }
+
 /** A list of texts, as lists of names and tables are held. */
 inline PropVariant textsValue(const QStringList& texts)
 {

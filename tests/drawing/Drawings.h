@@ -1,8 +1,25 @@
 #pragma once
 
+// What the tests of the demo's drawing side share: entities made in a line, files read whole, real drawings to open.
+
+#include "DrawingDocument.h"
 #include <QDir>
 #include <QDirIterator>
 #include <QStringList>
+
+inline DrawingEntity entityOf(EntityKind kind, std::vector<DrawingPoint> points)
+{
+  DrawingEntity e;
+  e.kind = kind;
+  e.points = std::move(points);
+  return e;
+}
+
+inline QByteArray contentsOf(const QString& path)
+{
+  QFile file(path);
+  return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
 
 /**
  * Real drawings to open: every drawing of Debian's parts library
