@@ -1,10 +1,9 @@
 #include "ControlWindow.h"
 #include "EveryKind.h"
-#include "OdRxModule.h"
 #include "PropUiQControl.h"
 #include "PropUiQLabel.h"
-#include "PropWidgetsEntry.h"
 #include "RichItem.h"
+#include "RunningModule.h"
 #include <QAccessible>
 #include <QtTest>
 #include <QtWidgets>
@@ -72,11 +71,9 @@ protected:
 class TestAccessibility : public QObject
 {
   Q_OBJECT
+  RunningModule module;
 
 private slots:
-  void initTestCase() { odrxCreateModuleObject()->initApp(); }
-  void cleanupTestCase() { odrxCreateModuleObject()->uninitApp(); }
-
   void everyFocusableWidgetCarriesTheItem_data()
   {
     addEveryKindRows();
@@ -238,34 +235,6 @@ private slots:
     for (int row = 0; row < captions.size(); ++row)
       QCOMPARE(captions[row]->findChild<QLabel*>()->buddy(), focusable(controls[row]).value(0));
     QCOMPARE(requests.count, 0);
-  }
-
-  void aCaptionShownBeforeItsEditorIsTiedWhenTheEditorComes()
-  {
-    // GIVEN a caption alone in a shown panel, its update done
-    RecordingBag bag;
-    const int item = addRichItem(bag, kCaption, kDescription);
-    QWidget panel;
-    auto* layout = new QHBoxLayout(&panel);
-    auto* caption = new PropUiQLabel(&panel);
-    caption->setPropBagItem(&bag, item);
-    caption->setupUi();
-    layout->addWidget(caption);
-    panel.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&panel));
-    QCoreApplication::processEvents();
-    auto* label = caption->findChild<QLabel*>();
-    QCOMPARE(label->buddy(), static_cast<QWidget*>(nullptr));
-
-    // WHEN the editor of the same item joins the row
-    PropUiQWidget* control = boundKind(PropUiGuidDouble, bag, item);
-    QVERIFY(control);
-    control->setParent(&panel);
-    layout->addWidget(control);
-    QTRY_VERIFY(label->buddy());
-
-    // THEN the caption names it
-    QCOMPARE(label->buddy(), focusable(control).value(0));
   }
 
   void captionIsTheBuddyOfItsControl()

@@ -7,14 +7,12 @@
 #include "PropUiPlaceholder.h"
 #include "PropUiQAction.h"
 #include "PropUiQActionsToolBar.h"
-#include "PropUiQCheckBox.h"
-#include "PropUiQIntegerCtrl.h"
 #include "PropUiQLineEdit.h"
-#include "PropUiQRadioButtonsCtrl.h"
 #include "PropUiQTextCtrl.h"
 #include "ControlWindow.h"
-#include "RecordingBag.h"
-#include "TestValues.h"
+#include "EveryKind.h"
+#include "RichItem.h"
+#include "RunningModule.h"
 #include <QtTest>
 #include <QtWidgets>
 
@@ -113,6 +111,7 @@ QStringList captionsOf(const QMenu* menu)
 class TestActions : public QObject
 {
   Q_OBJECT
+  RunningModule module;
 
 private slots:
   void mirrorCopiesTheActionAndResetsForNull()
@@ -201,6 +200,10 @@ private slots:
     bag.item(none).actions = bag.item(item).actions;
     empty->updateData();
     QCOMPARE(empty->focusPolicy(), Qt::StrongFocus);
+    // The option for a field's own toolbar keeps the buttons out of the Tab chain.
+    QScopedPointer<PropUiActionButtonGroupCtrl> inert(actionRow(push, bag, item, 0x1000000));
+    for (QAbstractButton* button : buttonsOf(*inert))
+      QCOMPARE(button->focusPolicy(), Qt::NoFocus);
   }
 
   // The focus moving onto a button of a field's toolbar commits the field;
@@ -236,20 +239,21 @@ private slots:
     QCOMPARE(buttonsOf(*field).size(), 1);
   }
 
-  void noFocusOptionKeepsButtonsOutOfTheTabChain()
-  {
-    RecordingBag bag;
-    const int item = addActions(bag, 2);
-    QScopedPointer<PropUiActionButtonGroupCtrl> inert(actionRow(false, bag, item, 0x1000000));
-    for (QAbstractButton* button : buttonsOf(*inert))
-      QCOMPARE(button->focusPolicy(), Qt::NoFocus);
-  }
-
+  // A command run from a field's toolbar makes the field read its value again, as the command may
+  // have changed it; a row of command buttons is a control of its own and never does.
   void toolbarRefreshesItsControlOnlyOnSuccess()
   {
     RecordingBag bag;
     const int item = addActions(bag, 2);
     CountingControl embedding;
+    auto* row = new PropUiActionToolButtonsCtrl(&embedding);
+    row->setPropBagItem(&bag, item);
+    row->setupUi();
+    row->updateData();
+    QTest::mouseClick(buttonsOf(*row)[0], Qt::LeftButton);
+    QCOMPARE(bag.executed.size(), 1);
+    QCOMPARE(embedding.reads, 0);
+
     auto* toolbar = new PropUiQActionsToolBar(&embedding);
     toolbar->setPropBagItem(&bag, item);
     QVERIFY(toolbar->setupUi());
@@ -262,7 +266,7 @@ private slots:
 
     bag.item(item).executeResult = false;
     toolbar->toolBar()->actions()[0]->trigger();
-    QCOMPARE(bag.executed.size(), 2);
+    QCOMPARE(bag.executed.size(), 3);
     QCOMPARE(embedding.reads, 1);
 
     bag.item(item).actions.resize(0);
@@ -292,20 +296,6 @@ private slots:
     QCOMPARE(toQString(bag.executed[0]->name()), QStringLiteral("Watched"));
     toolbar->updateData();
     QVERIFY(gone);
-  }
-
-  void buttonRowNeverRefreshes()
-  {
-    RecordingBag bag;
-    const int item = addActions(bag, 1);
-    CountingControl embedding;
-    auto* row = new PropUiActionToolButtonsCtrl(&embedding);
-    row->setPropBagItem(&bag, item);
-    row->setupUi();
-    row->updateData();
-    QTest::mouseClick(buttonsOf(*row)[0], Qt::LeftButton);
-    QCOMPARE(bag.executed.size(), 1);
-    QCOMPARE(embedding.reads, 0);
   }
 
   // Buttons showing the stock picture could only be told apart by their tool tips.
@@ -487,35 +477,18 @@ private slots:
   // a spin box's inner edit, a check box, each button of a row.
   void contextMenuOpensOnEveryWidgetOfTheControl_data()
   {
-    QTest::addColumn<int>("kind");
-    QTest::newRow("integer") << 0;
-    QTest::newRow("check box") << 1;
-    QTest::newRow("radio buttons") << 2;
+    QTest::addColumn<OdGUID>("guid");
+    QTest::newRow("integer") << PropUiGuidInteger;
+    QTest::newRow("check box") << PropUiGuidBool;
+    QTest::newRow("radio buttons") << PropUiGuidRadioButtons;
   }
 
   void contextMenuOpensOnEveryWidgetOfTheControl()
   {
-    QFETCH(int, kind);
+    QFETCH(OdGUID, guid);
     RecordingBag bag;
-    const int item = addActions(bag, 1);
-    PropUiQControl* control = nullptr;
-    if (kind == 0)
-    {
-      bag.item(item).value = intValue(4);
-      control = boundControl<PropUiQIntegerCtrl>(bag, item);
-    }
-    else if (kind == 1)
-    {
-      bag.item(item).value = boolValue(true);
-      control = boundControl<PropUiQCheckBox>(bag, item);
-    }
-    else
-    {
-      bag.item(item).value = intValue(1);
-      bag.item(item).listNames = QStringList{QStringLiteral("Yes"), QStringLiteral("No")};
-      bag.item(item).listKeys = {1, 2};
-      control = boundControl<PropUiQRadioButtonsCtrl>(bag, item);
-    }
+    PropUiQWidget* control = boundKind(guid, bag, addRichItem(bag, QStringLiteral("Rich")));
+    QVERIFY(control);
     ControlWindow window(control);
     QVERIFY(window.showActive());
 
@@ -528,7 +501,7 @@ private slots:
       QContextMenuEvent request(QContextMenuEvent::Mouse, QPoint(2, 2), widget->mapToGlobal(QPoint(2, 2)));
       QApplication::sendEvent(widget, &request);
       QTRY_VERIFY2(openMenu(), qPrintable(widget->metaObject()->className()));
-      QVERIFY(captionsOf(openMenu()).contains(QStringLiteral("Command 0")));
+      QVERIFY(captionsOf(openMenu()).contains(QStringLiteral("Reset")));
       openMenu()->close();
       QTRY_VERIFY(!openMenu());
     }

@@ -235,7 +235,7 @@ private slots:
     QVERIFY(!checkedOf(row.data())); // matched by text, and there is none
   }
 
-  void gridTakesItsIdsFromTheValues()
+  void gridTakesItsIdsFromTheValuesAndFollowsARefresh()
   {
     RecordingBag bag;
     const int item = addGrid(bag, 17);
@@ -251,17 +251,9 @@ private slots:
     QCOMPARE(bag.written.last().getInt32(), 9);
     QTest::mouseClick(centre, Qt::LeftButton);
     QCOMPARE(bag.written.last().getInt32(), 17);
-  }
 
-  void gridRefreshShowsRenamedCellsAndMovesTheMark()
-  {
-    RecordingBag bag;
-    const int item = addGrid(bag, 5);
-    QScopedPointer<PropUiQButtons3x3Ctrl> grid(bound(new PropUiQButtons3x3Ctrl, bag, item));
-    QAbstractButton* centre = grid->findChild<QAbstractButton*>(QStringLiteral("cell4"));
+    // A refresh shows renamed cells and moves the mark; a value that varies marks none.
     QAbstractButton* first = grid->findChild<QAbstractButton*>(QStringLiteral("cell0"));
-    QVERIFY(centre->isChecked());
-
     bag.item(item).listNames[0] = QStringLiteral("top left");
     bag.item(item).value = intValue(1);
     grid->updateData();

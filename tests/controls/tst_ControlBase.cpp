@@ -1,6 +1,5 @@
 #include "ControlWindow.h"
 #include "EveryKind.h"
-#include "OdRxModule.h"
 #include "PropUiOptions.h"
 #include "PropUiActionToolButtonsCtrl.h"
 #include "PropUiCommonToolTipFilter.h"
@@ -8,9 +7,9 @@
 #include "PropUiQControl.h"
 #include "PropUiQDefaultFormatter.h"
 #include "MessageCatcher.h"
-#include "PropWidgetsEntry.h"
 #include "RecordingBag.h"
 #include "RichItem.h"
+#include "RunningModule.h"
 #include "TestValues.h"
 #include <QtTest>
 #include <QtWidgets>
@@ -32,11 +31,9 @@ public:
 class TestControlBase : public QObject
 {
   Q_OBJECT
+  RunningModule module;
 
 private slots:
-  void initTestCase() { odrxCreateModuleObject()->initApp(); }
-  void cleanupTestCase() { odrxCreateModuleObject()->uninitApp(); }
-
   void theWheelIsLeftToThePanel_data()
   {
     addEveryKindRows();
@@ -132,6 +129,11 @@ private slots:
       for (QComboBox* combo : bound->findChildren<QComboBox*>())
         for (int entry : {-1, 1000})
           emit combo->activated(entry);
+    for (QLineEdit* edit : unknown->findChildren<QLineEdit*>())
+    {
+      edit->setText(QStringLiteral("3"));
+      emit edit->editingFinished();
+    }
     QCoreApplication::processEvents();
     QVERIFY2(!bag.called(QStringLiteral("setValue")) && !bag.called(QStringLiteral("setElementValue")),
              qPrintable(bag.calls.join(QLatin1Char(' '))));
@@ -162,17 +164,6 @@ private slots:
     control.setFormatter(nullptr);
     control.setPropBagItem(&bag, 0); // no formatter: the step is skipped
     QCOMPARE(other.propBag(), nullptr);
-  }
-
-  void unboundControlDoesNothing()
-  {
-    PropUiQControl control;
-    QVERIFY(control.setupUi());
-    control.updateUi();
-    control.updateData();
-    QVERIFY(!control.createActionsToolBar());
-    QVERIFY(!control.isVaries());
-    QVERIFY(control.findChildren<QWidget*>().isEmpty());
   }
 
   void actionsToolbarFollowsTheItemFlag()
@@ -288,6 +279,11 @@ private slots:
       QCoreApplication::sendEvent(hovered, &tip);
       QCOMPARE(hovered->toolTip(), QStringLiteral("Line width"));
     }
+    // A description the bag cannot give now leaves the last one.
+    bag.item(0).hasDescription = false;
+    with.updateUi();
+    QCoreApplication::sendEvent(&inner, &tip);
+    QCOMPARE(inner.toolTip(), QStringLiteral("Line width"));
   }
 
   void focusReactorIsCreatedOnceAndBound()

@@ -7,10 +7,9 @@
 
 #include "FuzzHost.h"
 #include "MessageCatcher.h"
-#include "OdRxModule.h"
+#include "RunningModule.h"
 #include "PropUiQStandardFormatter.h"
 #include "PropUiQtMVCFactories.h"
-#include "PropWidgetsEntry.h"
 #include "TestMvcGroup.h"
 #include <QAbstractItemModelTester>
 #include <QHeaderView>
@@ -348,18 +347,6 @@ private:
     return index;
   }
 
-  void userEvent(void (Grid::*op)())
-  {
-    try
-    {
-      (this->*op)();
-    }
-    catch (...)
-    {
-      m_faults << QStringLiteral("an exception out of an operation on the grid");
-    }
-  }
-
   Dice m_dice;
   const std::vector<OdGUID>& m_kinds;
   std::vector<std::unique_ptr<GridBag> > m_bags;
@@ -380,15 +367,10 @@ private:
 class TestRandomGrid : public QObject
 {
   Q_OBJECT
+  RunningModule module;
 
 private slots:
-  void initTestCase()
-  {
-    QLocale::setDefault(QLocale::c());
-    odrxCreateModuleObject()->initApp();
-  }
-
-  void cleanupTestCase() { odrxCreateModuleObject()->uninitApp(); }
+  void initTestCase() { QLocale::setDefault(QLocale::c()); }
 
   void gridSurvivesRandomAnswersAndUsers()
   {

@@ -26,24 +26,6 @@ class TestStandardFormatter : public QObject
   Q_OBJECT
 
 private slots:
-  void registersTheDefaultAndTheDrawingAttributeFormatters()
-  {
-    QObject owner;
-    PropUiQStandardFormatter* standard = propUiCreateStandardFormatter(&owner);
-    QCOMPARE(standard->parent(), &owner);
-    const OdGUID keys[] = {OdGUID::kNull, PropUiGuidLayer, PropUiGuidColor, PropUiGuidLinetype, PropUiGuidLineweight,
-                           PropUiGuidArrowhead};
-    const char* kinds[] = {"PropUiQDefaultFormatter", "PropUiQLayerFormatter", "PropUiQColorFormatter",
-                           "PropUiQLineTypeFormatter", "PropUiQLineWeightFormatter", "PropUiQArrowheadFormatter"};
-    for (int i = 0; i < 6; ++i)
-    {
-      QCOMPARE(QLatin1String(standard->formatterFor(keys[i].toString())->metaObject()->className()), QLatin1String(kinds[i]));
-      QCOMPARE(standard->formatterFor(keys[i].toString())->parent(), static_cast<QObject*>(standard));
-    }
-    // A kind without a formatter of its own gets the default one.
-    QCOMPARE(standard->formatterFor(PropUiGuidDate.toString()), standard->formatterFor(OdGUID::kNull.toString()));
-  }
-
   void dispatchesByTheItemsTypeGuid_data()
   {
     QTest::addColumn<bool>("typed");
