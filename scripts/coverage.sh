@@ -7,6 +7,7 @@
 # to compare one run against another.
 set -e
 cd "$(dirname "$0")/.."
+command -v gcovr >/dev/null || { apt-get update && apt-get install -y gcovr; }
 cmake -S . -B build-cov -G Ninja -DCMAKE_BUILD_TYPE=Debug -DCMAKE_CXX_FLAGS=--coverage \
   -DBUILD_TESTING=ON -DCMAKE_CXX_COMPILER_LAUNCHER=ccache >/dev/null
 cmake --build build-cov -j2
