@@ -18,9 +18,12 @@ if [ "$build" = build ]; then
   cmake -S demo -B build/demo-installed -G Ninja -DCMAKE_PREFIX_PATH="$PWD/build/install" > /dev/null
   cmake --build build/demo-installed -j "$(nproc)"
   build/demo-installed/propwidgets-demo --screenshot build/demo-installed/demo.png > /dev/null
-  # The README's host is examples/minimal-host: it must build and start from the package alone.
-  cmake -S examples/minimal-host -B build/minimal-host -G Ninja -DCMAKE_PREFIX_PATH="$PWD/build/install" > /dev/null
-  cmake --build build/minimal-host -j "$(nproc)"
-  build/minimal-host/minimal-host --check
+  # The README's hosts are examples/*: each must build and start from the package alone.
+  for example in examples/*/; do
+    name=$(basename "$example")
+    cmake -S "$example" -B "build/$name" -G Ninja -DCMAKE_PREFIX_PATH="$PWD/build/install" > /dev/null
+    cmake --build "build/$name" -j "$(nproc)"
+    "build/$name/$name" --check
+  done
 fi
 ctest --test-dir "$build" --output-on-failure
