@@ -4,6 +4,9 @@
 // silence it or raise it (QT_LOGGING_RULES="propwidgets.warning=false").
 
 #include <QLoggingCategory>
+#include <functional>
+
+class QObject;
 
 Q_DECLARE_LOGGING_CATEGORY(lcPropWidgets)
 
@@ -17,5 +20,30 @@ namespace propui
  * a catch block.
  */
 void warnCaught(const char* failed);
+
+/** A way of wiring a grid that leaves its cells empty without an error of its own. */
+enum class GridMisuse : unsigned
+{
+  FormatterWithoutBag,
+  ModelNeverBound,
+  ModelWithoutFormatter,
+  DelegateWithoutBag,
+  BagAnswersNothing
+};
+
+/**
+ * Tells the host developer what to do about a grid wired so that it shows
+ * nothing, once for each kind of mistake in the life of the process: the
+ * mistake repeats on every paint, the advice does not need to.
+ */
+void warnGridMisuse(GridMisuse misuse);
+
+/**
+ * The same advice, given only if the mistake still stands once the events of
+ * the moment are done: a host binds a grid's pieces one after another, and a
+ * view may ask one of them for cells in between. Nothing is said when the
+ * subject is gone by then.
+ */
+void adviseGridMisuseLater(GridMisuse misuse, const QObject* subject, std::function<bool()> stillWrong);
 
 } // namespace propui

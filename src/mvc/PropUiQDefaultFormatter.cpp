@@ -3,6 +3,7 @@
 #include "OdStringQt.h"
 #include "PropBag.h"
 #include "PropUiQIcon.h"
+#include "PropWidgetsLogging_p.h"
 #include <QIcon>
 
 PropUiQDefaultFormatter::PropUiQDefaultFormatter(QObject* parent) : PropUiQFormatter(parent) {}
@@ -14,8 +15,13 @@ void PropUiQDefaultFormatter::setPropBag(PropBag* bag)
 
 QString PropUiQDefaultFormatter::formatted(int item, unsigned long sub, const PropVariant& value) const
 {
+  if (!m_bag)
+  {
+    propui::adviseGridMisuseLater(propui::GridMisuse::FormatterWithoutBag, this, [this] { return !m_bag; });
+    return QString();
+  }
   OdString text;
-  if (m_bag && m_bag->formatValue(item, sub, value, text))
+  if (m_bag->formatValue(item, sub, value, text))
     return toQString(text);
   return QString();
 }

@@ -67,7 +67,11 @@ PropUiQFormatter* PropUiQStandardDelegate::formatterForKey(const std::wstring& k
 bool PropUiQStandardDelegate::propertyOf(const QModelIndex& index, int& item, unsigned long& sub,
                                          bool& isSubItem) const
 {
-  return m_bag && index.isValid() && PropUiQtMVCInterface::getPropData(index, item, sub, isSubItem);
+  if (!index.isValid() || !PropUiQtMVCInterface::getPropData(index, item, sub, isSubItem))
+    return false;
+  if (!m_bag)
+    propui::adviseGridMisuseLater(propui::GridMisuse::DelegateWithoutBag, this, [this] { return !m_bag; });
+  return m_bag != nullptr;
 }
 
 void PropUiQStandardDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,

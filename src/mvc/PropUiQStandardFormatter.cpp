@@ -9,6 +9,7 @@
 #include "PropUiQLayerFormatter.h"
 #include "PropUiQLineTypeFormatter.h"
 #include "PropUiQLineWeightFormatter.h"
+#include "PropWidgetsLogging_p.h"
 
 namespace
 {
@@ -47,7 +48,10 @@ PropUiQFormatter* PropUiQStandardFormatter::formatterFor(const OdString& keyText
 PropUiQFormatter* PropUiQStandardFormatter::formatterForItem(int item) const
 {
   if (!m_bag)
+  {
+    propui::adviseGridMisuseLater(propui::GridMisuse::FormatterWithoutBag, this, [this] { return !m_bag; });
     return nullptr;
+  }
   // A bag that gives its items no types still names their controls: a cell then shows what the
   // item's control shows, and an item of any other kind gets the default formatter.
   PropItemType* type = m_bag->getItemType(item);

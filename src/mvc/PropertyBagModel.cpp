@@ -6,6 +6,7 @@
 #include "PropUiOptions.h"
 #include "PropUiQFormatter.h"
 #include "PropUiTexts_p.h"
+#include "PropWidgetsLogging_p.h"
 #include <QIcon>
 #include <algorithm>
 #include <vector>
@@ -37,6 +38,10 @@ struct PropertyBagModel::Private
   // only together with the signals that tell the views. A bag whose counts change without a
   // word is read again when the host says that its data changed.
   mutable std::vector<int> elementCounts;
+  // What tells a host developer that the grid was wired so that it shows nothing.
+  bool everBound = false;
+  mutable int failedValueReads = 0;
+  mutable bool anyValueRead = false;
 
   int items() const { return int(elementCounts.size()); }
   int elementsOf(int item) const
@@ -56,6 +61,8 @@ struct PropertyBagModel::Private
     return id == 0 || id > elementCounts.size() ? -1 : int(id - 1);
   }
 
+  void checkBoundSoon() const;
+  bool readValue(int item, PropVariant& value) const;
   void followItemCount();
   void followElementCount(int item);
 
@@ -64,6 +71,25 @@ struct PropertyBagModel::Private
   QVariant itemRowData(int item, int column, int role, const QModelIndex& index) const;
   QVariant elementRowData(int item, int element, int column, int role) const;
 };
+
+// A view asks for rows as soon as it has the model, before a host has bound it.
+void PropertyBagModel::Private::checkBoundSoon() const
+{
+  if (!everBound)
+    propui::adviseGridMisuseLater(propui::GridMisuse::ModelNeverBound, owner, [this] { return !everBound; });
+}
+
+bool PropertyBagModel::Private::readValue(int item, PropVariant& value) const
+{
+  if (bag->getValue(item, value))
+  {
+    anyValueRead = true;
+    return true;
+  }
+  if (!anyValueRead && ++failedValueReads >= items())
+    propui::warnGridMisuse(propui::GridMisuse::BagAnswersNothing);
+  return false;
+}
 
 void PropertyBagModel::Private::followItemCount()
 {
@@ -132,7 +158,10 @@ QModelIndex PropertyBagModel::parent(const QModelIndex& child) const
 int PropertyBagModel::rowCount(const QModelIndex& parent) const
 {
   if (!d->bag)
+  {
+    d->checkBoundSoon();
     return 0;
+  }
   if (!parent.isValid())
     return d->items();
   if (parent.model() != this || !d->isItemRow(parent) || parent.column() != 0 || parent.row() >= d->items())
@@ -176,6 +205,9 @@ void PropertyBagModel::setPropBag(PropBag* bag)
 {
   beginResetModel();
   d->bag = bag;
+  d->everBound = true;
+  d->failedValueReads = 0;
+  d->anyValueRead = false;
   d->elementCounts.assign(bag ? std::size_t(std::max(0, bag->getItemCount())) : 0, -1);
   endResetModel();
 }
@@ -208,8 +240,15 @@ void PropertyBagModel::itemChanged(int item)
 
 QVariant PropertyBagModel::data(const QModelIndex& index, int role) const
 {
-  if (!index.isValid() || index.model() != this || !d->bag || !d->formatter)
+  if (!index.isValid() || index.model() != this || !d->bag)
     return QVariant();
+  if (!d->formatter)
+  {
+    if (index.column() == 1 && role == Qt::DisplayRole)
+      propui::adviseGridMisuseLater(propui::GridMisuse::ModelWithoutFormatter, this,
+                                    [this] { return d->bag && !d->formatter; });
+    return QVariant();
+  }
   if (d->isItemRow(index))
     return d->itemRowData(index.row(), index.column(), role, index);
   const int item = d->parentItemOf(index);
@@ -271,7 +310,8 @@ QVariant PropertyBagModel::Private::itemRowData(int item, int column, int role, 
   if (column != 1)
     return QVariant();
   PropVariant value;
-  if (!bag->getValue(item, value))
+  // The advice about a bag that reads nothing counts each cell once: by its text, not its icon.
+  if (!(role == Qt::DisplayRole ? readValue(item, value) : bag->getValue(item, value)))
     return QVariant();
   if (value.isVaries())
     return role == Qt::DisplayRole ? QVariant(variesText(item)) : QVariant(QIcon());
