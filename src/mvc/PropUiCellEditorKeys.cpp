@@ -24,6 +24,14 @@ QModelIndex neighbourOf(const QAbstractItemView* view, const QModelIndex& index,
   return index.sibling(index.row() + (forward ? 1 : -1), index.column());
 }
 
+void selectAllIn(QWidget* field)
+{
+  if (auto* edit = qobject_cast<QLineEdit*>(field))
+    edit->selectAll();
+  else if (auto* spin = qobject_cast<QAbstractSpinBox*>(field))
+    spin->selectAll();
+}
+
 } // namespace
 
 PropUiCellEditorKeys::PropUiCellEditorKeys(QWidget* control, QAbstractItemDelegate* delegate, const QModelIndex& index)
@@ -79,6 +87,10 @@ void PropUiCellEditorKeys::takeFocus(QWidget* control, Qt::FocusReason reason)
       child->setFocus(reason);
       if (m_field != child)
       {
+        // An editor opens with its text selected, as the line edits of Qt's own views do:
+        // a value typed after Tab replaces the next cell's value.
+        if (!m_field)
+          selectAllIn(child);
         m_field = child;
         child->installEventFilter(this);
       }
@@ -97,12 +109,7 @@ bool PropUiCellEditorKeys::passOpeningKey(QKeyEvent* key)
   if (!field)
     return false;
   if (!key->text().isEmpty() && key->text().at(0).isPrint())
-  {
-    if (auto* edit = qobject_cast<QLineEdit*>(field.data()))
-      edit->selectAll();
-    else if (auto* spin = qobject_cast<QAbstractSpinBox*>(field.data()))
-      spin->selectAll();
-  }
+    selectAllIn(field);
   QCoreApplication::sendEvent(field, key);
   return true;
 }
@@ -141,7 +148,9 @@ void PropUiCellEditorKeys::moveToNeighbour(bool forward)
   if (!next.isValid())
     return;
   owner->setCurrentIndex(next);
-  owner->edit(next);
+  // A view that edits on a change of the current cell has opened the next editor already.
+  if (!owner->indexWidget(next))
+    owner->edit(next);
 }
 
 QAbstractItemView* PropUiCellEditorKeys::view() const

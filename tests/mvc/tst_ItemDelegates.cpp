@@ -181,8 +181,15 @@ private slots:
   }
 
   // The grid edited with the keyboard alone: Tab and Backtab walk the value cells, committing each.
+  void tabWalksTheValueCellsCommittingEach_data()
+  {
+    QTest::addColumn<int>("triggers");
+    QTest::newRow("opened by keys") << int(QAbstractItemView::EditKeyPressed | QAbstractItemView::AnyKeyPressed);
+    QTest::newRow("opened by any trigger, the current cell's change too") << int(QAbstractItemView::AllEditTriggers);
+  }
   void tabWalksTheValueCellsCommittingEach()
   {
+    QFETCH(int, triggers);
     MessageCatcher messages;
     static TestItemType realType(1, PropUiGuidDouble);
     RecordingBag bag;
@@ -195,24 +202,22 @@ private slots:
     bag.item(2).acceptValidate = false;
     bag.item(2).validateMessage = QStringLiteral("Too high");
     PropGrid grid(bag);
+    grid.view.setEditTriggers(QAbstractItemView::EditTriggers(triggers));
     QLineEdit* edit = grid.edit(grid.model->index(0, 1));
     QVERIFY(edit);
     auto editorOf = [&grid](int row) { return grid.view.currentIndex().row() == row ? grid.focusedEditor() : nullptr; };
 
-    // WHEN a value is typed and Tab pressed, THEN it is written and the next row's value is being edited
-    edit->selectAll();
+    // WHEN a value is typed over the opened cell and Tab pressed, THEN it is written and the next row's value is being edited
     QTest::keyClicks(edit, QStringLiteral("7"));
     QTest::keyClick(edit, Qt::Key_Tab);
     QCOMPARE(bag.item(0).value.getDouble(), 7.0);
     QTRY_VERIFY((edit = editorOf(1)));
-    // ... and Backtab goes back the same way
-    edit->selectAll();
+    // ... whose text is selected to be typed over; and Backtab goes back the same way
     QTest::keyClicks(edit, QStringLiteral("8"));
     QTest::keyClick(edit, Qt::Key_Backtab);
     QCOMPARE(bag.item(1).value.getDouble(), 8.0);
     QTRY_VERIFY((edit = editorOf(0)));
     // WHEN Escape is pressed after typing, THEN the editor closes and nothing is written
-    edit->selectAll();
     QTest::keyClicks(edit, QStringLiteral("9"));
     QTest::keyClick(edit, Qt::Key_Escape);
     QTRY_VERIFY(!editorOf(0));
@@ -221,7 +226,6 @@ private slots:
     grid.view.setCurrentIndex(grid.model->index(2, 1));
     QTest::keyClick(&grid.view, Qt::Key_F2);
     QTRY_VERIFY((edit = editorOf(2)));
-    edit->selectAll();
     QTest::keyClicks(edit, QStringLiteral("99"));
     QTest::keyClick(edit, Qt::Key_Tab);
     QTRY_COMPARE(messages.shown.size(), 1);
