@@ -13,14 +13,19 @@ if [ "${1:-}" = "--sanitize" ]; then
 fi
 if [ "$build" = build ]; then
   # A host builds against the installed package, and so does the demo here:
-  # what the package leaves out, the demo misses.
+  # what the package leaves out, the demo misses (so it is installed afresh).
+  rm -rf build/install
   cmake --install build --prefix build/install > /dev/null
   cmake -S demo -B build/demo-installed -G Ninja -DCMAKE_PREFIX_PATH="$PWD/build/install" > /dev/null
   cmake --build build/demo-installed -j "$(nproc)"
   build/demo-installed/propwidgets-demo --screenshot build/demo-installed/demo.png > /dev/null
-  # The README's host is examples/minimal-host: it must build and start from the package alone.
-  cmake -S examples/minimal-host -B build/minimal-host -G Ninja -DCMAKE_PREFIX_PATH="$PWD/build/install" > /dev/null
-  cmake --build build/minimal-host -j "$(nproc)"
-  build/minimal-host/minimal-host --check
+  # Every host under examples/ (the README's is minimal-host) must build and start from the
+  # package alone; each builds an executable named after its folder.
+  for example in examples/*/CMakeLists.txt; do
+    example=$(basename "$(dirname "$example")")
+    cmake -S "examples/$example" -B "build/$example" -G Ninja -DCMAKE_PREFIX_PATH="$PWD/build/install" > /dev/null
+    cmake --build "build/$example" -j "$(nproc)"
+    "build/$example/$example" --check
+  done
 fi
 ctest --test-dir "$build" --output-on-failure
