@@ -9,7 +9,9 @@ packages=(cmake ninja-build g++ qtbase5-dev qtbase5-dev-tools qttools5-dev qttoo
 ./scripts/install-packages.sh "${packages[@]}"
 
 build=build
-config=(-DCMAKE_BUILD_TYPE=RelWithDebInfo)
+# build/ is also what scripts/package.sh makes the Debian packages from: configured for
+# /usr, GNUInstallDirs gives it Debian's lib dir, lib/<multiarch>.
+config=(-DCMAKE_BUILD_TYPE=RelWithDebInfo -DCMAKE_INSTALL_PREFIX=/usr)
 if [ "${1:-}" = "--sanitize" ]; then
   build=build-asan
   source scripts/sanitizers.sh

@@ -13,7 +13,8 @@ if [ "${1:-}" = "--sanitize" ]; then
 fi
 if [ "$build" = build ]; then
   # A host builds against the installed package, and so does the demo here:
-  # what the package leaves out, the demo misses.
+  # what the package leaves out, the demo misses (so it is installed afresh).
+  rm -rf build/install
   cmake --install build --prefix build/install > /dev/null
   cmake -S demo -B build/demo-installed -G Ninja -DCMAKE_PREFIX_PATH="$PWD/build/install" > /dev/null
   cmake --build build/demo-installed -j "$(nproc)"

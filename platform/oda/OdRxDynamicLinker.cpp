@@ -1,7 +1,10 @@
 #include "OdRxDynamicLinker.h"
 
+#include <dirent.h>
 #include <dlfcn.h>
 #include <limits.h>
+#include <link.h>
+#include <stdlib.h>
 #include <string>
 #include <unistd.h>
 
@@ -30,16 +33,95 @@ static std::string applicationDir()
   return exe.substr(0, exe.rfind('/'));
 }
 
+static std::string directoryOf(const std::string& path)
+{
+  const std::size_t slash = path.rfind('/');
+  return slash == std::string::npos ? std::string() : path.substr(0, slash);
+}
+
+static std::string baseNameOf(const std::string& path)
+{
+  return path.substr(path.rfind('/') + 1);
+}
+
+// Where the plain lib<name>.so is missing (it comes with a development install,
+// not with the run-time one), the module is the library of that name the process
+// has already mapped: a host linked against it loaded it, and a second copy of
+// another version would not share its registries.
+static std::string mappedVersionOf(const std::string& file)
+{
+  struct Search
+  {
+    std::string prefix;
+    std::string found;
+  } search{file + '.', std::string()};
+  dl_iterate_phdr(
+    [](dl_phdr_info* info, size_t, void* data) {
+      auto* s = static_cast<Search*>(data);
+      const std::string path = info->dlpi_name ? info->dlpi_name : "";
+      if (baseNameOf(path).compare(0, s->prefix.size(), s->prefix) != 0)
+        return 0;
+      s->found = path;
+      return 1;
+    },
+    &search);
+  return search.found;
+}
+
+// Otherwise the run-time file lib<name>.so.<major> in a directory of the
+// installation; of several majors, the newest.
+static std::string versionedFileIn(const std::string& dir, const std::string& file)
+{
+  std::string found;
+  unsigned long newest = 0;
+  DIR* d = dir.empty() ? nullptr : opendir(dir.c_str());
+  if (!d)
+    return found;
+  const std::string prefix = file + '.';
+  while (const dirent* entry = readdir(d))
+  {
+    const std::string base = entry->d_name;
+    if (base.size() == prefix.size() || base.compare(0, prefix.size(), prefix) != 0
+        || base.find_first_not_of("0123456789", prefix.size()) != std::string::npos)
+      continue;
+    const unsigned long major = strtoul(base.c_str() + prefix.size(), nullptr, 10);
+    if (found.empty() || major > newest)
+    {
+      found = dir + '/' + base;
+      newest = major;
+    }
+  }
+  closedir(d);
+  return found;
+}
+
+// The directory this loader was installed in, where the platform's own modules sit.
+static std::string loaderDir()
+{
+  static const char inThisLibrary = 0;
+  Dl_info info;
+  if (!dladdr(&inThisLibrary, &info) || !info.dli_fname)
+    return std::string();
+  return directoryOf(info.dli_fname);
+}
+
 static void* openModule(const std::string& file)
 {
-  void* handle = dlopen(file.c_str(), RTLD_NOW | RTLD_GLOBAL);
-  if (!handle && file.find('/') == std::string::npos)
-  {
-    const std::string dir = applicationDir();
-    if (!dir.empty())
-      handle = dlopen((dir + '/' + file).c_str(), RTLD_NOW | RTLD_GLOBAL);
-  }
-  return handle;
+  const int mode = RTLD_NOW | RTLD_GLOBAL;
+  void* handle = dlopen(file.c_str(), mode);
+  if (handle || file.find('/') != std::string::npos)
+    return handle;
+  const std::string appDir = applicationDir();
+  if (!appDir.empty() && (handle = dlopen((appDir + '/' + file).c_str(), mode)))
+    return handle;
+  if (file.size() < 3 || file.compare(file.size() - 3, 3, ".so") != 0)
+    return nullptr;
+  std::string versioned = mappedVersionOf(file);
+  if (versioned.empty())
+    versioned = versionedFileIn(appDir, file);
+  if (versioned.empty())
+    versioned = versionedFileIn(loaderDir(), file);
+  return versioned.empty() ? nullptr : dlopen(versioned.c_str(), mode);
 }
 
 OdRxModulePtr OdRxDynamicLinker::loadModule(const OdString& name)

@@ -5,7 +5,10 @@
 
 /**
  * Opens a module's shared object by name, creates its module object and starts it.
- * A name without a path or suffix is looked up as lib<name>.so on the loader's path.
+ * A name without a path or suffix is looked up as lib<name>.so on the loader's path,
+ * then beside the application. Where only the run-time lib<name>.so.<major> is
+ * installed, that is taken: the one already mapped into the process, else the
+ * newest beside the application or beside the loader.
  */
 class ODA_EXPORT OdRxDynamicLinker
 {

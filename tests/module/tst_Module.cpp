@@ -183,6 +183,16 @@ private slots:
     QVERIFY(odrxDynamicLinker()->unloadModule(OdString(L"PropWidgets")));
     QVERIFY(!propUiCreateWidget(PropUiGuidEmpty, 0));
     QVERIFY(!odrxDynamicLinker()->loadModule(OdString(L"NoSuchModule")));
+
+    // Where a run-time install has only lib<name>.so.<major> beside the application, that is opened.
+    const QString runtimeOnly = QCoreApplication::applicationDirPath() + QStringLiteral("/libRuntimeOnly.so.1");
+    QFile::remove(runtimeOnly);
+    QVERIFY(QFile::link(QCoreApplication::applicationDirPath() + QStringLiteral("/libPropWidgets.so"), runtimeOnly));
+    loaded = odrxDynamicLinker()->loadModule(OdString(L"RuntimeOnly"));
+    QFile::remove(runtimeOnly);
+    QVERIFY2(loaded, qPrintable(toQString(odrxDynamicLinker()->lastError())));
+    QCOMPARE(loaded.get(), odrxCreateModuleObject());
+    QVERIFY(odrxDynamicLinker()->unloadModule(OdString(L"RuntimeOnly")));
     odrxCreateModuleObject()->initApp();
   }
 
