@@ -142,7 +142,7 @@ void DrawingEditorWindow::buildMenus()
   file->addSeparator();
   add("actionSave", tr("&Save"), &DrawingEditorWindow::save, QKeySequence::Save);
   // Not every platform binds the standard Save As key: name it.
-  add("actionSaveAs", tr("Save &As..."), &DrawingEditorWindow::saveAs, QKeySequence(Qt::CTRL + Qt::SHIFT + Qt::Key_S));
+  add("actionSaveAs", tr("Save &As..."), &DrawingEditorWindow::saveAs, QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S));
   file->addSeparator();
   add("actionQuit", tr("&Quit"), &QWidget::close, QKeySequence::Quit);
 
@@ -150,7 +150,7 @@ void DrawingEditorWindow::buildMenus()
   QAction* undo = m_undo.createUndoAction(this, tr("&Undo"));
   undo->setShortcut(QKeySequence::Undo);
   QAction* redo = m_undo.createRedoAction(this, tr("&Redo"));
-  redo->setShortcuts({QKeySequence(Qt::CTRL + Qt::SHIFT + Qt::Key_Z), QKeySequence(Qt::CTRL + Qt::Key_Y)});
+  redo->setShortcuts({QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z), QKeySequence(Qt::CTRL | Qt::Key_Y)});
   edit->addAction(undo);
   edit->addAction(redo);
   edit->addSeparator();
