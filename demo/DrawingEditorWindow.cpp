@@ -161,13 +161,15 @@ void DrawingEditorWindow::buildMenus()
   edit->addAction(undo);
   edit->addAction(redo);
   edit->addSeparator();
-  QAction* selectAll = addWithKey(edit, tr("Select &All"), [this]() { m_canvas->selectAll(); }, QKeySequence::SelectAll);
+  QAction* selectAll = addWithKey(
+    edit, tr("Select &All"), [this]() { m_canvas->selectAll(); }, QKeySequence::SelectAll);
   // The drawing's, not the palette's: Ctrl+A in the grid or a field must not select every object.
   selectAll->setShortcutContext(Qt::WidgetWithChildrenShortcut);
   m_canvas->addAction(selectAll);
 
   QMenu* view = menuBar()->addMenu(tr("&View"));
-  addWithKey(view, tr("Zoom &Extents"), [this]() { m_canvas->zoomExtents(); }, QKeySequence(Qt::Key_Home));
+  addWithKey(
+    view, tr("Zoom &Extents"), [this]() { m_canvas->zoomExtents(); }, QKeySequence(Qt::Key_Home));
   view->addSeparator();
   m_themes = new QActionGroup(this);
   const int current = hostGetQtStyleManager()->theme();
