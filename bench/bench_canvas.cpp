@@ -150,7 +150,7 @@ int main(int argc, char** argv)
   std::printf("shown, at extents   %.3f s (includes a paint at the first size)\n", show);
   std::printf("first frame         %.3f s\n", first);
   std::printf("canvas memory       %.0f MB (resident, after the first frame)\n", held);
-  std::printf("select all + frame  %.3f s (%d selected)\n", selectAll, canvas->selection().size());
+  std::printf("select all + frame  %.3f s (%d selected)\n", selectAll, int(canvas->selection().size()));
   std::printf("change all           %.3f s in the canvas + %.3f s frame (the document's own copy: %.3f s)\n", change,
               changeFrame, documentShare);
   std::printf("peak resident       %.0f MB\n", residentMegabytes("VmHWM:"));

@@ -255,7 +255,7 @@ int main(int argc, char** argv)
     bag.setSelection(all);
     RecordingBag recorder(bag);
     std::printf("bench_palette: %d entities selected, %d items shared; values merged once per round\n",
-                all.size(), bag.getItemCount());
+                int(all.size()), bag.getItemCount());
 
     PalettePanel panel;
     panel.resize(420, 700);

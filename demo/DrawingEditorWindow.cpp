@@ -127,9 +127,16 @@ DrawingEditorWindow::~DrawingEditorWindow()
 
 void DrawingEditorWindow::buildMenus()
 {
+  // Qt 6 takes a shortcut before the receiver and Qt 5 after it: an entry with a key is made in three steps.
+  const auto addWithKey = [this](QMenu* menu, const QString& text, auto slot, const QKeySequence& key) {
+    QAction* action = menu->addAction(text);
+    action->setShortcut(key);
+    connect(action, &QAction::triggered, this, slot);
+    return action;
+  };
   QMenu* file = menuBar()->addMenu(tr("&File"));
-  const auto add = [this, file](const char* name, const QString& text, auto slot, const QKeySequence& key) {
-    QAction* action = file->addAction(text, this, slot, key);
+  const auto add = [file, addWithKey](const char* name, const QString& text, auto slot, const QKeySequence& key) {
+    QAction* action = addWithKey(file, text, slot, key);
     action->setObjectName(QLatin1String(name));
     return action;
   };
@@ -142,7 +149,7 @@ void DrawingEditorWindow::buildMenus()
   file->addSeparator();
   add("actionSave", tr("&Save"), &DrawingEditorWindow::save, QKeySequence::Save);
   // Not every platform binds the standard Save As key: name it.
-  add("actionSaveAs", tr("Save &As..."), &DrawingEditorWindow::saveAs, QKeySequence(Qt::CTRL + Qt::SHIFT + Qt::Key_S));
+  add("actionSaveAs", tr("Save &As..."), &DrawingEditorWindow::saveAs, QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S));
   file->addSeparator();
   add("actionQuit", tr("&Quit"), &QWidget::close, QKeySequence::Quit);
 
@@ -150,17 +157,19 @@ void DrawingEditorWindow::buildMenus()
   QAction* undo = m_undo.createUndoAction(this, tr("&Undo"));
   undo->setShortcut(QKeySequence::Undo);
   QAction* redo = m_undo.createRedoAction(this, tr("&Redo"));
-  redo->setShortcuts({QKeySequence(Qt::CTRL + Qt::SHIFT + Qt::Key_Z), QKeySequence(Qt::CTRL + Qt::Key_Y)});
+  redo->setShortcuts({QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z), QKeySequence(Qt::CTRL | Qt::Key_Y)});
   edit->addAction(undo);
   edit->addAction(redo);
   edit->addSeparator();
-  QAction* selectAll = edit->addAction(tr("Select &All"), this, [this]() { m_canvas->selectAll(); }, QKeySequence::SelectAll);
+  QAction* selectAll = addWithKey(
+    edit, tr("Select &All"), [this]() { m_canvas->selectAll(); }, QKeySequence::SelectAll);
   // The drawing's, not the palette's: Ctrl+A in the grid or a field must not select every object.
   selectAll->setShortcutContext(Qt::WidgetWithChildrenShortcut);
   m_canvas->addAction(selectAll);
 
   QMenu* view = menuBar()->addMenu(tr("&View"));
-  view->addAction(tr("Zoom &Extents"), this, [this]() { m_canvas->zoomExtents(); }, QKeySequence(Qt::Key_Home));
+  addWithKey(
+    view, tr("Zoom &Extents"), [this]() { m_canvas->zoomExtents(); }, QKeySequence(Qt::Key_Home));
   view->addSeparator();
   m_themes = new QActionGroup(this);
   const int current = hostGetQtStyleManager()->theme();

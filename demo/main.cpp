@@ -121,7 +121,7 @@ int runSaveAs(const Options& options)
 /**
  * Speaks the language as a host does: Qt's own texts (dialog buttons, context
  * menus) from the system's catalogue when it has one (Debian's
- * qttranslations5-l10n), the controls' texts from the library's and the
+ * qttranslations5-l10n or qt6-translations-l10n), the controls' texts from the library's and the
  * editor's own from the demo's, built into it.
  */
 void installTranslators(QApplication& app, const QString& language)
@@ -130,8 +130,12 @@ void installTranslators(QApplication& app, const QString& language)
   // dates and numbers follow the language asked for, as they would in a host started in it
   QLocale::setDefault(locale);
   auto* qtTranslator = new QTranslator(&app);
-  if (qtTranslator->load(locale, QStringLiteral("qtbase"), QStringLiteral("_"),
-                         QLibraryInfo::location(QLibraryInfo::TranslationsPath)))
+#if QT_VERSION >= QT_VERSION_CHECK(6, 0, 0)
+  const QString qtCatalogues = QLibraryInfo::path(QLibraryInfo::TranslationsPath);
+#else
+  const QString qtCatalogues = QLibraryInfo::location(QLibraryInfo::TranslationsPath);
+#endif
+  if (qtTranslator->load(locale, QStringLiteral("qtbase"), QStringLiteral("_"), qtCatalogues))
     QApplication::installTranslator(qtTranslator);
   else
     delete qtTranslator;

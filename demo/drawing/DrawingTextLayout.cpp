@@ -28,7 +28,7 @@ QString drawnText(const QString& text)
     else if (code != QLatin1Char('u') && code != QLatin1Char('o'))
     {
       // not a code the canvas knows: shown as written; underline and overline are not drawn
-      shown += text.midRef(i, 3);
+      shown += text.mid(i, 3);
     }
     i += 2;
   }
@@ -89,7 +89,7 @@ QStringList drawnParagraphs(const QString& text)
     case 'U':
     {
       bool ok = false;
-      const uint unicode = text.midRef(i + 2, 4).toUInt(&ok, 16);
+      const uint unicode = text.mid(i + 2, 4).toUInt(&ok, 16);
       if (i + 1 < n && text[i + 1] == QLatin1Char('+') && ok)
       {
         current += QChar(unicode);

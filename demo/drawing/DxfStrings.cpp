@@ -1,31 +1,32 @@
 #include "DxfStrings.h"
 
 #include <QRegularExpression>
-#include <QTextCodec>
 
 QString fromDxfString(const std::string& bytes)
 {
   // Newer files are UTF-8, older ones a Windows code page; a byte string that
   // is not valid UTF-8 is taken as Latin-1, which is right for most of them.
-  QTextCodec::ConverterState state;
+  // Decoding replaces what is not UTF-8, so only valid bytes come back the same.
+  // A leading byte order mark is no part of the text.
   const QByteArray raw = QByteArray::fromStdString(bytes);
-  QString text = QTextCodec::codecForName("UTF-8")->toUnicode(raw.constData(), raw.size(), &state);
-  if (state.invalidChars > 0)
+  const QByteArray utf8 = raw.startsWith("\xEF\xBB\xBF") ? raw.mid(3) : raw;
+  QString text = QString::fromUtf8(utf8);
+  if (text.toUtf8() != utf8)
     text = QString::fromLatin1(raw);
   if (!text.contains(QLatin1String("\\U+"), Qt::CaseInsensitive))
     return text;
   static const QRegularExpression escape(QStringLiteral("\\\\[Uu]\\+([0-9A-Fa-f]{4})"));
   QString decoded;
-  int last = 0;
+  qsizetype last = 0;
   auto it = escape.globalMatch(text);
   while (it.hasNext())
   {
     const QRegularExpressionMatch match = it.next();
-    decoded += text.midRef(last, match.capturedStart() - last);
-    decoded += QChar(char16_t(match.capturedRef(1).toUShort(nullptr, 16)));
+    decoded.append(text.constData() + last, match.capturedStart() - last);
+    decoded += QChar(char16_t(match.captured(1).toUShort(nullptr, 16)));
     last = match.capturedEnd();
   }
-  decoded += text.midRef(last);
+  decoded.append(text.constData() + last, text.size() - last);
   return decoded;
 }
 

@@ -20,7 +20,7 @@ QHostItemControlDelegate::QHostItemControlDelegate(int features, int pinRole, QO
 
 bool QHostItemControlDelegate::hasPin(const QModelIndex& index) const
 {
-  return (m_features & PinToggle) && index.isValid() && index.data(m_pinRole).type() == QVariant::Bool;
+  return (m_features & PinToggle) && index.isValid() && index.data(m_pinRole).userType() == QMetaType::Bool;
 }
 
 int QHostItemControlDelegate::pinExtent(const QStyleOptionViewItem&) const

@@ -1,5 +1,6 @@
 #include "PropMathValidator.h"
 
+#include <QDoubleValidator>
 #include <QRegularExpressionValidator>
 
 PropMathValidator::PropMathValidator(QObject* parent) : QValidator(parent) {}
@@ -48,6 +49,10 @@ void PropMathValidator::fixup(QString& input) const
   if (input.isEmpty())
     return;
   expressionValidator()->fixup(input);
-  if (m_numberValidator)
+  // Qt 6 gives QDoubleValidator a fixup that Qt 5 lacks: with the C locale it takes
+  // the comma of "3,5" for a group separator and rewrites the text as "3.5e+01".
+  // The field reads a decimal comma in its own locale when the edit ends, so on
+  // both majors only a whole-number validator tidies the text.
+  if (m_numberValidator && !qobject_cast<QDoubleValidator*>(m_numberValidator))
     m_numberValidator->fixup(input);
 }

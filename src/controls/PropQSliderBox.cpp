@@ -79,7 +79,12 @@ QRect PropQSliderBox::handleRect() const
 
 void PropQSliderBox::mousePressEvent(QMouseEvent* event)
 {
-  if (!handleRect().contains(event->localPos().toPoint()))
+#if QT_VERSION >= QT_VERSION_CHECK(6, 0, 0)
+  const QPointF at = event->position();
+#else
+  const QPointF at = event->localPos();
+#endif
+  if (!handleRect().contains(at.toPoint()))
   {
     event->ignore();
     return;
@@ -92,9 +97,15 @@ void PropQSliderBox::mousePressEvent(QMouseEvent* event)
   // The style grabs its handle only where it would draw it, a band across the
   // middle; the flat handle is as tall as the slider. Only the position along
   // the slider matters to the drag, so the press is moved into the band.
-  const QPointF inBand(event->localPos().x(), styleHandleRect().center().y());
+  const QPointF inBand(at.x(), styleHandleRect().center().y());
+#if QT_VERSION >= QT_VERSION_CHECK(6, 0, 0)
+  // Qt 6 events name their pointing device; the moved press keeps the original's.
+  QMouseEvent press(event->type(), inBand, event->scenePosition(), event->globalPosition(), event->button(),
+                    event->buttons(), event->modifiers(), event->source(), event->pointingDevice());
+#else
   QMouseEvent press(event->type(), inBand, event->windowPos(), event->screenPos(), event->button(),
                     event->buttons(), event->modifiers(), event->source());
+#endif
   QSlider::mousePressEvent(&press);
   event->setAccepted(press.isAccepted());
 }

@@ -127,14 +127,16 @@ bool PropUiTypedNumber::bagReads(const QString& text, PropVariant& value, double
 bool PropUiTypedNumber::evaluateTyped(const QString& text, double& number)
 {
   QString expression = text;
-  const QChar group = m_locale.groupSeparator();
-  const QChar decimal = m_locale.decimalPoint();
+  // A QChar from Qt 5, a QString from Qt 6, where a separator may be longer than one character.
+  const QString group(m_locale.groupSeparator());
+  const QString decimal(m_locale.decimalPoint());
+  const QString point(QLatin1Char('.'));
   // "." is a decimal point in every locale here; a group separator other
   // than "." would be a guess between a thousand and a decimal.
-  if (group != QLatin1Char('.') && group != decimal && expression.contains(group))
+  if (!group.isEmpty() && group != point && group != decimal && expression.contains(group))
     return false;
-  if (decimal != QLatin1Char('.'))
-    expression.replace(decimal, QLatin1Char('.'));
+  if (!decimal.isEmpty() && decimal != point)
+    expression.replace(decimal, point);
   return evaluate(expression, number) && takes(number);
 }
 

@@ -118,7 +118,11 @@ bool PropUiQLayerDelegate::editorEvent(QEvent* event, QAbstractItemModel* model,
   if (item != m_cachedItem)
     loadActions(item, sub);
 
+#if QT_VERSION >= QT_VERSION_CHECK(6, 0, 0)
+  const QPointF local = static_cast<QMouseEvent*>(event)->position();
+#else
   const QPointF local = static_cast<QMouseEvent*>(event)->localPos();
+#endif
   const QPoint point(int(std::lround(local.x())), int(std::lround(local.y())));
   const int hit = m_actions.hitAction(option.rect, option.decorationSize, point);
   if (hit < 0)

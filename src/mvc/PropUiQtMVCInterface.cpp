@@ -11,7 +11,8 @@ bool PropUiQtMVCInterface::getPropData(const QModelIndex& index, int& item, unsi
   const QVariant subData = model->data(index, PropSubIndexRole);
   const QVariant isSubData = model->data(index, PropIsSubItemRole);
   // A host model that answers with other types speaks another protocol: refuse rather than guess.
-  if (itemData.type() != QVariant::Int || subData.type() != QVariant::ULongLong || isSubData.type() != QVariant::Bool)
+  if (itemData.userType() != QMetaType::Int || subData.userType() != QMetaType::ULongLong ||
+      isSubData.userType() != QMetaType::Bool)
     return false;
   item = itemData.toInt();
   sub = static_cast<unsigned long>(subData.toULongLong());

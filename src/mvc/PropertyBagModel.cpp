@@ -321,7 +321,7 @@ QVariant PropertyBagModel::Private::itemRowData(int item, int column, int role, 
     return role == Qt::DisplayRole ? QVariant(formatter->getText(item, value)) : formatter->getIcon(item, value);
   // Read back through the model, as a host that overrides the sub index role would have it.
   const QVariant sub = owner->data(index, PropSubIndexRole);
-  if (sub.type() != QVariant::ULongLong)
+  if (sub.userType() != QMetaType::ULongLong)
     return QVariant();
   const OdUInt64 s = sub.toULongLong();
   if (choice)

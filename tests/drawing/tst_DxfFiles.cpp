@@ -303,10 +303,10 @@ private Q_SLOTS:
                            "  0\nCIRCLE\n  8\nNowhere\n 10\n0.0\n 20\n0.0\n 40\n2.0\n"
                            "  0\nHATCH\n  8\nWalls\n"
                            "  0\nLINE\n 67\n1\n  8\nWalls\n 10\n0.0\n 20\n0.0\n 11\n1.0\n 21\n1.0\n"
-                           "  0\nTEXT\n  8\n0\n 10\n1.0\n 20\n2.0\n 40\n2.5\n  1\nNote\n  7\nCyr\n 41\n0.9\n 72\n4\n"
+                           "  0\nTEXT\n  8\n0\n 10\n1.0\n 20\n2.0\n 40\n2.5\n  1\nNot\xC3\xA9\n  7\nCyr\n 41\n0.9\n 72\n4\n"
                            " 11\n5.0\n 21\n6.0\n 73\n2\n"
                            "  0\nINSERT\n  8\n0\n 66\n1\n  2\nB\n 10\n0.0\n 20\n0.0\n"
-                           "  0\nATTRIB\n  8\n0\n 10\n0.0\n 20\n0.0\n 40\n1.0\n  1\nR1\n  2\nREF\n 70\n0\n"
+                           "  0\nATTRIB\n  8\n0\n 10\n0.0\n 20\n0.0\n 40\n1.0\n  1\n\xB0R1\n  2\nREF\n 70\n0\n"
                            "  0\nSEQEND\n  8\n0\n"
                            "  0\n3DFACE\n  8\n0\n 10\n0.0\n 20\n0.0\n"
                            "  0\nENDSEC\n  0\nEOF\n";
@@ -345,12 +345,14 @@ private Q_SLOTS:
     // AND a text's style and alignment, an insert's attributes, a kind the model does not know, in their places
     const DrawingEntity& text = document.entities()[4];
     QCOMPARE(text.style, QStringLiteral("Cyr"));
+    // a text in UTF-8 is read as such, one that is not (the attribute's) as Latin-1
+    QCOMPARE(text.text, QStringLiteral("Not\u00e9"));
     QCOMPARE(text.widthFactor, 0.9);
     QCOMPARE(text.horizontalAlignment * 10 + text.verticalAlignment, 42);
     QCOMPARE(text.points.at(1).y, 6.0);
     const DrawingEntity& insert = document.entities()[5];
     QCOMPARE(int(insert.details().attributes.size()), 1);
-    QCOMPARE(insert.details().attributes[0].blockName + insert.details().attributes[0].text, QStringLiteral("REFR1"));
+    QCOMPARE(insert.details().attributes[0].blockName + insert.details().attributes[0].text, QStringLiteral("REF\u00b0R1"));
     QCOMPARE(document.entities()[6].typeName, QStringLiteral("3DFACE"));
     // AND the header's numbers and the text styles
     QCOMPARE(document.headerReal(QStringLiteral("$LTSCALE"), 0.0), 2.5);

@@ -47,8 +47,8 @@ private slots:
     QStyleOptionViewItem option;
     option.rect = QRect(0, 0, 200, 20);
     const QPoint onPin = delegate.pinRect(option.rect).center();
-    QMouseEvent press(QEvent::MouseButtonPress, onPin, Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
-    QMouseEvent release(QEvent::MouseButtonRelease, onPin, Qt::LeftButton, Qt::NoButton, Qt::NoModifier);
+    QMouseEvent press(QEvent::MouseButtonPress, onPin, onPin, Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+    QMouseEvent release(QEvent::MouseButtonRelease, onPin, onPin, Qt::LeftButton, Qt::NoButton, Qt::NoModifier);
 
     QAbstractItemDelegate& base = delegate;
     QVERIFY(base.editorEvent(&press, &model, option, model.index(0, 0)));

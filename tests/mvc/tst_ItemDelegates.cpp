@@ -299,7 +299,8 @@ private slots:
 
     // The name cell of the same row has no icons: nothing runs there and it needs no room for them.
     const QModelIndex name = holder.model.index(0, 0);
-    QMouseEvent press(QEvent::MouseButtonPress, QPointF(190.4, 10), Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+    QMouseEvent press(QEvent::MouseButtonPress, QPointF(190.4, 10), QPointF(190.4, 10), Qt::LeftButton, Qt::LeftButton,
+                      Qt::NoModifier);
     QVERIFY(!delegate.editorEvent(&press, &holder.model, option, name));
     QVERIFY(bag.executed.isEmpty());
     QCOMPARE(delegate.sizeHint(option, name), QStyledItemDelegate().sizeHint(option, name));
