@@ -29,7 +29,7 @@ set(CPACK_DEBIAN_RUNTIME_PACKAGE_SHLIBDEPS ON)
 # A package built against 1.x runs on any later 1.x: the major is the compatibility promise.
 set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS ON)
 set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS_POLICY ">=")
-set(CPACK_DEBIAN_RUNTIME_DESCRIPTION "Property editors for CAD hosts, as a Qt 5 library (run-time)
+set(CPACK_DEBIAN_RUNTIME_DESCRIPTION "Property editors for CAD hosts, as a Qt ${PROPWIDGETS_QT_MAJOR} library (run-time)
 ${prop_about}
 
 This package holds the shared libraries PropWidgets, PropHost (the reference
@@ -42,8 +42,14 @@ set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SECTION libdevel)
 # PropWidgetsConfig.cmake looks for with find_dependency.
 set(CPACK_COMPONENT_DEVELOPMENT_DEPENDS runtime)
 set(CPACK_DEBIAN_ENABLE_COMPONENT_DEPENDS ON)
-set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS "qtbase5-dev (>= 5.15), libmuparser-dev (>= 2.3)")
-set(CPACK_DEBIAN_DEVELOPMENT_DESCRIPTION "Property editors for CAD hosts, as a Qt 5 library (development)
+# The Qt development package of the major the libraries were built with.
+if(PROPWIDGETS_QT_MAJOR EQUAL 6)
+  set(prop_qt_dev "qt6-base-dev (>= 6.4)")
+else()
+  set(prop_qt_dev "qtbase5-dev (>= 5.15)")
+endif()
+set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS "${prop_qt_dev}, libmuparser-dev (>= 2.3)")
+set(CPACK_DEBIAN_DEVELOPMENT_DESCRIPTION "Property editors for CAD hosts, as a Qt ${PROPWIDGETS_QT_MAJOR} library (development)
 ${prop_about}
 
 This package holds the headers, the libraries' link names and the CMake
