@@ -7,7 +7,6 @@
 #include "QHostLineEdit.h"
 #include "QHostMessageBalloon.h"
 #include "QHostMessageBoxOd.h"
-#include "QHostSpinBox.h"
 #include "QHostTextEdit.h"
 #include "QHostUiChoosers.h"
 #include <QAccessible>
@@ -33,13 +32,6 @@ bool showActive(QWidget& window)
   window.show();
   window.activateWindow();
   return QTest::qWaitForWindowActive(&window);
-}
-
-void wheelDown(QWidget* widget)
-{
-  QWheelEvent wheel(QPointF(5, 5), widget->mapToGlobal(QPoint(5, 5)), QPoint(), QPoint(0, -120), Qt::NoButton,
-                    Qt::NoModifier, Qt::NoScrollPhase, false);
-  QCoreApplication::sendEvent(widget, &wheel);
 }
 
 /** The colour the widget's background shows at its centre, where no caption is drawn. */
@@ -75,36 +67,11 @@ struct TwoFields
 
 } // namespace
 
-Q_DECLARE_METATYPE(host_qt_ui::QHostMessageBoxOd::Kind)
-
 class TestHostWidgets : public QObject
 {
   Q_OBJECT
 
 private slots:
-  void theWheelCanBeLeftToThePanel()
-  {
-    QWidget window;
-    host_qt_ui_core::QHostSpinBox spin(&window);
-    spin.setRange(0, 10);
-    spin.setValue(5);
-    host_qt_ui_core::QHostComboBox combo(&window);
-    combo.addItems({QStringLiteral("a"), QStringLiteral("b"), QStringLiteral("c")});
-    window.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&window));
-
-    spin.setFocus();
-    wheelDown(&spin);
-    QCOMPARE(spin.value(), 4); // the wheel works until it is disabled
-    spin.disableMouseWheel(true);
-    combo.disableMouseWheel(true);
-    wheelDown(&spin);
-    combo.setFocus();
-    wheelDown(&combo);
-    QCOMPARE(spin.value(), 4);
-    QCOMPARE(combo.currentIndex(), 0);
-  }
-
   void completingComboNeverInserts()
   {
     QWidget window;
@@ -225,7 +192,6 @@ private slots:
     HostQtStyleManager* style = hostGetQtStyleManager();
     QSignalSpy changed(style, &HostQtStyleManager::themeChanged);
     style->setTheme(0);
-    QCOMPARE(style->theme(), 0);
     QVERIFY(hostVisualManager()->isDarkTheme());
     QVERIFY(QApplication::palette().color(QPalette::Window).lightness() < 100);
     const unsigned int darkText = hostVisualManager()->textColor(0);
@@ -313,10 +279,10 @@ private slots:
   {
     QTest::addColumn<int>("theme");
     QTest::addColumn<bool>("tool");
-    QTest::newRow("dark, push button") << int(HostQtStyleManager::Dark) << false;
-    QTest::newRow("dark, tool button") << int(HostQtStyleManager::Dark) << true;
-    QTest::newRow("light, push button") << int(HostQtStyleManager::Light) << false;
-    QTest::newRow("light, tool button") << int(HostQtStyleManager::Light) << true;
+    for (int theme : {int(HostQtStyleManager::Dark), int(HostQtStyleManager::Light)})
+      for (bool tool : {false, true})
+        QTest::addRow("%s, %s", theme == HostQtStyleManager::Dark ? "dark" : "light", tool ? "tool button" : "push button")
+          << theme << tool;
   }
 
   // Measured on what is drawn, so the base style's gradient and frame count.
@@ -343,28 +309,16 @@ private slots:
                                        HostQtStyle::checkedButtonColor(palette)) >= HostQtStyle::kCheckedContrast);
   }
 
-  void aRefusalIsABalloonAtTheField_data()
+  // An error closed by a key is tst_LineEdit's refused radius; a note, and where the balloon hangs, are checked here.
+  void aNoteIsABalloonAtTheFieldThatAClickCloses()
   {
-    QTest::addColumn<host_qt_ui::QHostMessageBoxOd::Kind>("kind");
-    QTest::addColumn<bool>("byClick");
-    QTest::newRow("error, closed by a key") << host_qt_ui::QHostMessageBoxOd::Critical << false;
-    QTest::newRow("note, closed by a click") << host_qt_ui::QHostMessageBoxOd::Information << true;
-  }
-
-  void aRefusalIsABalloonAtTheField()
-  {
-    QFETCH(host_qt_ui::QHostMessageBoxOd::Kind, kind);
-    QFETCH(bool, byClick);
     TwoFields fields;
     QVERIFY(fields.showWithFocusInFirst());
 
-    // WHEN the host is told of a refusal while the first field has the focus
-    const OdString message = toOdString(QStringLiteral("Radius must be positive."));
-    const int answer = kind == host_qt_ui::QHostMessageBoxOd::Critical
-                         ? host_qt_ui::QHostMessageBoxOd::critical(message)
-                         : host_qt_ui::QHostMessageBoxOd::information(message);
+    // WHEN the host is told something while the first field has the focus
+    const int answer = host_qt_ui::QHostMessageBoxOd::information(toOdString(QStringLiteral("Radius must be positive.")));
 
-    // THEN a balloon hangs at that field, and the focus stays in it
+    // THEN a balloon hangs below that field, and the focus stays in it
     QCOMPARE(answer, int(host_qt_ui::QHostMessageBoxOd::Ok));
     QPointer<host_qt_ui::QHostMessageBalloon> balloon = host_qt_ui::QHostMessageBalloon::current();
     QVERIFY(balloon);
@@ -379,14 +333,10 @@ private slots:
     QVERIFY(fields.first->hasFocus());
     QCOMPARE(QApplication::activeWindow(), &fields.window);
 
-    // WHEN the user goes on typing or clicks, THEN the balloon goes, and what the user did still happens
-    if (byClick)
-      QTest::mouseClick(fields.first, Qt::LeftButton, Qt::NoModifier, QPoint(5, 5));
-    else
-      QTest::keyClick(fields.first, Qt::Key_A);
+    // WHEN the user clicks into the field, THEN the balloon goes and the field keeps the focus
+    QTest::mouseClick(fields.first, Qt::LeftButton, Qt::NoModifier, QPoint(5, 5));
     QTRY_VERIFY(!balloon);
     QVERIFY(fields.first->hasFocus());
-    QCOMPARE(fields.first->text(), byClick ? QString() : QStringLiteral("a"));
   }
 
   void aBalloonGoesWithItsFieldAndOneAtATime()
