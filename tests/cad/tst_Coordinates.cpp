@@ -23,29 +23,21 @@ int addPoints(RecordingBag& bag, int stride, int groups)
   return item;
 }
 
-/** What a coordinate control of either form shows, axis by axis. */
+/** What a coordinate control of any form shows, axis by axis. */
 struct Shown
 {
   QList<unsigned long> elements;
   QStringList texts;
 };
 
-typedef PropUiQMLineEdit<PropUiQDistanceCtrl> Rows;
-
-PropUiQDistanceCtrl* axisOf(const PropUiQCoords2d& control, int a) { return control.axis(a); }
-PropUiQDistanceCtrl* axisOf(const PropUiQCoords3d& control, int a) { return control.axis(a); }
-PropUiQDistanceCtrl* axisOf(const Rows& control, int a) { return control.row(a); }
-
-template <class Control>
-Shown shownBy(const Control& control, int axes)
+Shown shownBy(PropUiQControl* control)
 {
   Shown shown;
-  for (int a = 0; a < axes; ++a)
-    if (PropUiQDistanceCtrl* child = axisOf(control, a))
-    {
-      shown.elements << child->element();
-      shown.texts << child->lineEdit()->text();
-    }
+  for (PropUiQDistanceCtrl* axis : control->findChildren<PropUiQDistanceCtrl*>())
+  {
+    shown.elements << axis->element();
+    shown.texts << axis->lineEdit()->text();
+  }
   return shown;
 }
 
@@ -61,20 +53,11 @@ PropUiQControl* makeForm(const QString& form, RecordingBag& bag, int item)
       bag.item(item).elements.append(static_cast<unsigned long>(i));
       bag.item(item).elementCaptions.append(captions.value(i));
     }
-    return boundControl<Rows>(bag, item);
+    return boundControl<PropUiQMLineEdit<PropUiQDistanceCtrl> >(bag, item);
   }
   if (form == QLatin1String("2d"))
     return boundControl<PropUiQCoords2d>(bag, item);
   return boundControl<PropUiQCoords3d>(bag, item, form == QLatin1String("3d two axes") ? PropUiOption::kTwoAxes : 0);
-}
-
-Shown shownByForm(const QString& form, PropUiQControl* control)
-{
-  if (form == QLatin1String("rows"))
-    return shownBy(*static_cast<Rows*>(control), static_cast<Rows*>(control)->rowCount());
-  if (form == QLatin1String("2d"))
-    return shownBy(*static_cast<PropUiQCoords2d*>(control), 2);
-  return shownBy(*static_cast<PropUiQCoords3d*>(control), 3);
 }
 
 host_qt_ui_core::QHostSpinBox* spinBoxOf(PropUiQControl* control)
@@ -124,7 +107,7 @@ private slots:
 
     bag.clearCalls();
     spinBox->setValue(group);
-    const Shown shown = shownByForm(form, control.data());
+    const Shown shown = shownBy(control.data());
     QCOMPARE(shown.elements, elements);
     QStringList texts;
     for (unsigned long e : elements)
@@ -137,7 +120,7 @@ private slots:
     // Past the last group comes the first again.
     spinBox->setValue(5);
     spinBox->stepUp();
-    QCOMPARE(shownByForm(form, control.data()).elements.first(), 0ul);
+    QCOMPARE(shownBy(control.data()).elements.first(), 0ul);
   }
 
   void anElementEditWritesItsElementOnly_data()
@@ -205,8 +188,7 @@ private slots:
     bag.item(item).reactor = &reactor;
     bag.item(item).type = &type;
     QScopedPointer<PropUiQControl> control(makeForm(QStringLiteral("rows"), bag, item));
-    host_qt_ui_core::QHostSpinBox* spinBox = static_cast<Rows*>(control.data())->groupSpinBox();
-    QCOMPARE(spinBox, spinBoxOf(control.data()));
+    host_qt_ui_core::QHostSpinBox* spinBox = spinBoxOf(control.data());
     spinBox->setValue(3);
     reactor.focus.clear();
     QFocusEvent in(QEvent::FocusIn, Qt::TabFocusReason);
@@ -232,7 +214,7 @@ private slots:
     spinBoxOf(control.data())->setValue(4);
     control->updateData();
     QVERIFY(!bag.called(QStringLiteral("setElementValue")) && !bag.called(QStringLiteral("setValue")));
-    QCOMPARE(shownByForm(QStringLiteral("3d"), control.data()).elements, (QList<unsigned long>{9, 10, 11}));
+    QCOMPARE(shownBy(control.data()).elements, (QList<unsigned long>{9, 10, 11}));
   }
 
   void onlyThe3dCompositeShowsActions()
