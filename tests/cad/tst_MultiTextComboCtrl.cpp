@@ -68,8 +68,6 @@ private slots:
     const int item = addSnaps(bag, value, asNames);
     QScopedPointer<PropUiQMultiTextComboCtrl> combo(boundControl<PropUiQMultiTextComboCtrl>(bag, item));
     QCOMPARE(combo->isVaries() ? QStringLiteral("*varies*") : combo->summary(), summary);
-    QCOMPARE(combo->comboBox()->count(), 3);
-    QCOMPARE(combo->comboBox()->accessibleName(), QStringLiteral("Object snaps"));
 
     // Closing the popup with nothing changed writes nothing.
     bag.clearCalls();

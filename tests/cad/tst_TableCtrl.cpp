@@ -50,38 +50,33 @@ class TestTableCtrl : public QObject
   Q_OBJECT
 
 private slots:
+  // A refresh hands the view new labels only: labels that changed, or came or went, must show.
   void cellsAndLabelsFromTheBag()
   {
     RecordingBag bag;
     const int item = addTitleBlock(bag);
     QScopedPointer<PropUiQTableCtrl> table(boundControl<PropUiQTableCtrl>(bag, item));
-    QAbstractItemModelTester tester(table->tableModel(), QAbstractItemModelTester::FailureReportingMode::QtTest);
-    QCOMPARE(table->tableModel()->rowCount(), 2);
+    PropUiQStringTableModel* model = table->tableModel();
+    QAbstractItemModelTester tester(model, QAbstractItemModelTester::FailureReportingMode::QtTest);
+    QSignalSpy announced(model, &QAbstractItemModel::headerDataChanged);
+    QCOMPARE(model->rowCount(), 2);
     QCOMPARE(shown(*table), (QStringList{"Title", "Plan", "Scale", "1:50"}));
-    QCOMPARE(table->tableModel()->headerData(1, Qt::Horizontal).toString(), QStringLiteral("Value"));
-    QVERIFY(!table->tableModel()->headerData(0, Qt::Vertical).isValid());
+    QCOMPARE(model->headerData(1, Qt::Horizontal).toString(), QStringLiteral("Value"));
+    QVERIFY(!model->headerData(0, Qt::Vertical).isValid());
     QVERIFY(table->tableView()->editTriggers() != QAbstractItemView::NoEditTriggers);
-  }
 
-  // A refresh hands the view new labels only: labels that changed, or came or went, must show.
-  void aRefreshShowsChangedLabels()
-  {
-    RecordingBag bag;
-    const int item = addTitleBlock(bag);
-    QScopedPointer<PropUiQTableCtrl> table(boundControl<PropUiQTableCtrl>(bag, item));
-    QSignalSpy announced(table->tableModel(), &QAbstractItemModel::headerDataChanged);
-
-    bag.item(item).elementValues[PropUiQTableCtrl::kColumnLabelsElement] = textsValue({QStringLiteral("Key"), QStringLiteral("Text")});
-    bag.item(item).elementValues[PropUiQTableCtrl::kRowLabelsElement] = textsValue({QStringLiteral("1"), QStringLiteral("2")});
+    RecordingBag::Item& it = bag.item(item);
+    it.elementValues[PropUiQTableCtrl::kColumnLabelsElement] = textsValue({QStringLiteral("Key"), QStringLiteral("Text")});
+    it.elementValues[PropUiQTableCtrl::kRowLabelsElement] = textsValue({QStringLiteral("1"), QStringLiteral("2")});
     table->updateData();
-    QCOMPARE(table->tableModel()->headerData(1, Qt::Horizontal).toString(), QStringLiteral("Text"));
-    QCOMPARE(table->tableModel()->headerData(1, Qt::Vertical).toString(), QStringLiteral("2"));
+    QCOMPARE(model->headerData(1, Qt::Horizontal).toString(), QStringLiteral("Text"));
+    QCOMPARE(model->headerData(1, Qt::Vertical).toString(), QStringLiteral("2"));
     QVERIFY(!announced.isEmpty());
 
-    bag.item(item).elementValues.remove(PropUiQTableCtrl::kRowLabelsElement);
+    it.elementValues.remove(PropUiQTableCtrl::kRowLabelsElement);
     table->updateData();
-    QVERIFY(!table->tableModel()->headerData(0, Qt::Vertical).isValid());
-    QCOMPARE(table->tableModel()->headerData(0, Qt::Horizontal).toString(), QStringLiteral("Key"));
+    QVERIFY(!model->headerData(0, Qt::Vertical).isValid());
+    QCOMPARE(model->headerData(0, Qt::Horizontal).toString(), QStringLiteral("Key"));
   }
 
   void shapes_data()
