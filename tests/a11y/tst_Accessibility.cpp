@@ -209,20 +209,17 @@ private slots:
     auto* layout = new QHBoxLayout(&panel);
     auto* caption = new PropUiQLabel;
     caption->setPropBagItem(&bag, sameItem ? item : other);
-    PropUiQWidget* control = nullptr;
-    if (captionFirst)
-    {
+    const auto setUpCaption = [&] {
       caption->setParent(&panel);
       caption->setupUi();
-    }
-    control = boundKind(guid, bag, item);
+    };
+    if (captionFirst)
+      setUpCaption();
+    PropUiQWidget* control = boundKind(guid, bag, item);
     QVERIFY(control);
     control->setParent(&panel);
     if (!captionFirst)
-    {
-      caption->setParent(&panel);
-      caption->setupUi();
-    }
+      setUpCaption();
     layout->addWidget(caption);
     layout->addWidget(control);
     LayoutRequests requests;
