@@ -1,5 +1,6 @@
 #include "OdStringQt.h"
 #include "PropUiVariantConverter_p.h"
+#include "TestValues.h"
 #include <QDate>
 #include <QtTest>
 
@@ -58,7 +59,7 @@ private slots:
     QTest::newRow("uint64 array") << typedArray(&OdVariant::setUInt64Array, arrayOf<OdUInt64Array>({OdUInt64(9)}),
                                                 PropVariant::kUInt64 | PropVariant::kArray)
                                   << QVariant(QVariantList{qulonglong(9)});
-    QTest::newRow("string array") << PropVariant(v.setStringArray(arrayOf<OdStringArray>({OdString(L"A"), OdString(L"B")})))
+    QTest::newRow("string array") << textsValue({QStringLiteral("A"), QStringLiteral("B")})
                                   << QVariant(QStringList{QStringLiteral("A"), QStringLiteral("B")});
   }
 
@@ -77,10 +78,7 @@ private slots:
   void withoutAQtForm_data()
   {
     QTest::addColumn<PropVariant>("prop");
-    PropVariant varies;
-    varies.setDouble(1);
-    varies.setVaries();
-    QTest::newRow("varies flag") << varies;
+    QTest::newRow("varies flag") << realValue(1, true);
     PropVariant noData;
     noData.setInt32(3);
     noData.setType(PropVariant::kInt32 | PropVariant::kNoData);
