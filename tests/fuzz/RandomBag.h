@@ -124,11 +124,14 @@ public:
   typedef unsigned long Key;
 
   int getItemCount() override { return int(answer("getItemCount", m_dice.integer())); }
-  PropItemType* getItemType(int) override { return call("getItemType") && m_dice.chance(0.7) ? &m_type : nullptr; }
-  bool isEditable(int, unsigned long) override { return call("isEditable") && m_dice.chance(0.8); }
+  PropItemType* getItemType(int index) override
+  {
+    return call("getItemType", index) && m_dice.chance(0.7) ? &m_type : nullptr;
+  }
+  bool isEditable(int index, unsigned long) override { return call("isEditable", index) && m_dice.chance(0.8); }
   bool getName(int, OdString& name) override { return someText("getName", name); }
   bool getDescription(int, OdString& description) override { return someText("getDescription", description); }
-  unsigned int getFlags(int) override { return unsigned(answer("getFlags", flags())); }
+  unsigned int getFlags(int index) override { return call("getFlags", index) ? flags() : 0; }
   OdGUID getControlGuid(int) override
   {
     call("getControlGuid");
@@ -151,9 +154,12 @@ public:
     max = value();
     return m_dice.chance(0.7);
   }
-  bool formatValue(int, unsigned long, const PropVariant&, OdString& text) override { return someText("formatValue", text); }
+  bool formatValue(int index, unsigned long element, const PropVariant&, OdString& text) override
+  {
+    return someText("formatValue", text, index, element);
+  }
   bool parseValue(int, unsigned long, const OdString&, PropVariant& parsed) override { return someValue("parseValue", parsed); }
-  bool getValue(int, PropVariant& read) override { return someValue("getValue", read); }
+  bool getValue(int index, PropVariant& read) override { return someValue("getValue", read, index); }
   bool setValue(int, const PropVariant&) override { return write("setValue"); }
   unsigned int getActions(int, unsigned long, PropActionArray& actions) override
   {
@@ -173,16 +179,19 @@ public:
       action->name(); // a freed action fails here under AddressSanitizer
     return m_dice.chance(0.5);
   }
-  bool getValueList(int, OdStringArray& names, PropKeyArray& keys) override
+  bool getValueList(int index, OdStringArray& names, PropKeyArray& keys) override
   {
     names.clear();
     keys.clear();
-    if (!call("getValueList"))
+    if (!call("getValueList", index))
       return false;
     pairedLists(12, [&](int) { names.append(toOdString(m_dice.text())); }, [&](int i) { keys.append(someKey(i)); });
     return m_dice.chance(0.8);
   }
-  bool getListValue(int, unsigned long, PropVariant& listed) override { return someValue("getListValue", listed); }
+  bool getListValue(int index, unsigned long key, PropVariant& listed) override
+  {
+    return someValue("getListValue", listed, index, key);
+  }
   bool getIcon(int, unsigned long, OdSharedPtr<PropIcon>& icon) override
   {
     if (!call("getIcon") || m_dice.chance(0.5))
@@ -190,7 +199,7 @@ public:
     icon = OdSharedPtr<PropIcon>(m_dice.chance(0.8) ? new PropUiQIcon(QIcon()) : nullptr);
     return true;
   }
-  bool getListText(int, const PropVariant&, OdString& text) override { return someText("getListText", text); }
+  bool getListText(int index, const PropVariant&, OdString& text) override { return someText("getListText", text, index); }
   unsigned int getElements(int, PropKeyArray& elements, OdStringArray& captions) override
   {
     elements.clear();
@@ -200,7 +209,10 @@ public:
     pairedLists(10, [&](int i) { elements.append(someKey(i)); }, [&](int) { captions.append(toOdString(m_dice.text())); });
     return m_dice.chance(0.7) ? elements.size() : unsigned(m_dice.integer());
   }
-  bool getElementValue(int, unsigned long, PropVariant& read) override { return someValue("getElementValue", read); }
+  bool getElementValue(int index, unsigned long element, PropVariant& read) override
+  {
+    return someValue("getElementValue", read, index, element);
+  }
   bool setElementValue(int, unsigned long, const PropVariant&) override { return write("setElementValue"); }
   int getElementCount(int) override { return int(answer("getElementCount", m_dice.integer())); }
   int getGroupCount(int) override { return int(answer("getGroupCount", m_dice.integer())); }
@@ -299,6 +311,8 @@ public:
 
 
 protected:
+  /** Told of every question before it is answered, with the item and element or key it is about. */
+  virtual void asking(const char*, int, unsigned long) {}
   /** Starts the answers anew from a seed: a bag whose answers follow from what is asked. */
   void reseed(unsigned int seed) { m_dice = Dice(seed); }
 
@@ -350,23 +364,24 @@ private:
   };
 
   /** Notes a call and answers whether the bag says anything at all. */
-  bool call(const char* what)
+  bool call(const char* what, int index = 0, unsigned long element = 0)
   {
+    asking(what, index, element);
     if (retired)
       faults << QStringLiteral("%1 called while the control is being destroyed").arg(QLatin1String(what));
     return m_dice.chance(0.9);
   }
   long long answer(const char* what, long long random) { return call(what) ? random : 0; }
-  bool someText(const char* what, OdString& text)
+  bool someText(const char* what, OdString& text, int index = 0, unsigned long element = 0)
   {
-    if (!call(what))
+    if (!call(what, index, element))
       return false;
     text = toOdString(m_dice.text());
     return m_dice.chance(0.8);
   }
-  bool someValue(const char* what, PropVariant& v)
+  bool someValue(const char* what, PropVariant& v, int index = 0, unsigned long element = 0)
   {
-    if (!call(what))
+    if (!call(what, index, element))
       return false;
     v = value();
     return m_dice.chance(0.85);

@@ -14,6 +14,7 @@
 #include <QPointer>
 #include <QVBoxLayout>
 #include <QtTest>
+#include <algorithm>
 #include <functional>
 #include <memory>
 
@@ -244,14 +245,10 @@ private:
 
   void deletePanel()
   {
-    if (!m_panel)
-      return;
-    if (m_dice.chance(0.5))
-    {
+    if (m_panel && m_dice.chance(0.5))
       m_panel->deleteLater();
-      return;
-    }
-    destroyNow(m_panel);
+    else
+      destroyNow(m_panel);
   }
 
   // User operations. Whatever they cause must not throw.
@@ -390,13 +387,11 @@ private:
   /** A deferred delete starts the destruction: from then on the bag must not hear from the control. */
   bool eventFilter(QObject* watched, QEvent* event) override
   {
-    if (event->type() == QEvent::DeferredDelete)
+    auto* widget = qobject_cast<QWidget*>(watched);
+    if (event->type() == QEvent::DeferredDelete && widget)
     {
-      if (auto* widget = qobject_cast<QWidget*>(watched))
-      {
-        spareFocus(widget);
-        retireWithin(widget);
-      }
+      spareFocus(widget);
+      retireWithin(widget);
     }
     return false;
   }
@@ -462,9 +457,7 @@ private:
     for (Bound& b : m_bound)
       if (b.control)
         alive.push_back(&b);
-    if (alive.empty())
-      return nullptr;
-    return m_dice.pick(alive);
+    return alive.empty() ? nullptr : m_dice.pick(alive);
   }
 
   /** A control or any of its parts, of the given kind. */
@@ -521,16 +514,10 @@ private:
   /** Frees the bags of destroyed controls: a control that still calls one is caught by AddressSanitizer. */
   void forgetDestroyed()
   {
-    for (auto it = m_bound.begin(); it != m_bound.end();)
-    {
-      if (it->control)
-      {
-        ++it;
-        continue;
-      }
-      m_faults += it->bag->faults;
-      it = m_bound.erase(it);
-    }
+    for (const Bound& b : m_bound)
+      if (!b.control)
+        m_faults += b.bag->faults;
+    m_bound.erase(std::remove_if(m_bound.begin(), m_bound.end(), [](const Bound& b) { return !b.control; }), m_bound.end());
   }
 
   QString describe(QWidget* widget) const

@@ -20,9 +20,9 @@
 namespace
 {
 
-QImage imageOf(const QVariant& icon)
+QImage imageOf(const QVariant& icon, const QSize& size = QSize(40, 16))
 {
-  return icon.value<QIcon>().pixmap(QSize(40, 16)).toImage();
+  return icon.value<QIcon>().pixmap(size).toImage();
 }
 
 OdCmColor aci(int index)
@@ -140,11 +140,6 @@ struct Drawing
   PropVariant unlisted;
 };
 
-QImage imageAt(const QIcon& icon, const QSize& size)
-{
-  return icon.pixmap(size).toImage();
-}
-
 /**
  * Whether the picture, as held for the shot's pixel ratio, is somewhere inside
  * the area of the shot pixel for pixel: drawn from a picture for another
@@ -239,10 +234,10 @@ private slots:
     QCOMPARE(cell.data().toString(), text);
     QCOMPARE(controlText, text);
     const QSize size = combo->iconSize();
-    QCOMPARE(imageAt(cellPicture, size), imageAt(controlPicture, size));
+    QCOMPARE(imageOf(cellPicture, size), imageOf(controlPicture, size));
     QCOMPARE(cellPicture.isNull(), c == Varies || (c == Unlisted && kind != Colour));
     if (!(standsFor == PropVariant()))
-      QCOMPARE(imageAt(cellPicture, size), imageAt(grid.model->index(1, 1).data(Qt::DecorationRole).value<QIcon>(), size));
+      QCOMPARE(imageOf(cellPicture, size), imageOf(grid.model->index(1, 1).data(Qt::DecorationRole), size));
 
     view.resize(400, 120);
     view.header()->resizeSection(0, 100);
