@@ -114,41 +114,34 @@ class TestActions : public QObject
   RunningModule module;
 
 private slots:
-  void mirrorCopiesTheActionAndResetsForNull()
-  {
-    TestAction toggle(QStringLiteral("Lock"), false);
-    toggle.isCheckable = true;
-    toggle.isChecked = true;
-    toggle.iconToGive = QIcon(QPixmap(8, 8));
-    PropUiQAction mirror(nullptr);
-    mirror.setPropAction(&toggle);
-    QCOMPARE(mirror.iconText(), QStringLiteral("Lock"));
-    QVERIFY(mirror.isCheckable() && mirror.isChecked() && !mirror.isEnabled());
-    QVERIFY(!mirror.icon().isNull());
-
-    mirror.setPropAction(nullptr);
-    QVERIFY(!mirror.isCheckable() && !mirror.isChecked() && mirror.isEnabled());
-    QVERIFY(mirror.icon().isNull());
-    QVERIFY(mirror.iconText().isEmpty());
-  }
-
-  void missingPicturesFallBackToTheThemedButton_data()
+  void mirrorCopiesTheActionOrFallsBackToTheThemedButton_data()
   {
     QTest::addColumn<int>("theme");
     QTest::newRow("dark") << 0;
     QTest::newRow("light") << 1;
   }
 
-  void missingPicturesFallBackToTheThemedButton()
+  void mirrorCopiesTheActionOrFallsBackToTheThemedButton()
   {
     QFETCH(int, theme);
     hostGetQtStyleManager()->setTheme(theme);
-    TestAction plain; // every default: no caption, no picture
+    TestAction toggle(QStringLiteral("Lock"), false);
+    toggle.isCheckable = true;
+    toggle.isChecked = true;
+    toggle.iconToGive = QIcon(QPixmap::fromImage(drawnIcon()));
     PropUiQAction mirror(nullptr);
+    mirror.setPropAction(&toggle);
+    QCOMPARE(mirror.iconText(), QStringLiteral("Lock"));
+    QVERIFY(mirror.isCheckable() && mirror.isChecked() && !mirror.isEnabled());
+    QCOMPARE(pictureOf(mirror.icon()), drawnIcon());
+    mirror.setPropAction(nullptr);
+    QVERIFY(!mirror.isCheckable() && !mirror.isChecked() && mirror.isEnabled());
+    QVERIFY(mirror.icon().isNull() && mirror.iconText().isEmpty());
+
+    TestAction plain; // every default: no caption, no picture
     mirror.setPropAction(&plain);
     QVERIFY(mirror.isEnabled() && !mirror.isCheckable());
     QVERIFY(mirror.iconText().isEmpty());
-    QVERIFY(!mirror.icon().isNull());
     QCOMPARE(pictureOf(mirror.icon()), pictureOf(propUiGetIcon(QStringLiteral("default_button"))));
 
     // A placeholder's picture is present but empty: a blank, disabled button.
@@ -168,15 +161,9 @@ private slots:
     QFETCH(bool, push);
     RecordingBag bag;
     const int item = addActions(bag, 3);
-    QScopedPointer<PropUiActionButtonGroupCtrl> row(push ? static_cast<PropUiActionButtonGroupCtrl*>(new PropUiActionPushButtonsCtrl)
-                                                         : new PropUiActionToolButtonsCtrl);
-    row->setPropBagItem(&bag, item);
-    QVERIFY(row->setupUi());
-    row->updateData();
+    QScopedPointer<PropUiActionButtonGroupCtrl> row(actionRow(push, bag, item));
     QButtonGroup* group = row->findChild<QButtonGroup*>();
     QCOMPARE(group->buttons().size(), 3);
-    for (int i = 0; i < 3; ++i)
-      QCOMPARE(group->id(group->buttons()[i]), i);
 
     QTest::mouseClick(group->buttons()[1], Qt::LeftButton);
     QCOMPARE(bag.executed.size(), 1);
@@ -201,7 +188,7 @@ private slots:
     empty->updateData();
     QCOMPARE(empty->focusPolicy(), Qt::StrongFocus);
     // The option for a field's own toolbar keeps the buttons out of the Tab chain.
-    QScopedPointer<PropUiActionButtonGroupCtrl> inert(actionRow(push, bag, item, 0x1000000));
+    QScopedPointer<PropUiActionButtonGroupCtrl> inert(actionRow(push, bag, item, PropUiOption::kNoFocusButtons));
     for (QAbstractButton* button : buttonsOf(*inert))
       QCOMPARE(button->focusPolicy(), Qt::NoFocus);
   }
@@ -215,11 +202,7 @@ private slots:
     const int item = addActions(bag, 2);
     bag.item(item).flags = PropItemFlag::kHasActions;
     bag.item(item).value = textValue(QStringLiteral("before"));
-    auto* field = new PropUiQTextCtrl;
-    field->setPropBagItem(&bag, item);
-    field->setupUi();
-    field->updateUi();
-    field->updateData();
+    auto* field = boundControl<PropUiQTextCtrl>(bag, item);
     ControlWindow window(field);
     QVERIFY(window.showActive());
     auto* edit = field->findChild<QLineEdit*>();

@@ -26,12 +26,8 @@ private slots:
     bag.item(item).listNames = QStringList{QStringLiteral("Protect from edits")};
     QScopedPointer<PropUiQTextCheckBox> textBox(boundControl<PropUiQTextCheckBox>(bag, item));
     QCOMPARE(textBox->checkBox()->text(), QStringLiteral("Protect from edits"));
-    bag.item(item).value = boolValue(true, true);
-    textBox->updateData();
-    QCOMPARE(textBox->checkBox()->text(), QStringLiteral("*varies*"));
 
     // Two listed texts leave the caption as it is.
-    bag.item(item).value = boolValue(false);
     bag.item(item).listNames = QStringList{QStringLiteral("a"), QStringLiteral("b")};
     QScopedPointer<PropUiQTextSwitchBox> textSwitch(boundControl<PropUiQTextSwitchBox>(bag, item));
     QVERIFY(textSwitch->checkBox()->isSwitchMode());

@@ -108,7 +108,7 @@ private slots:
       QTest::keyClick(edit, Qt::Key_Return);
     if (!possible)
     {
-        QCOMPARE(edit->date(), QDate(2021, 3, 5));
+      QCOMPARE(edit->date(), QDate(2021, 3, 5));
       QVERIFY(!bag.called(QStringLiteral("setValue")));
       QTRY_COMPARE(messages.shown.size(), 1);
       QVERIFY(messages.shown[0].text.contains(kept));

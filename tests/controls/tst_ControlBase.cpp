@@ -145,9 +145,6 @@ private slots:
     bag.addItem(QStringLiteral("Width"));
     bag.addItem(QStringLiteral("Vertices"));
     PropUiQControl control;
-    QVERIFY(control.getFormatter());
-    QCOMPARE(control.getFormatter()->parent(), &control);
-
     control.setPropBagItem(&bag, 1, 4);
     QVERIFY(control.isPropertyElement());
     QCOMPARE(control.element(), 4ul);
@@ -179,7 +176,7 @@ private slots:
     PropUiActionToolButtonsCtrl* toolbar = control.createActionsToolBar();
     QVERIFY(toolbar);
     QCOMPARE(toolbar->parentWidget(), &control);
-    QCOMPARE(toolbar->getOptions(), 0x1000000);
+    QCOMPARE(toolbar->getOptions(), PropUiOption::kNoFocusButtons);
     QVERIFY(toolbar->isPropertyElement()); // always the element form, with the stored element
     QCOMPARE(toolbar->element(), 0ul);
     QPointer<PropUiActionToolButtonsCtrl> first = toolbar;
@@ -235,7 +232,6 @@ private slots:
     QTRY_COMPARE(messages.shown.size(), 1);
     QCOMPARE(int(messages.shown[0].kind), kind);
     QCOMPARE(messages.shown[0].text, QStringLiteral("Radius must be positive"));
-    QCOMPARE(messages.shown[0].buttons, 0x400);
     QCoreApplication::processEvents();
     QCOMPARE(messages.shown.size(), 1);
   }

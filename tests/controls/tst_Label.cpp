@@ -26,53 +26,26 @@ private slots:
   }
 
   // Elided, a caption shows its start at the left; whole again, it goes back to the host's side.
+  // A caption narrowed while out of sight is fitted once it comes into view.
   void narrowCaptionsAreElidedAndRestored_data()
   {
     QTest::addColumn<int>("mode");
     QTest::addColumn<int>("alignment");
-    QTest::newRow("host aligns right") << int(HostApplication::kLabelsRight) << int(Qt::AlignRight | Qt::AlignVCenter);
-    QTest::newRow("host aligns left") << int(HostApplication::kLabelsLeft) << int(Qt::AlignLeft | Qt::AlignVCenter);
+    QTest::addColumn<QString>("away");
+    const int right = int(Qt::AlignRight | Qt::AlignVCenter);
+    QTest::newRow("host aligns right") << int(HostApplication::kLabelsRight) << right << QString();
+    QTest::newRow("host aligns left") << int(HostApplication::kLabelsLeft) << int(Qt::AlignLeft | Qt::AlignVCenter)
+                                      << QString();
+    QTest::newRow("narrowed hidden") << int(HostApplication::kLabelsRight) << right << QStringLiteral("hidden");
+    QTest::newRow("narrowed scrolled away") << int(HostApplication::kLabelsRight) << right << QStringLiteral("scrolled");
   }
 
   void narrowCaptionsAreElidedAndRestored()
   {
     QFETCH(int, mode);
     QFETCH(int, alignment);
+    QFETCH(QString, away);
     hostApplication()->setLabelAlignment(mode);
-    RecordingBag bag;
-    const int item = bag.addItem(QStringLiteral("Extrusion thickness of the outline"));
-    PropUiQLabel label;
-    label.setPropBagItem(&bag, item);
-    label.setupUi();
-    auto* inner = label.findChild<QLabel*>();
-    label.resize(400, 30);
-    label.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&label));
-    QCOMPARE(inner->text(), label.text());
-    QCOMPARE(int(inner->alignment()), alignment);
-
-    label.resize(80, 30);
-    QTRY_VERIFY(inner->text().endsWith(QChar(0x2026)));
-    QVERIFY(label.text().startsWith(inner->text().chopped(1)));
-    QCOMPARE(int(inner->alignment()), int(Qt::AlignLeft | Qt::AlignVCenter));
-
-    label.resize(400, 30);
-    QTRY_COMPARE(inner->text(), label.text());
-    QCOMPARE(int(inner->alignment()), alignment);
-    hostApplication()->setLabelAlignment(HostApplication::kLabelsRight);
-  }
-
-  // A caption narrowed while out of sight is fitted once it comes into view.
-  void captionNarrowedOutOfSightIsElidedWhenSeen_data()
-  {
-    QTest::addColumn<bool>("hidden");
-    QTest::newRow("hidden") << true;
-    QTest::newRow("scrolled away") << false;
-  }
-
-  void captionNarrowedOutOfSightIsElidedWhenSeen()
-  {
-    QFETCH(bool, hidden);
     RecordingBag bag;
     const int item = bag.addItem(QStringLiteral("Extrusion thickness of the outline"));
     QWidget window;
@@ -85,19 +58,24 @@ private slots:
     window.show();
     QVERIFY(QTest::qWaitForWindowExposed(&window));
     QCOMPARE(inner->text(), label->text());
+    QCOMPARE(int(inner->alignment()), alignment);
 
-    if (hidden)
+    if (away == QLatin1String("hidden"))
       label->hide();
-    else
+    else if (away == QLatin1String("scrolled"))
       label->move(0, 500);
     label->resize(80, 30);
     QCoreApplication::processEvents();
-    if (hidden)
-      label->show();
-    else
-      label->move(0, 0);
+    label->show();
+    label->move(0, 0);
     QTRY_VERIFY(inner->text().endsWith(QChar(0x2026)));
     QVERIFY(label->text().startsWith(inner->text().chopped(1)));
+    QCOMPARE(int(inner->alignment()), int(Qt::AlignLeft | Qt::AlignVCenter));
+
+    label->resize(400, 30);
+    QTRY_COMPARE(inner->text(), label->text());
+    QCOMPARE(int(inner->alignment()), alignment);
+    hostApplication()->setLabelAlignment(HostApplication::kLabelsRight);
   }
 };
 

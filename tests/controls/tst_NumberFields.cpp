@@ -7,11 +7,9 @@
 #include "MessageCatcher.h"
 #include "PropGrid.h"
 #include "PropUiGuids.h"
-#include "PropUiQAngleCtrl.h"
-#include "PropUiQDistanceCtrl.h"
+#include "PropUiOptions.h"
+#include "PropUiRegistry.h"
 #include "PropUiQDoubleCtrl.h"
-#include "PropUiQIntegerCtrl.h"
-#include "PropUiQTextComboCtrl.h"
 #include "RecordingBag.h"
 #include "RunningModule.h"
 #include "TestValues.h"
@@ -41,38 +39,8 @@ enum Form
 
 const OdGUID& guidOf(Kind kind)
 {
-  switch (kind)
-  {
-  case Real:
-    return PropUiGuidDouble;
-  case Distance:
-    return PropUiGuidDistance;
-  case Angle:
-    return PropUiGuidAngle;
-  case Combo:
-    return PropUiGuidDouble;
-  case Whole:
-    break;
-  }
-  return PropUiGuidInteger;
-}
-
-PropUiQControl* makeControl(Kind kind)
-{
-  switch (kind)
-  {
-  case Real:
-    return new PropUiQDoubleCtrl;
-  case Distance:
-    return new PropUiQDistanceCtrl;
-  case Angle:
-    return new PropUiQAngleCtrl;
-  case Combo:
-    return new PropUiQTextComboCtrl;
-  case Whole:
-    break;
-  }
-  return new PropUiQIntegerCtrl;
+  const OdGUID* guids[] = {&PropUiGuidDouble, &PropUiGuidDistance, &PropUiGuidAngle, &PropUiGuidInteger, &PropUiGuidDouble};
+  return *guids[kind];
 }
 
 /** The text a field shows, whether it is a line edit or a spin box. */
@@ -136,6 +104,7 @@ private Q_SLOTS:
       {"(1+2)/4", {0.75, 0.75}, {x, x}},
       {"2^10", {1024, 1024}, {1024, 1024}},
       {"3.5", {3.5, 3.5}, {x, x}},
+      {"-0.25", {-0.25, -0.25}, {x, x}},
       {"3,5", {x, 3.5}, {x, x}},
       {"0,5*4", {x, 2}, {x, 2}},
       {"1,000", {x, 1}, {x, 1}},
@@ -190,7 +159,7 @@ private Q_SLOTS:
                                    TestItemType(3, PropUiGuidAngle), TestItemType(4, PropUiGuidInteger)};
     bag.item(item).guid = guidOf(Kind(kind));
     if (kind == Combo)
-      bag.item(item).flags = 0x4; // typed values too
+      bag.item(item).flags = PropItemFlag::kEditableList;
     bag.item(item).type = &types[kind == Combo ? Real : kind];
     if (form == Element)
     {
@@ -223,7 +192,7 @@ private Q_SLOTS:
     }
     else
     {
-      PropUiQControl* control = makeControl(Kind(kind));
+      PropUiQWidget* control = propUiCreateWidget(guidOf(Kind(kind)), kind == Combo ? PropUiOption::kTextCombo : 0);
       if (form == Element)
         control->setPropBagItem(&bag, item, 1);
       else

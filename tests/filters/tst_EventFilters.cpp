@@ -17,62 +17,56 @@ private slots:
   void focusReportsReachTheReactor_data()
   {
     QTest::addColumn<int>("reason");
-    QTest::addColumn<bool>("reported");
-    QTest::newRow("mouse") << int(Qt::MouseFocusReason) << true;
-    QTest::newRow("tab") << int(Qt::TabFocusReason) << true;
-    QTest::newRow("popup") << int(Qt::PopupFocusReason) << false;
-    QTest::newRow("other") << int(Qt::OtherFocusReason) << false;
+    QTest::addColumn<int>("item"); // -1 for none
+    QTest::addColumn<int>("typeId"); // reported, or -1 for no report
+    const int mouse = int(Qt::MouseFocusReason);
+    QTest::newRow("mouse") << mouse << 0 << 42;
+    QTest::newRow("tab") << int(Qt::TabFocusReason) << 0 << 42;
+    QTest::newRow("popup") << int(Qt::PopupFocusReason) << 0 << -1;
+    QTest::newRow("other") << int(Qt::OtherFocusReason) << 0 << -1;
+    QTest::newRow("unbound") << mouse << -1 << -1;
+    QTest::newRow("an item the bag does not have") << mouse << 5 << -1;
+    QTest::newRow("an item without a type") << mouse << 1 << 0;
   }
 
   void focusReportsReachTheReactor()
   {
     QFETCH(int, reason);
-    QFETCH(bool, reported);
+    QFETCH(int, item);
+    QFETCH(int, typeId);
     RecordingBag bag;
     RecordingReactor reactor;
     TestItemType type(42);
-    const int item = bag.addItem(QStringLiteral("Radius"));
-    bag.item(item).reactor = &reactor;
-    bag.item(item).type = &type;
+    bag.addItem(QStringLiteral("Radius"));
+    bag.item(0).reactor = &reactor;
+    bag.item(0).type = &type;
+    bag.addItem(QStringLiteral("Untyped"));
+    bag.item(1).reactor = &reactor;
 
     QWidget control;
     QLineEdit edit(&control);
     PropUiFocusReactorFilter filter(&control);
     edit.installEventFilter(&filter);
-    filter.setPropBagItem(&bag, item, 7);
+    if (item >= 0)
+      filter.setPropBagItem(&bag, item, 7);
 
     QFocusEvent in(QEvent::FocusIn, Qt::FocusReason(reason));
     QFocusEvent out(QEvent::FocusOut, Qt::FocusReason(reason));
     QCoreApplication::sendEvent(&edit, &in);
     QCoreApplication::sendEvent(&edit, &out);
-    QCOMPARE(reactor.focus.size(), reported ? 2 : 0);
-    if (reported)
+    QCOMPARE(reactor.focus.size(), typeId < 0 ? 0 : 2);
+    if (typeId >= 0)
     {
-      QCOMPARE(reactor.focus[0].typeId, 42);
+      QCOMPARE(reactor.focus[0].typeId, typeId);
       QCOMPARE(reactor.focus[0].element, 7ul);
       QVERIFY(reactor.focus[0].focusIn);
       QVERIFY(!reactor.focus[1].focusIn);
     }
   }
 
-  void filtersWithoutABagReactorOrTypeAreHarmless()
+  void toolTipFilterWithoutABagLeavesTheOwnTip()
   {
-    RecordingBag bag;
-    RecordingReactor reactor;
-    bag.addItem(QStringLiteral("Radius"));
-    bag.item(0).reactor = &reactor; // but no item type
     QLineEdit edit;
-    PropUiFocusReactorFilter filter(&edit);
-    edit.installEventFilter(&filter);
-    QFocusEvent unbound(QEvent::FocusIn, Qt::MouseFocusReason);
-    QCoreApplication::sendEvent(&edit, &unbound);
-    filter.setPropBagItem(&bag, 5); // an index the bag does not know
-    QCoreApplication::sendEvent(&edit, &unbound);
-    filter.setPropBagItem(&bag, 0);
-    QCoreApplication::sendEvent(&edit, &unbound);
-    QCOMPARE(reactor.focus.size(), 1);
-    QCOMPARE(reactor.focus[0].typeId, 0);
-    // A tool-tip filter with no bag leaves the widget's own tip.
     PropUiCommonToolTipFilter tips(&edit);
     edit.installEventFilter(&tips);
     edit.setToolTip(QStringLiteral("own"));
