@@ -6,6 +6,7 @@
 #include <QDir>
 #include <QDirIterator>
 #include <QStringList>
+#include <limits>
 
 inline DrawingEntity entityOf(EntityKind kind, std::vector<DrawingPoint> points)
 {
@@ -13,6 +14,46 @@ inline DrawingEntity entityOf(EntityKind kind, std::vector<DrawingPoint> points)
   e.kind = kind;
   e.points = std::move(points);
   return e;
+}
+
+/**
+ * What a broken file or a careless host could leave, two of every kind: one bare, one with numbers that
+ * are not numbers, sizes out of range and half a formatting code for its text.
+ */
+inline std::vector<DrawingEntity> brokenEntities()
+{
+  const double nan = std::numeric_limits<double>::quiet_NaN();
+  std::vector<DrawingEntity> broken;
+  for (int k = 0; k <= int(EntityKind::Other); ++k)
+  {
+    DrawingEntity e;
+    e.kind = EntityKind(k);
+    broken.push_back(e);
+    e.points = {{nan, 1, 0}, {2, nan, 0}, {1e300, -1e300, 0}, {0, 0, 0}};
+    e.bulges = {1e12, nan};
+    e.radius = -5;
+    e.height = nan;
+    e.ratio = nan;
+    e.endAngle = 1e300;
+    e.width = 1e-300;
+    e.widthFactor = 0;
+    e.oblique = 90;
+    e.horizontalAlignment = 5;
+    e.attachment = 42;
+    e.dimensionType = 2;
+    e.text = QStringLiteral("{\\fArial;\\S1^2;}\\P%%c{\\S1^;\\U+zz\\M+;\\");
+    DrawingEntityDetail& detail = e.editDetails();
+    detail.degree = -3;
+    detail.knots = {1, 0, nan};
+    detail.weights = {0, 0, 0, 0};
+    detail.fitPoints = {{nan, 0, 0}};
+    detail.loops = {{{{0, 0, 0}, {1e300, 0, 0}, {0, nan, 0}}, {nan}}};
+    detail.patternLines = {{45, {0, 0, 0}, {0, 0, 0}, {}}, {nan, {0, 0, 0}, {1, 1, 0}, {-1, -1}}};
+    detail.pixelsWide = 1e308;
+    detail.pixelsHigh = nan;
+    broken.push_back(e);
+  }
+  return broken;
 }
 
 inline QByteArray contentsOf(const QString& path)

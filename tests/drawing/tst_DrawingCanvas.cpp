@@ -1,10 +1,10 @@
 #include "DrawingCanvas.h"
 #include "DrawingDocument.h"
+#include "Drawings.h"
 #include "HostQtStyleManager.h"
 #include "OdDbLayerTableRecord.h"
 #include <QSignalSpy>
 #include <QtTest>
-#include <limits>
 #include <tuple>
 
 namespace
@@ -462,27 +462,12 @@ private Q_SLOTS:
 
   void degenerateEntitiesDoNotBreakTheCanvas()
   {
-    // GIVEN entities a broken file or a careless host could leave: no points, no size,
-    // numbers that are not numbers, a block that inserts itself, a block that does not exist
+    // GIVEN entities a broken file or a careless host could leave, a block that inserts itself
+    // and a block that does not exist
     DrawingDocument document;
     fillDocument(document);
     OdDbDatabase& db = document.database();
-    const double nan = std::numeric_limits<double>::quiet_NaN();
-    std::vector<DrawingEntity> odd;
-    for (EntityKind kind : {EntityKind::Line, EntityKind::Circle, EntityKind::Arc, EntityKind::Polyline,
-                            EntityKind::Text, EntityKind::MText, EntityKind::Insert, EntityKind::Dimension})
-    {
-      DrawingEntity e;
-      e.kind = kind;
-      odd.push_back(e);
-      e.points = {{nan, 1, 0}, {2, nan, 0}, {1e300, -1e300, 0}};
-      e.bulges = {1e12};
-      e.radius = -5;
-      e.height = nan;
-      e.text = QStringLiteral("{\\fArial;\\S1^2;}\\P%%c");
-      e.dimensionType = 2;
-      odd.push_back(e);
-    }
+    std::vector<DrawingEntity> odd = brokenEntities();
     db.addBlock(OdString(L"LOOP"));
     DrawingEntity loop;
     loop.kind = EntityKind::Insert;

@@ -34,6 +34,16 @@ public:
   }
 };
 
+/** Gives @p window scripted prompts and the sample drawing with an edit not saved. */
+ScriptedPrompts* editedSample(DrawingEditorWindow& window)
+{
+  auto* prompts = new ScriptedPrompts;
+  window.setPrompts(std::unique_ptr<EditorPrompts>(prompts));
+  window.openSample();
+  window.undoStack().push(new QUndoCommand(QStringLiteral("edit")));
+  return prompts;
+}
+
 QAction* action(DrawingEditorWindow& window, const char* name)
 {
   return window.findChild<QAction*>(QLatin1String(name));
@@ -123,13 +133,10 @@ private slots:
 
     // GIVEN the sample drawing, under a file name or none, with an edit not saved
     DrawingEditorWindow window;
-    auto* prompts = new ScriptedPrompts;
-    window.setPrompts(std::unique_ptr<EditorPrompts>(prompts));
-    window.openSample();
+    ScriptedPrompts* prompts = editedSample(window);
     if (!fileName.isEmpty())
       window.document().setFileName(path(fileName));
     const std::size_t sampleSize = window.document().entities().size();
-    window.undoStack().push(new QUndoCommand(QStringLiteral("edit")));
     prompts->answers = {QMessageBox::StandardButton(answer)};
     prompts->savePath = chosen.isEmpty() ? QString() : path(chosen);
     prompts->openPath = path(QStringLiteral("other.dxf"));
@@ -180,13 +187,10 @@ private slots:
   void saveMarksTheDrawingClean()
   {
     DrawingEditorWindow window;
-    auto* prompts = new ScriptedPrompts;
-    window.setPrompts(std::unique_ptr<EditorPrompts>(prompts));
-    window.openSample();
+    ScriptedPrompts* prompts = editedSample(window);
     const QString file = path(QStringLiteral("saved.dxf"));
     QFile::remove(file);
     window.document().setFileName(file);
-    window.undoStack().push(new QUndoCommand(QStringLiteral("edit")));
     QVERIFY(window.isWindowModified());
 
     QCOMPARE(action(window, "actionSave")->shortcut(), QKeySequence(QKeySequence::Save));
@@ -273,10 +277,7 @@ private slots:
   void recentFileGoneIsDropped()
   {
     DrawingEditorWindow window;
-    auto* prompts = new ScriptedPrompts;
-    window.setPrompts(std::unique_ptr<EditorPrompts>(prompts));
-    window.openSample();
-    window.undoStack().push(new QUndoCommand(QStringLiteral("edit")));
+    ScriptedPrompts* prompts = editedSample(window);
     const QString gone = path(QStringLiteral("gone.dxf"));
     const QString there = path(QStringLiteral("other.dxf"));
     window.recentFiles().add(there);

@@ -58,6 +58,11 @@ struct Drawing
     DrawingEntity p = entityOf(EntityKind::Polyline, {{0, 0, 0}, {4, 0, 0}, {4, 3, 0}});
     p.bulges = {0, 0, 0};
     polyline = add("polyline", p);
+    p.closed = true;
+    add("closed", p);
+    // A bulge of 1 turns the closing edge of this counter-clockwise outline into a half circle outside it.
+    p.bulges = {0, 0, 1};
+    add("bulged", p);
     DrawingEntity t = entityOf(EntityKind::Text, {{3, 3, 0}});
     t.height = 2.5;
     t.text = QStringLiteral("Hello");
@@ -226,62 +231,6 @@ private slots:
     QCOMPARE(namesOf(bag), kGeneral + geometry);
   }
 
-  void aClosedPolylineHasAnArea()
-  {
-    Drawing d;
-    DrawingEntity closed = *d.document.entity(d.polyline);
-    closed.closed = true;
-    d.document.replaceEntities({closed});
-    DrawingPropertyBag bag(&d.document, &d.undo);
-    bag.setSelection({d.polyline});
-    const int area = itemNamed(bag, QStringLiteral("Area"));
-    QVERIFY(area >= 0);
-    PropVariant v;
-    QVERIFY(bag.getValue(area, v));
-    QCOMPARE(v.getDouble(), 6.0);
-    // A bulge of 1 turns the closing edge of this counter-clockwise outline into a half circle outside it.
-    closed.bulges = {0, 0, 1};
-    d.document.replaceEntities({closed});
-    QVERIFY(bag.getValue(area, v));
-    QVERIFY(qFuzzyCompare(v.getDouble(), 6.0 + M_PI * 2.5 * 2.5 / 2));
-  }
-
-  void valuesMergeAcrossTheSelection()
-  {
-    // GIVEN two lines that share their start's X and Z, not its Y, and sit on different layers
-    Drawing d;
-    DrawingPropertyBag bag(&d.document, &d.undo);
-    bag.setSelection({d.line1, d.line2});
-    const int start = itemNamed(bag, QStringLiteral("Start point"));
-    QVector<bool> varies;
-    QVector<double> shown;
-    for (unsigned long e = 0; e < 3; ++e)
-    {
-      PropVariant v;
-      QVERIFY(bag.getElementValue(start, e, v));
-      varies << v.isVaries();
-      shown << v.getDouble();
-    }
-    QCOMPARE(varies, (QVector<bool>{false, true, false}));
-    QCOMPARE(shown[0], 1.0);
-    // A point has no vertex picker; the whole point varies when any coordinate does.
-    QCOMPARE(bag.getGroupCount(start), 0);
-    PropVariant whole;
-    QVERIFY(bag.getValue(start, whole) && whole.isVaries());
-
-    PropVariant layer, color, length;
-    QVERIFY(bag.getValue(itemNamed(bag, QStringLiteral("Layer")), layer));
-    QVERIFY(bag.getValue(itemNamed(bag, QStringLiteral("Colour")), color));
-    QVERIFY(bag.getValue(itemNamed(bag, QStringLiteral("Length")), length));
-    QVERIFY(layer.isVaries());
-    QVERIFY(!color.isVaries());
-    QVERIFY(length.isVaries());
-    // One line alone agrees with itself everywhere.
-    bag.setSelection({d.line1});
-    QVERIFY(bag.getValue(itemNamed(bag, QStringLiteral("Length")), length) && !length.isVaries());
-    QCOMPARE(length.getDouble(), 9.0);
-  }
-
   void polylinesShareTheirCommonVertices()
   {
     Drawing d;
@@ -297,6 +246,9 @@ private slots:
     OdStringArray captions;
     QCOMPARE(bag.getElements(vertices, elements, captions), 9u);
     QCOMPARE(toQString(captions[4]), QStringLiteral("Vertex 2 Y"));
+    // A point has no vertex picker.
+    bag.setSelection({d.line1, d.line2});
+    QCOMPARE(bag.getGroupCount(itemNamed(bag, QStringLiteral("Start point"))), 0);
   }
 
   void refusedWritesChangeNothing_data()
@@ -329,7 +281,6 @@ private slots:
     QTest::newRow("a kind not selected") << "line1" << "Show" << intValue(int(EntityKind::Circle) + 1)
                                          << "Show takes one of the values it lists.";
     QTest::newRow("radius zero") << "circle+arc" << "Radius" << realValue(0) << "The radius must be greater than zero.";
-    QTest::newRow("radius negative") << "circle" << "Radius" << realValue(-1) << "The radius must be greater than zero.";
     QTest::newRow("diameter zero") << "circle" << "Diameter" << realValue(0) << "The diameter must be greater than zero.";
     QTest::newRow("text height zero") << "text+mtext" << "Height" << realValue(0) << "The text height must be greater than zero.";
     QTest::newRow("text height negative") << "text" << "Height" << realValue(-2) << "The text height must be greater than zero.";
@@ -478,6 +429,17 @@ private slots:
     QTest::addColumn<QString>("item");
     QTest::addColumn<int>("element");
     QTest::addColumn<QString>("shown");
+    // Two lines share their start's X and Z, not its Y, and sit on different layers; the whole point varies.
+    QTest::newRow("shared start X") << "line1+line2" << "Start point" << 0 << "1.0000";
+    QTest::newRow("start Y apart") << "line1+line2" << "Start point" << 1 << "*varies*";
+    QTest::newRow("shared start Z") << "line1+line2" << "Start point" << 2 << "0.0000";
+    QTest::newRow("start point") << "line1+line2" << "Start point" << -1 << "*varies*";
+    QTest::newRow("layers apart") << "line1+line2" << "Layer" << -1 << "*varies*";
+    QTest::newRow("shared colour") << "line1+line2" << "Colour" << -1 << "ByLayer";
+    QTest::newRow("lengths apart") << "line1+line2" << "Length" << -1 << "*varies*";
+    QTest::newRow("one line's length") << "line1" << "Length" << -1 << "9.0000";
+    QTest::newRow("closed polyline's area") << "closed" << "Area" << -1 << "6.0000";
+    QTest::newRow("bulged polyline's area") << "bulged" << "Area" << -1 << QString::number(6.0 + M_PI * 2.5 * 2.5 / 2, 'g', 10);
     QTest::newRow("one kind") << "line1+line2" << "Type" << -1 << "Line";
     QTest::newRow("two kinds") << "line1+circle" << "Type" << -1 << "*varies*";
     QTest::newRow("filter") << "line1+line2+circle" << "Show" << -1 << "All (3)";
