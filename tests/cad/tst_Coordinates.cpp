@@ -23,21 +23,29 @@ int addPoints(RecordingBag& bag, int stride, int groups)
   return item;
 }
 
-/** What a coordinate control of any form shows, axis by axis. */
+/** What a coordinate control of either form shows, axis by axis. */
 struct Shown
 {
   QList<unsigned long> elements;
   QStringList texts;
 };
 
-Shown shownBy(PropUiQControl* control)
+typedef PropUiQMLineEdit<PropUiQDistanceCtrl> Rows;
+
+PropUiQDistanceCtrl* axisOf(const PropUiQCoords2d& control, int a) { return control.axis(a); }
+PropUiQDistanceCtrl* axisOf(const PropUiQCoords3d& control, int a) { return control.axis(a); }
+PropUiQDistanceCtrl* axisOf(const Rows& control, int a) { return control.row(a); }
+
+template <class Control>
+Shown shownBy(const Control& control, int axes)
 {
   Shown shown;
-  for (PropUiQDistanceCtrl* axis : control->findChildren<PropUiQDistanceCtrl*>())
-  {
-    shown.elements << axis->element();
-    shown.texts << axis->lineEdit()->text();
-  }
+  for (int a = 0; a < axes; ++a)
+    if (PropUiQDistanceCtrl* child = axisOf(control, a))
+    {
+      shown.elements << child->element();
+      shown.texts << child->lineEdit()->text();
+    }
   return shown;
 }
 
@@ -53,11 +61,20 @@ PropUiQControl* makeForm(const QString& form, RecordingBag& bag, int item)
       bag.item(item).elements.append(static_cast<unsigned long>(i));
       bag.item(item).elementCaptions.append(captions.value(i));
     }
-    return boundControl<PropUiQMLineEdit<PropUiQDistanceCtrl> >(bag, item);
+    return boundControl<Rows>(bag, item);
   }
   if (form == QLatin1String("2d"))
     return boundControl<PropUiQCoords2d>(bag, item);
   return boundControl<PropUiQCoords3d>(bag, item, form == QLatin1String("3d two axes") ? PropUiOption::kTwoAxes : 0);
+}
+
+Shown shownByForm(const QString& form, PropUiQControl* control)
+{
+  if (form == QLatin1String("rows"))
+    return shownBy(*static_cast<Rows*>(control), static_cast<Rows*>(control)->rowCount());
+  if (form == QLatin1String("2d"))
+    return shownBy(*static_cast<PropUiQCoords2d*>(control), 2);
+  return shownBy(*static_cast<PropUiQCoords3d*>(control), 3);
 }
 
 host_qt_ui_core::QHostSpinBox* spinBoxOf(PropUiQControl* control)
@@ -105,7 +122,7 @@ private slots:
 
     bag.clearCalls();
     spinBox->setValue(group);
-    const Shown shown = shownBy(control.data());
+    const Shown shown = shownByForm(form, control.data());
     QCOMPARE(shown.elements, elements);
     QStringList texts;
     for (unsigned long e : elements)
@@ -118,7 +135,7 @@ private slots:
     // Past the last group comes the first again.
     spinBox->setValue(5);
     spinBox->stepUp();
-    QCOMPARE(shownBy(control.data()).elements.first(), 0ul);
+    QCOMPARE(shownByForm(form, control.data()).elements.first(), 0ul);
   }
 
   void anElementEditWritesItsElementOnly_data()
@@ -186,7 +203,8 @@ private slots:
     bag.item(item).reactor = &reactor;
     bag.item(item).type = &type;
     QScopedPointer<PropUiQControl> control(makeForm(QStringLiteral("rows"), bag, item));
-    host_qt_ui_core::QHostSpinBox* spinBox = spinBoxOf(control.data());
+    host_qt_ui_core::QHostSpinBox* spinBox = static_cast<Rows*>(control.data())->groupSpinBox();
+    QCOMPARE(spinBox, spinBoxOf(control.data()));
     spinBox->setValue(3);
     reactor.focus.clear();
     QFocusEvent in(QEvent::FocusIn, Qt::TabFocusReason);
@@ -197,6 +215,23 @@ private slots:
     QCOMPARE(reactor.focus[0].element, 6ul);
     QCOMPARE(reactor.focus[0].typeId, 9);
     QVERIFY(reactor.focus[0].focusIn && !reactor.focus[1].focusIn);
+  }
+
+  // Return in the group box confirms the group and goes on to its first value, as Return does in the values.
+  void returnInTheGroupBoxMovesOn()
+  {
+    RecordingBag bag;
+    const int item = addPoints(bag, 3, 3);
+    QScopedPointer<PropUiQControl> control(makeForm(QStringLiteral("rows"), bag, item));
+    control->show();
+    control->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(control.data()));
+    host_qt_ui_core::QHostSpinBox* spinBox = spinBoxOf(control.data());
+    spinBox->setFocus();
+    QVERIFY(spinBox->hasFocus());
+    QTest::keyClick(spinBox, Qt::Key_Return);
+    QTRY_VERIFY(!spinBox->hasFocus());
+    QVERIFY(control->isAncestorOf(QApplication::focusWidget()));
   }
 
   // The host's selection changed under a shown control: fewer points, or none.
@@ -212,7 +247,7 @@ private slots:
     spinBoxOf(control.data())->setValue(4);
     control->updateData();
     QVERIFY(!bag.called(QStringLiteral("setElementValue")) && !bag.called(QStringLiteral("setValue")));
-    QCOMPARE(shownBy(control.data()).elements, (QList<unsigned long>{9, 10, 11}));
+    QCOMPARE(shownByForm(QStringLiteral("3d"), control.data()).elements, (QList<unsigned long>{9, 10, 11}));
   }
 
   void onlyThe3dCompositeShowsActions()

@@ -166,6 +166,11 @@ private slots:
   // What every kind does with bad input is the base's table; here, what only a combo has.
   void badInputWritesNothing()
   {
+    PropUiQComboBox unbound;
+    QVERIFY(!unbound.setupUi());
+    QCOMPARE(unbound.addTempItem(PropVariant()), -1);
+    QVERIFY(!unbound.removeTempItem(0));
+
     RecordingBag bag;
     const int item = addStyle(bag);
     bag.item(item).listValues.clear(); // getListValue answers false

@@ -145,6 +145,9 @@ private slots:
     bag.addItem(QStringLiteral("Width"));
     bag.addItem(QStringLiteral("Vertices"));
     PropUiQControl control;
+    QVERIFY(control.getFormatter()); // made on first use, owned by the control
+    QCOMPARE(control.getFormatter()->parent(), &control);
+
     control.setPropBagItem(&bag, 1, 4);
     QVERIFY(control.isPropertyElement());
     QCOMPARE(control.element(), 4ul);
@@ -232,6 +235,7 @@ private slots:
     QTRY_COMPARE(messages.shown.size(), 1);
     QCOMPARE(int(messages.shown[0].kind), kind);
     QCOMPARE(messages.shown[0].text, QStringLiteral("Radius must be positive"));
+    QCOMPARE(messages.shown[0].buttons, 0x400);
     QCoreApplication::processEvents();
     QCOMPARE(messages.shown.size(), 1);
   }

@@ -173,6 +173,22 @@ private slots:
     QCOMPARE(control->lineEdit()->text(), QStringLiteral("2"));
   }
 
+  void badInputChangesNothing()
+  {
+    PropUiQDoubleCtrl unbound;
+    QVERIFY(!unbound.setupUi());
+    QVERIFY(unbound.findChildren<QWidget*>().isEmpty());
+    QVERIFY(!unbound.applyData());
+    RecordingBag bag;
+    PropUiQDoubleCtrl unknown;
+    unknown.setPropBagItem(&bag, 7);
+    QVERIFY(unknown.setupUi());
+    unknown.updateData();
+    QVERIFY(unknown.lineEdit()->text().isEmpty());
+    unknown.lineEdit()->setText(QStringLiteral("3"));
+    QVERIFY(!unknown.applyData());
+  }
+
   void textControlUsesTheHostTextEditor()
   {
     RecordingBag bag;

@@ -7,6 +7,7 @@
 #include "QHostLineEdit.h"
 #include "QHostMessageBalloon.h"
 #include "QHostMessageBoxOd.h"
+#include "QHostSpinBox.h"
 #include "QHostTextEdit.h"
 #include "QHostUiChoosers.h"
 #include <QAccessible>
@@ -72,6 +73,28 @@ class TestHostWidgets : public QObject
   Q_OBJECT
 
 private slots:
+  // The library turns the wheel off on its spin boxes; a host's own spin box keeps it until asked.
+  void theWheelTurnsASpinBoxUntilItIsTurnedOff()
+  {
+    QWidget window;
+    host_qt_ui_core::QHostSpinBox spin(&window);
+    spin.setRange(0, 10);
+    spin.setValue(5);
+    window.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    spin.setFocus();
+    const auto wheelDown = [&spin]() {
+      QWheelEvent wheel(QPointF(5, 5), spin.mapToGlobal(QPoint(5, 5)), QPoint(), QPoint(0, -120), Qt::NoButton,
+                        Qt::NoModifier, Qt::NoScrollPhase, false);
+      QCoreApplication::sendEvent(&spin, &wheel);
+    };
+    wheelDown();
+    QCOMPARE(spin.value(), 4);
+    spin.disableMouseWheel(true);
+    wheelDown();
+    QCOMPARE(spin.value(), 4);
+  }
+
   void completingComboNeverInserts()
   {
     QWidget window;
@@ -354,21 +377,24 @@ private slots:
     QVERIFY(!host_qt_ui::QHostMessageBalloon::showAt(nullptr, QStringLiteral("nowhere"), true));
   }
 
-  void thePaletteWorksFromTheKeyboard_data()
+  void thePaletteWorksFromKeysAndClicks_data()
   {
     QTest::addColumn<QVector<int> >("keys");
+    QTest::addColumn<QPoint>("click"); // in the palette, after the keys; none when null
     QTest::addColumn<int>("picked"); // the colour's number; 0 when nothing is
-    QTest::newRow("arrows, then Enter") << QVector<int>{Qt::Key_Right, Qt::Key_Down, Qt::Key_Return} << 1 + 1 + 24;
-    QTest::newRow("End and back, then Space") << QVector<int>{Qt::Key_End, Qt::Key_Left, Qt::Key_Space} << 254;
+    QTest::newRow("arrows, then Enter") << QVector<int>{Qt::Key_Right, Qt::Key_Down, Qt::Key_Return} << QPoint() << 1 + 1 + 24;
+    QTest::newRow("End and back, then Space") << QVector<int>{Qt::Key_End, Qt::Key_Left, Qt::Key_Space} << QPoint() << 254;
     QTest::newRow("against the edges, then Enter")
-      << QVector<int>{Qt::Key_Home, Qt::Key_Up, Qt::Key_Left, Qt::Key_Enter} << 1;
-    QTest::newRow("Escape") << QVector<int>{Qt::Key_Right, Qt::Key_Escape} << 0;
+      << QVector<int>{Qt::Key_Home, Qt::Key_Up, Qt::Key_Left, Qt::Key_Enter} << QPoint() << 1;
+    QTest::newRow("Escape") << QVector<int>{Qt::Key_Right, Qt::Key_Escape} << QPoint() << 0;
+    QTest::newRow("a click on the third cell") << QVector<int>() << QPoint(2 * 14 + 7, 7) << 3;
   }
 
-  // The real, modal chooser, answered by keys from inside its own event loop.
-  void thePaletteWorksFromTheKeyboard()
+  // The real, modal chooser, answered by keys and clicks from inside its own event loop.
+  void thePaletteWorksFromKeysAndClicks()
   {
     QFETCH(QVector<int>, keys);
+    QFETCH(QPoint, click);
     QFETCH(int, picked);
     OdCmColor colour;
     colour.setColorIndex(1);
@@ -386,6 +412,8 @@ private slots:
       currentCell = cell ? cell->text(QAccessible::Name) : QString();
       for (int key : keys)
         QTest::keyClick(focus, Qt::Key(key));
+      if (!click.isNull())
+        QTest::mouseClick(focus, Qt::LeftButton, Qt::NoModifier, click);
       if (dialog && dialog->isVisible())
         dialog->close();
     });

@@ -109,8 +109,10 @@ private slots:
     QCOMPARE(v.getInt32(), 0);
     v.setDouble(2.75);
     QCOMPARE(v.getInt32(), 2);
+    QVERIFY(v.getBool());
     v.setString(OdString(L"abc"));
     QCOMPARE(v.getDouble(), 0.0);
+    QVERIFY(!v.getBool());
     QVERIFY(v.getDoubleArray().isEmpty());
 
     PropVariant a, b;
