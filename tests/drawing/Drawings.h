@@ -52,6 +52,9 @@ inline std::vector<DrawingEntity> brokenEntities()
     detail.pixelsWide = 1e308;
     detail.pixelsHigh = nan;
     broken.push_back(e);
+    // A text must have a height before its broken codes are read at all.
+    e.height = 2.5;
+    broken.push_back(e);
   }
   return broken;
 }

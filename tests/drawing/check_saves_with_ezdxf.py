@@ -2,12 +2,12 @@
 """Checks the demo's DXF saves against ezdxf, a reader of its own.
 
 For a sample of the parts library, each drawing is saved by
-`propwidgets-demo --save-as` with every model-space entity recoloured
-(--set-colour). ezdxf reads the file and the save and compares: the entity
-counts by type in every layout and block, the handles, the header variables,
-the table records, every group of every record outside the model space's
-entities, every entity's attributes but its colour, and the colour itself.
-An unedited save is the file byte for byte (tst_DxfFiles), so it is not read again here.
+`propwidgets-demo --save-as`, once unedited and once with every model-space
+entity recoloured (--set-colour). ezdxf reads the file and each save and
+compares: the entity counts by type in every layout and block, the handles,
+the header variables, the table records, and every group of every record
+outside the model space's entities; for the edited save, every entity's
+attributes but its colour, and the colour itself.
 
     check_saves_with_ezdxf.py DEMO [LIBRARY] [EVERY]   (every EVERY-th drawing; default 16)
 """
@@ -26,7 +26,7 @@ MADE_UP = {"$FINGERPRINTGUID", "$VERSIONGUID", "$TDCREATE", "$TDUCREATE", "$TDUP
 
 
 def raw_tags(path):
-    """The file's groups, as (code, value) pairs: those outside the model space's entities, and those inside."""
+    """The file's groups, as (code, value) pairs, the model space's entities marked apart."""
     with open(path, "rb") as stream:
         text = stream.read().decode("cp1252", errors="replace").replace("\r\n", "\n")
     outside, entities = [], []
@@ -71,24 +71,33 @@ def attributes(entity):
 def check(demo, path, scratch):
     failures = []
     original = ezdxf.readfile(path)
-    out = os.path.join(scratch, "saved.dxf")
-    result = subprocess.run([demo, "--save-as", out, path, "--set-colour", str(COLOUR)], capture_output=True, text=True)
-    if result.returncode != 0:
-        return [f"save failed: {result.stderr.strip()}"]
-    saved = ezdxf.readfile(out)
-    for name, a, b in zip(("layouts", "blocks", "header", "tables"), summary(original), summary(saved)):
-        if a != b:
-            keys = sorted(k for k in set(a) | set(b) if a.get(k) != b.get(k))[:3]
-            failures.append(f"{name} differ ({', '.join(keys)})")
-    if raw_tags(path)[0] != raw_tags(out)[0]:
-        failures.append("the groups outside the model space's entities differ")
-    for a, b in zip(original.modelspace(), saved.modelspace()):
-        if attributes(a) != attributes(b):
-            failures.append(f"{a.dxftype()} {a.dxf.get('handle')}: attributes beyond the colour differ")
-            break
-        if a.dxftype() != "ATTRIB" and b.dxf.get("color") != COLOUR:
-            failures.append(f"{a.dxftype()} {a.dxf.get('handle')}: colour {b.dxf.get('color')}")
-            break
+    for edited in (False, True):
+        out = os.path.join(scratch, "saved.dxf")
+        command = [demo, "--save-as", out, path] + (["--set-colour", str(COLOUR)] if edited else [])
+        result = subprocess.run(command, capture_output=True, text=True)
+        what = "edited" if edited else "unedited"
+        if result.returncode != 0:
+            failures.append(f"{what}: save failed: {result.stderr.strip()}")
+            continue
+        saved = ezdxf.readfile(out)
+        for name, a, b in zip(("layouts", "blocks", "header", "tables"), summary(original), summary(saved)):
+            if a != b:
+                keys = sorted(k for k in set(a) | set(b) if a.get(k) != b.get(k))[:3]
+                failures.append(f"{what}: {name} differ ({', '.join(keys)})")
+        outside_a, entities_a = raw_tags(path)
+        outside_b, entities_b = raw_tags(out)
+        if outside_a != outside_b:
+            failures.append(f"{what}: the groups outside the model space's entities differ")
+        if not edited and entities_a != entities_b:
+            failures.append("unedited: the entities' groups differ")
+        if edited:
+            for a, b in zip(original.modelspace(), saved.modelspace()):
+                if attributes(a) != attributes(b):
+                    failures.append(f"edited: {a.dxftype()} {a.dxf.get('handle')}: attributes beyond the colour differ")
+                    break
+                if a.dxftype() != "ATTRIB" and b.dxf.get("color") != COLOUR:
+                    failures.append(f"edited: {a.dxftype()} {a.dxf.get('handle')}: colour {b.dxf.get('color')}")
+                    break
     return failures
 
 
