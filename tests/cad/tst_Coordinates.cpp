@@ -217,9 +217,20 @@ private slots:
     QVERIFY(reactor.focus[0].focusIn && !reactor.focus[1].focusIn);
   }
 
+  void returnInTheGroupBoxMovesOn_data()
+  {
+    QTest::addColumn<int>("key");
+    QTest::addColumn<bool>("movesOn");
+    QTest::newRow("Return") << int(Qt::Key_Return) << true;
+    QTest::newRow("Enter") << int(Qt::Key_Enter) << true;
+    QTest::newRow("Up") << int(Qt::Key_Up) << false;
+  }
+
   // Return in the group box confirms the group and goes on to its first value, as Return does in the values.
   void returnInTheGroupBoxMovesOn()
   {
+    QFETCH(int, key);
+    QFETCH(bool, movesOn);
     RecordingBag bag;
     const int item = addPoints(bag, 3, 3);
     QScopedPointer<PropUiQControl> control(makeForm(QStringLiteral("rows"), bag, item));
@@ -229,8 +240,11 @@ private slots:
     host_qt_ui_core::QHostSpinBox* spinBox = spinBoxOf(control.data());
     spinBox->setFocus();
     QVERIFY(spinBox->hasFocus());
-    QTest::keyClick(spinBox, Qt::Key_Return);
-    QTRY_VERIFY(!spinBox->hasFocus());
+    QTest::keyClick(spinBox, Qt::Key(key));
+    if (movesOn)
+      QTRY_VERIFY(!spinBox->hasFocus());
+    QCoreApplication::processEvents();
+    QCOMPARE(spinBox->hasFocus(), !movesOn);
     QVERIFY(control->isAncestorOf(QApplication::focusWidget()));
   }
 
