@@ -700,6 +700,12 @@ private slots:
     QVERIFY(imageOf(linetypes.itemIcon(2)) != imageOf(linetypes.itemIcon(3)));
     QCOMPARE(linetypes.itemIcon(3).availableSizes().size(), 2); // drawn for ratio 1 and 2
 
+    // ByLayer and Default asked for, ByBlock not: those two, then every weight
+    host_qt_ui::QHostUiLineWeightComboBox weights;
+    weights.setLineWeightOption(host_qt_ui::LineWeightOptions(0x5));
+    QCOMPARE(weights.count(), 2 + 24);
+    QCOMPARE(weights.itemText(1), QStringLiteral("Default"));
+
     host_qt_ui::QHostUiArrowHeadComboBox arrows;
     arrows.setArrowOptions(host_qt_ui::ArrowOptions(0x3));
     const OdDbObjectId own = f.db.addBlock(OdString(L"MyArrow"));

@@ -1,4 +1,5 @@
 #include "PropUiOptions.h"
+#include "FocusedControl.h"
 #include "MessageCatcher.h"
 #include "OdStringQt.h"
 #include "PropMathValidator.h"
@@ -149,10 +150,17 @@ private slots:
     it.listValues.insert(0, realValue(2.5));
     it.listValues.insert(1, realValue(3.5));
     it.hasListText = true;
-    QScopedPointer<PropUiQTextComboCtrl> control(boundControl<PropUiQTextComboCtrl>(bag, item));
+    FocusedControl<PropUiQTextComboCtrl> window(bag, item);
+    auto* control = window.control;
     QCOMPARE(control->comboBox()->currentText(), QStringLiteral("3.5"));
-    control->comboBox()->setEditText(QStringLiteral("4.25"));
-    QVERIFY(control->applyData());
+    QVERIFY(window.focus(control->comboBox()));
+    control->comboBox()->lineEdit()->selectAll();
+    QTest::keyClicks(control->comboBox(), QStringLiteral("4.25"));
+    // Return both ends the edit and activates the entry: one write, not two
+    QTest::keyClick(control->comboBox(), Qt::Key_Return);
+    QTRY_COMPARE(bag.written.size(), 1);
+    QCoreApplication::processEvents();
+    QCOMPARE(bag.written.size(), 1);
     QCOMPARE(bag.written[0].getDouble(), 4.25);
     QCOMPARE(control->committed().text(), QStringLiteral("4.25"));
 
