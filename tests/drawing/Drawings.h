@@ -52,6 +52,8 @@ inline std::vector<DrawingEntity> brokenEntities()
     detail.pixelsWide = 1e308;
     detail.pixelsHigh = nan;
     broken.push_back(e);
+    e.height = 0;
+    broken.push_back(e);
     // A text must have a height before its broken codes are read at all.
     e.height = 2.5;
     broken.push_back(e);
