@@ -17,8 +17,9 @@ inline DrawingEntity entityOf(EntityKind kind, std::vector<DrawingPoint> points)
 }
 
 /**
- * What a broken file or a careless host could leave, two of every kind: one bare, one with numbers that
- * are not numbers, sizes out of range and half a formatting code for its text.
+ * What a broken file or a careless host could leave, four of every kind: one bare, and three with numbers
+ * that are not numbers, sizes out of range and half a formatting code for their text, whose heights are
+ * not a number, zero and a real one.
  */
 inline std::vector<DrawingEntity> brokenEntities()
 {
