@@ -230,33 +230,6 @@ private slots:
     QVERIFY(!checkedOf(row.data())); // matched by text, and there is none
   }
 
-  void gridTakesItsIdsFromTheValuesAndFollowsARefresh()
-  {
-    RecordingBag bag;
-    const int item = addGrid(bag, 17);
-    bag.item(item).listValues.insert(104, intValue(17)); // the centre cell
-    QScopedPointer<PropUiQButtons3x3Ctrl> grid(bound(new PropUiQButtons3x3Ctrl, bag, item));
-    QAbstractButton* centre = grid->findChild<QAbstractButton*>(QStringLiteral("cell4"));
-    QCOMPARE(grid->buttonGroup()->id(centre), 17);
-    QVERIFY(centre->isChecked());
-    QCOMPARE(centre->toolTip(), QStringLiteral("cell 4"));
-
-    QAbstractButton* corner = grid->findChild<QAbstractButton*>(QStringLiteral("cell8"));
-    QTest::mouseClick(corner, Qt::LeftButton);
-    QCOMPARE(bag.written.last().getInt32(), 9);
-    QTest::mouseClick(centre, Qt::LeftButton);
-    QCOMPARE(bag.written.last().getInt32(), 17);
-
-    // A refresh shows renamed cells and moves the mark.
-    QAbstractButton* first = grid->findChild<QAbstractButton*>(QStringLiteral("cell0"));
-    bag.item(item).listNames[0] = QStringLiteral("top left");
-    bag.item(item).value = intValue(1);
-    grid->updateData();
-    QCOMPARE(first->toolTip(), QStringLiteral("top left"));
-    QVERIFY(first->isChecked());
-    QVERIFY(!centre->isChecked());
-  }
-
   void gridNeedsNineEntries()
   {
     RecordingBag bag;

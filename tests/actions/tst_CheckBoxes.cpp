@@ -34,19 +34,6 @@ private slots:
     QVERIFY(textSwitch->checkBox()->text().isEmpty());
   }
 
-  void elementBoundBoxesUseElements()
-  {
-    RecordingBag bag;
-    const int item = bag.addItem(QStringLiteral("Layers on"));
-    bag.item(item).elementValues.insert(2, boolValue(false));
-    PropUiQCheckBox control;
-    control.setPropBagItem(&bag, item, 2);
-    control.setupUi();
-    control.updateData();
-    control.checkBox()->click();
-    QVERIFY(bag.item(item).elementValues.value(2).getBool());
-    QVERIFY(!bag.called(QStringLiteral("getValue")) && !bag.called(QStringLiteral("setValue")));
-  }
 };
 
 QTEST_MAIN(TestCheckBoxes)

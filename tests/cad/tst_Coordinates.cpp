@@ -180,20 +180,6 @@ private slots:
     QVERIFY(bag.item(item).elementValues.value(1).isVaries());
   }
 
-  // Rows are made afresh by a second set-up, and the group selector goes with the groups.
-  void aSecondSetUpRebuildsTheRows()
-  {
-    RecordingBag bag;
-    const int item = addPoints(bag, 3, 4);
-    QScopedPointer<PropUiQControl> control(makeForm(QStringLiteral("rows"), bag, item));
-    QCOMPARE(control->findChildren<PropUiQLabel*>().size(), 4);
-    bag.item(item).groupCount = 0;
-    QVERIFY(control->setupUi());
-    QVERIFY(!spinBoxOf(control.data()));
-    QCOMPARE(control->findChildren<PropUiQDistanceCtrl*>().size(), 3);
-    QCOMPARE(control->findChildren<PropUiQLabel*>().size(), 3);
-  }
-
   void reactorHearsTheGroupsFirstElement()
   {
     RecordingBag bag;
@@ -264,17 +250,6 @@ private slots:
     QCOMPARE(shownByForm(QStringLiteral("3d"), control.data()).elements, (QList<unsigned long>{9, 10, 11}));
   }
 
-  void onlyThe3dCompositeShowsActions()
-  {
-    RecordingBag bag;
-    const int item = addPoints(bag, 3, 0);
-    bag.item(item).flags = PropItemFlag::kHasActions;
-    bag.item(item).actions = {OdSharedPtr<PropAction>(new TestAction(QStringLiteral("Pick")))};
-    QScopedPointer<PropUiQControl> control(makeForm(QStringLiteral("3d"), bag, item));
-    const auto toolbars = control->findChildren<PropUiActionToolButtonsCtrl*>();
-    QCOMPARE(toolbars.size(), 1);
-    QCOMPARE(toolbars.first()->parentWidget(), control.data());
-  }
 };
 
 QTEST_MAIN(TestCoordinates)

@@ -531,39 +531,6 @@ private slots:
     QVERIFY(f.bag.written.isEmpty());
   }
 
-  void layerPicturesFollowTheLayerAndTheTheme_data()
-  {
-    QTest::addColumn<QString>("change");
-    for (const char* change : {"off", "frozen", "locked", "colour", "theme"})
-      QTest::newRow(change) << QString::fromLatin1(change);
-  }
-
-  // Pictures are painted once per look and reused: every part of a look must tell two looks apart.
-  void layerPicturesFollowTheLayerAndTheTheme()
-  {
-    QFETCH(QString, change);
-    Fixture f;
-    const auto picture = [&f] {
-      QScopedPointer<PropUiQLayerCtrl> control(f.bound<PropUiQLayerCtrl>(propVariantFromObjectId(f.walls)));
-      return imageOf(control->comboBox()->itemIcon(1));
-    };
-    const QImage before = picture();
-    OdDbLayerTableRecord* walls = f.db.openLayer(f.walls);
-    if (change == QLatin1String("off"))
-      walls->setIsOff(true);
-    else if (change == QLatin1String("frozen"))
-      walls->setIsFrozen(true);
-    else if (change == QLatin1String("locked"))
-      walls->setIsLocked(true);
-    else if (change == QLatin1String("colour"))
-      walls->setColor(aci(5));
-    else
-      hostGetQtStyleManager()->setTheme(0);
-    const QImage after = picture();
-    hostGetQtStyleManager()->setTheme(1);
-    QVERIFY(after != before);
-  }
-
   void layersListTheirStateAndDisabledOnesCannotBeChosen()
   {
     Fixture f;

@@ -114,18 +114,6 @@ private slots:
     QCOMPARE(out.getInt32(), 42); // left alone
   }
 
-  void listsWithoutAnExactArray()
-  {
-    // No 16-bit arrays on the platform: shorts widen.
-    PropVariant out;
-    QVERIFY(PropUiVariantConverter::toPropVariant(QVariantList{QVariant::fromValue<short>(4)}, out));
-    QCOMPARE(out.type(), unsigned(PropVariant::kInt32 | PropVariant::kArray));
-    QCOMPARE(out.getInt32Array()[0], 4);
-    // An empty selection is an empty list of names.
-    QVERIFY(PropUiVariantConverter::toPropVariant(QVariantList(), out));
-    QCOMPARE(out.type(), unsigned(PropVariant::kString | PropVariant::kArray));
-    QCOMPARE(out.getStringArray().size(), 0u);
-  }
 };
 
 QTEST_MAIN(TestVariantConverter)

@@ -36,25 +36,6 @@ class TestComboBox : public QObject
   Q_OBJECT
 
 private slots:
-  void listsTheEntriesWithKeysAndPictures()
-  {
-    RecordingBag bag;
-    const int item = addStyle(bag);
-    QScopedPointer<PropUiQComboBox> control(boundControl<PropUiQComboBox>(bag, item));
-    QComboBox* combo = control->comboBox();
-    QCOMPARE(combo->count(), 3);
-    QCOMPARE(combo->itemText(2), QStringLiteral("Dotted"));
-    QCOMPARE(combo->itemData(2).toULongLong(), 12ull);
-    QVERIFY(!combo->itemIcon(0).isNull());
-    QVERIFY(combo->itemIcon(1).isNull());
-    QCOMPARE(combo->currentIndex(), 1);
-    QVERIFY(!combo->isEditable());
-    // An item that takes typed values makes it editable, completing from the entries.
-    bag.item(item).flags = PropItemFlag::kEditableList;
-    QScopedPointer<PropUiQComboBox> editable(boundControl<PropUiQComboBox>(bag, item));
-    QVERIFY(editable->comboBox()->isEditable());
-    QVERIFY(editable->comboBox()->completer());
-  }
 
   void aValueOutsideTheListIsATemporaryEntry()
   {

@@ -37,17 +37,6 @@ class TestLineEdit : public QObject
 private slots:
   void initTestCase() { QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany)); }
 
-  void readsFormatsAndShows()
-  {
-    RecordingBag bag;
-    const int item = addRadius(bag);
-    QScopedPointer<PropUiQDoubleCtrl> control(boundControl<PropUiQDoubleCtrl>(bag, item));
-    QCOMPARE(control->lineEdit()->text(), QStringLiteral("12.5"));
-    QVERIFY(!control->isVaries());
-    QCOMPARE(bag.calls, QStringList({QStringLiteral("getFlags(0)"), QStringLiteral("isEditable(0,0)"),
-                                     QStringLiteral("getValue(0)"), QStringLiteral("formatValue(0,0)")}));
-  }
-
   // Without an interceptor, as in the host: no modal box hides the field or takes the focus.
   void aRefusalIsSilentOnLeavingAndHangsAtTheFieldOnReturn()
   {
@@ -132,24 +121,6 @@ private slots:
     QVERIFY(messages.shown.isEmpty());
   }
 
-  void angleShowsTheBagsFormattingAfterACommit()
-  {
-    RecordingBag bag;
-    const int item = bag.addItem(QStringLiteral("Rotation"), realValue(30.0));
-    bag.format = [](int, const PropVariant& v, OdString& text) {
-      text = toOdString(QString::number(v.getDouble()) + QChar(0x00B0));
-      return true;
-    };
-    FocusedControl<PropUiQAngleCtrl> window(bag, item);
-    auto* control = window.control;
-    QCOMPARE(control->lineEdit()->text(), QStringLiteral("30°"));
-    QVERIFY(window.focus(control->lineEdit()));
-    control->lineEdit()->setText(QStringLiteral("45"));
-    QTest::keyClick(control->lineEdit(), Qt::Key_Return);
-    QCOMPARE(bag.written.size(), 1);
-    QCOMPARE(control->lineEdit()->text(), QStringLiteral("45°"));
-  }
-
   void variesShowsThePlaceholderUntilTheNextRead()
   {
     RecordingBag bag;
@@ -189,18 +160,6 @@ private slots:
     QVERIFY(!unknown.applyData());
   }
 
-  void textControlUsesTheHostTextEditor()
-  {
-    RecordingBag bag;
-    const int item = bag.addItem(QStringLiteral("Name"), textValue(QStringLiteral("Wheel hub")));
-    QScopedPointer<PropUiQTextCtrl> control(boundControl<PropUiQTextCtrl>(bag, item));
-    auto* edit = qobject_cast<host_qt_ui::QHostTextEdit*>(control->lineEdit());
-    QVERIFY(edit);
-    QCOMPARE(edit->text(), QStringLiteral("Wheel hub"));
-    edit->setText(QStringLiteral("Wheel hub, front"));
-    QVERIFY(control->applyData());
-    QCOMPARE(toQString(bag.written[0].getString()), QStringLiteral("Wheel hub, front"));
-  }
 };
 
 QTEST_MAIN(TestLineEdit)

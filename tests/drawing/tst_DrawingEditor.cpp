@@ -248,30 +248,6 @@ private slots:
       QVERIFY((window.geometry().center() - available.center()).manhattanLength() <= 2);
   }
 
-  void recentFilesOrder_data()
-  {
-    QTest::addColumn<QStringList>("added");
-    QTest::addColumn<QStringList>("kept");
-    QTest::newRow("newest first, a repeat moves") << QStringList{"a", "b", "c", "a"} << QStringList{"a", "c", "b"};
-    QTest::newRow("one file however spelled") << QStringList{"a", "sub/../a", "./b"} << QStringList{"b", "a"};
-    QStringList ten;
-    for (int i = 1; i <= 10; ++i)
-      ten << QString::number(i);
-    QTest::newRow("the last eight") << ten << QStringList{"10", "9", "8", "7", "6", "5", "4", "3"};
-  }
-  void recentFilesOrder()
-  {
-    QFETCH(QStringList, added);
-    QFETCH(QStringList, kept);
-    RecentFiles recent;
-    for (const QString& name : added)
-      recent.add(path(name));
-    QStringList expected;
-    for (const QString& name : kept)
-      expected << path(name);
-    QCOMPARE(recent.files(), expected);
-  }
-
   // A recent drawing that is gone is dropped with a word, before any question about unsaved changes;
   // Clear empties the list.
   void recentFileGoneIsDropped()

@@ -231,26 +231,6 @@ private slots:
     QCOMPARE(namesOf(bag), kGeneral + geometry);
   }
 
-  void polylinesShareTheirCommonVertices()
-  {
-    Drawing d;
-    DrawingEntity longer = *d.document.entity(d.polyline);
-    longer.handle = 0;
-    longer.points.push_back({0, 3, 0});
-    const quint64 second = d.document.addEntity(longer);
-    DrawingPropertyBag bag(&d.document, &d.undo);
-    bag.setSelection({d.polyline, second});
-    const int vertices = itemNamed(bag, QStringLiteral("Vertices"));
-    QCOMPARE(bag.getGroupCount(vertices), 3);
-    PropKeyArray elements;
-    OdStringArray captions;
-    QCOMPARE(bag.getElements(vertices, elements, captions), 9u);
-    QCOMPARE(toQString(captions[4]), QStringLiteral("Vertex 2 Y"));
-    // A point has no vertex picker.
-    bag.setSelection({d.line1, d.line2});
-    QCOMPARE(bag.getGroupCount(itemNamed(bag, QStringLiteral("Start point"))), 0);
-  }
-
   void refusedWritesChangeNothing_data()
   {
     QTest::addColumn<QString>("selection");

@@ -95,22 +95,6 @@ private slots:
     QCOMPARE(spin.value(), 4);
   }
 
-  void completingComboNeverInserts()
-  {
-    QWidget window;
-    host_qt_ui_core::QHostComboBox combo(&window);
-    combo.addItems({QStringLiteral("Solid"), QStringLiteral("Dashed")});
-    combo.setEditableWithCompleter(true);
-    QVERIFY(combo.completer());
-    QCOMPARE(combo.completer()->caseSensitivity(), Qt::CaseInsensitive);
-    QVERIFY(showActive(window));
-    combo.setFocus();
-    combo.lineEdit()->selectAll();
-    QTest::keyClicks(&combo, QStringLiteral("Zigzag"));
-    QTest::keyClick(&combo, Qt::Key_Return);
-    QCOMPARE(combo.count(), 2);
-  }
-
   // The kept index must follow every way the entries change, and still agree with the model's own search.
   void aComboFindsItsEntriesAfterEveryChange()
   {
@@ -210,92 +194,11 @@ private slots:
     QVERIFY(box.sizeHint().width() > box.sizeHint().height() * 2);
   }
 
-  void themesSwitchPaletteAndColours()
-  {
-    HostQtStyleManager* style = hostGetQtStyleManager();
-    QSignalSpy changed(style, &HostQtStyleManager::themeChanged);
-    style->setTheme(0);
-    QVERIFY(hostVisualManager()->isDarkTheme());
-    QVERIFY(QApplication::palette().color(QPalette::Window).lightness() < 100);
-    const unsigned int darkText = hostVisualManager()->textColor(0);
-    style->setTheme(1);
-    QVERIFY(!hostVisualManager()->isDarkTheme());
-    QVERIFY(QApplication::palette().color(QPalette::Window).lightness() > 150);
-    QVERIFY(hostVisualManager()->textColor(0) != darkText);
-    // Light text on dark, dark text on light: red is the lowest byte.
-    QVERIFY((darkText & 0xFF) > 0x80);
-    QVERIFY((hostVisualManager()->textColor(0) & 0xFF) < 0x80);
-    QCOMPARE(changed.count(), 2);
-  }
-
   void themes_data()
   {
     QTest::addColumn<int>("theme");
     QTest::newRow("dark") << int(HostQtStyleManager::Dark);
     QTest::newRow("light") << int(HostQtStyleManager::Light);
-  }
-
-  void aComboWithoutEntryShowsItsPlaceholder_data() { themes_data(); }
-
-  // Qt 5.15 leaves a non-editable combo blank whatever its placeholder.
-  void aComboWithoutEntryShowsItsPlaceholder()
-  {
-    QFETCH(int, theme);
-    hostGetQtStyleManager()->setTheme(theme);
-    host_qt_ui_core::QHostComboBox combo;
-    combo.addItems({QStringLiteral("Continuous"), QStringLiteral("Dashed")});
-    combo.resize(160, combo.sizeHint().height());
-    combo.setCurrentIndex(-1);
-    const QImage blank = combo.grab().toImage();
-
-    combo.setPlaceholderText(QStringLiteral("*varies*"));
-    const QImage varies = combo.grab().toImage();
-    QVERIFY(varies != blank);
-
-    // It reads as an entry "*varies*" would, only in the placeholder colour.
-    host_qt_ui_core::QHostComboBox reference;
-    reference.addItem(QStringLiteral("*varies*"));
-    reference.resize(combo.size());
-    QPalette palette = reference.palette();
-    palette.setColor(QPalette::ButtonText, palette.color(QPalette::PlaceholderText));
-    reference.setPalette(palette);
-    // The text field only: the base style draws the arrow in the caption colour too.
-    QStyleOptionComboBox option;
-    option.initFrom(&combo);
-    const QRect field =
-      combo.style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, &combo);
-    QCOMPARE(reference.grab().toImage().copy(field), varies.copy(field));
-
-    // An entry shown takes its place.
-    combo.setCurrentIndex(0);
-    QVERIFY(combo.grab().toImage() != varies);
-  }
-
-  void aSwitchThatVariesRestsInTheMiddle_data() { themes_data(); }
-
-  void aSwitchThatVariesRestsInTheMiddle()
-  {
-    QFETCH(int, theme);
-    hostGetQtStyleManager()->setTheme(theme);
-    host_qt_ui_core::QHostCheckBox box;
-    box.enableSwitchMode(true);
-    box.setTristate(true);
-    box.resize(box.sizeHint());
-    // Without a caption the track fills the box: its middle is the box's.
-    const QPoint middle(box.width() / 2, box.height() / 2);
-    box.setCheckState(Qt::Unchecked);
-    const QImage off = box.grab().toImage();
-    box.setCheckState(Qt::Checked);
-    const QImage on = box.grab().toImage();
-    box.setCheckState(Qt::PartiallyChecked);
-    const QImage varies = box.grab().toImage();
-
-    const QColor knob = varies.pixelColor(middle);
-    QVERIFY(knob != off.pixelColor(middle));
-    QVERIFY(knob != on.pixelColor(middle));
-    // Greyed: neither the white of a knob at either end nor the highlight of "on".
-    QVERIFY(knob != QColor(Qt::white));
-    QVERIFY(qAbs(knob.red() - knob.blue()) < 24);
   }
 
   void checkedButtonsStandApart_data()
@@ -330,36 +233,6 @@ private slots:
     const QPalette palette = QApplication::palette();
     QVERIFY(HostQtStyle::contrastRatio(HostQtStyle::checkedButtonTextColor(palette),
                                        HostQtStyle::checkedButtonColor(palette)) >= HostQtStyle::kCheckedContrast);
-  }
-
-  // An error closed by a key is tst_LineEdit's refused radius; a note, and where the balloon hangs, are checked here.
-  void aNoteIsABalloonAtTheFieldThatAClickCloses()
-  {
-    TwoFields fields;
-    QVERIFY(fields.showWithFocusInFirst());
-
-    // WHEN the host is told something while the first field has the focus
-    const int answer = host_qt_ui::QHostMessageBoxOd::information(toOdString(QStringLiteral("Radius must be positive.")));
-
-    // THEN a balloon hangs below that field, and the focus stays in it
-    QCOMPARE(answer, int(host_qt_ui::QHostMessageBoxOd::Ok));
-    QPointer<host_qt_ui::QHostMessageBalloon> balloon = host_qt_ui::QHostMessageBalloon::current();
-    QVERIFY(balloon);
-    QTRY_VERIFY(balloon->isVisible());
-    QCOMPARE(balloon->field(), static_cast<QWidget*>(fields.first));
-    QCOMPARE(balloon->text(), QStringLiteral("Radius must be positive."));
-    const QRect field(fields.first->mapToGlobal(QPoint(0, 0)), fields.first->size());
-    const QRect at = balloon->frameGeometry();
-    QVERIFY(balloon->isBelowField());
-    QCOMPARE(at.top(), field.bottom() + 1);
-    QVERIFY(at.left() >= field.left() && at.left() < field.center().x());
-    QVERIFY(fields.first->hasFocus());
-    QCOMPARE(QApplication::activeWindow(), &fields.window);
-
-    // WHEN the user clicks into the field, THEN the balloon goes and the field keeps the focus
-    QTest::mouseClick(fields.first, Qt::LeftButton, Qt::NoModifier, QPoint(5, 5));
-    QTRY_VERIFY(!balloon);
-    QVERIFY(fields.first->hasFocus());
   }
 
   void aBalloonGoesWithItsFieldAndOneAtATime()

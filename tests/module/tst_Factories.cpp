@@ -107,43 +107,6 @@ private slots:
     QCOMPARE(widget->getOptions(), expectedOptions);
   }
 
-  void editorForms()
-  {
-    // A composite coordinate is edited in a cell one element at a time: a bare distance.
-    QScopedPointer<PropUiQWidget> distance(propUiCreateEditor(PropUiGuidDistance, 0x48));
-    QCOMPARE(classOf(distance), QStringLiteral("PropUiQDistanceCtrl"));
-    QCOMPARE(distance->getOptions(), 0);
-    QScopedPointer<PropUiQWidget> variant(propUiCreateEditor(PropUiGuidVariant, 0x10048));
-    QCOMPARE(classOf(variant), QStringLiteral("PropUiQTextCtrl"));
-    QCOMPARE(variant->getOptions(), 3);
-    // So is a point or a scale, whatever the caller asked for.
-    for (const OdGUID& guid : {PropUiGuidCoords2d, PropUiGuidCoords2dAlt, PropUiGuidScale2d, PropUiGuidCoords3d,
-                               PropUiGuidCoords3dAlt})
-    {
-      QScopedPointer<PropUiQWidget> cell(propUiCreateEditor(guid, 0x10049));
-      QCOMPARE(classOf(cell), QStringLiteral("PropUiQDistanceCtrl"));
-      QCOMPARE(cell->getOptions(), 0);
-    }
-    // The others build their widget form.
-    for (const OdGUID& guid : {PropUiGuidLayer, PropUiGuidColor, PropUiGuidLinetype, PropUiGuidLineweight, PropUiGuidArrowhead})
-    {
-      QScopedPointer<PropUiQWidget> cell(propUiCreateEditor(guid, 0x10070));
-      QScopedPointer<PropUiQWidget> widget(propUiCreateWidget(guid, 0x10070));
-      QCOMPARE(classOf(cell), classOf(widget));
-      QCOMPARE(cell->getOptions(), widget->getOptions());
-    }
-    QScopedPointer<PropUiQWidget> angle(propUiCreateEditor(PropUiGuidAngle, 0x48));
-    QVERIFY(isA<PropUiQMLineEdit<PropUiQAngleCtrl> >(angle));
-    // Slider, grid and date: the same control, built bare.
-    for (const OdGUID& guid : {PropUiGuidSlider, PropUiGuidButtons3x3, PropUiGuidDate, PropUiGuidList})
-    {
-      QScopedPointer<PropUiQWidget> editor(propUiCreateEditor(guid, 0x40));
-      QScopedPointer<PropUiQWidget> widget(propUiCreateWidget(guid, 0x40));
-      QCOMPARE(classOf(editor), classOf(widget));
-      QCOMPARE(editor->getOptions(), 0);
-      QCOMPARE(widget->getOptions(), 0x40);
-    }
-  }
 };
 
 QTEST_MAIN(TestFactories)

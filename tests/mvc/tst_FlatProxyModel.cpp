@@ -36,62 +36,6 @@ class TestFlatProxyModel : public QObject
   Q_OBJECT
 
 private slots:
-  void listsEachItemFollowedByItsElements_data()
-  {
-    QTest::addColumn<int>("items");
-    QTest::addColumn<bool>("withElements");
-    QTest::addColumn<bool>("varies");
-    QTest::addColumn<int>("expectedRows");
-    QTest::newRow("no items") << 0 << false << false << 0;
-    QTest::newRow("one item") << 1 << false << false << 1;
-    QTest::newRow("items with elements") << 3 << true << false << 9;
-    QTest::newRow("varying elements") << 3 << true << true << 9;
-  }
-  void listsEachItemFollowedByItsElements()
-  {
-    QFETCH(int, items);
-    QFETCH(bool, withElements);
-    QFETCH(bool, varies);
-    QFETCH(int, expectedRows);
-    RecordingBag bag;
-    for (int i = 0; i < items; ++i)
-    {
-      bag.addItem(QStringLiteral("I%1").arg(i), realValue(i, varies));
-      if (withElements && i != 1)
-      {
-        bag.item(i).elements = {0, 1, 2};
-        bag.item(i).elementCaptions = QStringList{QStringLiteral("x"), QStringLiteral("y"), QStringLiteral("z")};
-        bag.item(i).elementValues = {{0, realValue(1, varies)}, {1, realValue(2)}, {2, realValue(3)}};
-      }
-    }
-    PropertyBagModel source;
-    PropUiQDefaultFormatter formatter(nullptr);
-    formatter.setPropBag(&bag);
-    source.setFormatter(&formatter);
-    PropUiFlatParentChildProxyModel proxy;
-    QAbstractItemModelTester tester(&proxy, QAbstractItemModelTester::FailureReportingMode::Fatal);
-    proxy.setSourceModel(&source);
-    QCOMPARE(proxy.rowCount(), 0);
-    source.setPropBag(&bag);
-    source.itemChanged(-1);
-    if (items > 2)
-      source.itemChanged(2);
-    QCOMPARE(proxy.rowCount(), expectedRows);
-    if (withElements)
-    {
-      QCOMPARE(namesOf(proxy).mid(0, 6), (QStringList{QStringLiteral("I0"), QStringLiteral("x"), QStringLiteral("y"),
-                                                      QStringLiteral("z"), QStringLiteral("I1"), QStringLiteral("I2")}));
-      QCOMPARE(proxy.index(1, 1).data().toString(), varies ? QStringLiteral("*varies*") : QStringLiteral("1"));
-      QCOMPARE(proxy.index(1, 0).data(PropIsSubItemRole).toBool(), true);
-      QCOMPARE(proxy.mapFromSource(source.index(2, 1, source.index(2, 0))), proxy.index(8, 1));
-      QCOMPARE(proxy.mapToSource(proxy.index(8, 1)), source.index(2, 1, source.index(2, 0)));
-    }
-    for (int r = 0; r < proxy.rowCount(); ++r)
-    {
-      QVERIFY(!proxy.parent(proxy.index(r, 0)).isValid());
-      QVERIFY(!proxy.hasChildren(proxy.index(r, 0)));
-    }
-  }
 
   void withoutSourceItIsEmpty()
   {

@@ -265,25 +265,6 @@ private slots:
     QCOMPARE(grid.delegate->subDelegateForItem(2), fallback);
   }
 
-  void paintsOnlyPropertyCells()
-  {
-    RecordingBag bag;
-    fill(bag);
-    PropGrid grid(bag);
-    QImage image(100, 24, QImage::Format_ARGB32);
-    image.fill(Qt::white);
-    QPainter painter(&image);
-    QStyleOptionViewItem option = cellOption(image.rect());
-    option.text = QStringLiteral("XXXX");
-    QStandardItemModel other(1, 1);
-    other.setData(other.index(0, 0), QStringLiteral("XXXXXXXX"));
-    grid.delegate->paint(&painter, option, other.index(0, 0));
-    painter.end();
-    QImage blank(100, 24, QImage::Format_ARGB32);
-    blank.fill(Qt::white);
-    QCOMPARE(image, blank);
-  }
-
   // Running an icon on a click is the tree view test's; here the room the icons take.
   void onlyTheValueCellMakesRoomForIcons()
   {

@@ -91,28 +91,6 @@ private slots:
     QCOMPARE(model.rowCount(), bag.getItemCount());
   }
 
-  void showsItemsAndElements()
-  {
-    RecordingBag bag;
-    fill(bag, Mixed);
-    BagModel bound(bag);
-    const PropertyBagModel& model = bound.model;
-
-    QCOMPARE(rowsOf(model), (QStringList{QStringLiteral("Width=2.5"), QStringLiteral("Center=0"),
-                                         QStringLiteral("  X=1"), QStringLiteral("  Y=2"), QStringLiteral("  Z=3"),
-                                         QStringLiteral("Style=20"), QStringLiteral("Name=hub")}));
-    QCOMPARE(model.columnCount(), 2);
-    QVERIFY(model.hasChildren(model.index(1, 0)));
-    QVERIFY(!model.hasChildren(model.index(0, 0)));
-    QVERIFY(!model.hasChildren(model.index(1, 1))); // only column 0 carries the elements
-    const QModelIndex y = model.index(1, 0, model.index(1, 0));
-    QVERIFY(!model.index(0, 0, y).isValid());
-    QVERIFY(!model.headerData(0, Qt::Horizontal).isValid());
-    QVERIFY(!(model.flags(model.index(0, 0)) & Qt::ItemIsEditable));
-    QVERIFY(model.flags(model.index(0, 1)) & Qt::ItemIsEditable);
-    QVERIFY(model.flags(y.sibling(1, 1)) & Qt::ItemIsEditable);
-  }
-
   void variesTextsDifferByLevel()
   {
     RecordingBag bag;

@@ -26,35 +26,6 @@ class TestStandardFormatter : public QObject
   Q_OBJECT
 
 private slots:
-  void dispatchesByTheItemsTypeGuid_data()
-  {
-    QTest::addColumn<bool>("typed");
-    QTest::addColumn<bool>("colorType");
-    QTest::addColumn<QString>("text");
-    QTest::newRow("type with its own formatter") << true << true << "tagged 4";
-    QTest::newRow("type without: the default formatter") << true << false << "4";
-    QTest::newRow("no type object: its control's") << false << true << "tagged 4";
-    QTest::newRow("no type object, a control without: the default formatter") << false << false << "4";
-  }
-  void dispatchesByTheItemsTypeGuid()
-  {
-    QFETCH(bool, typed);
-    QFETCH(bool, colorType);
-    QFETCH(QString, text);
-    TestItemType color(1, PropUiGuidColor);
-    TestItemType real(2, PropUiGuidDouble);
-    RecordingBag bag;
-    bag.addItem(QStringLiteral("Item"), intValue(4));
-    if (typed)
-      bag.item(0).type = colorType ? &color : &real;
-    else
-      bag.item(0).guid = colorType ? PropUiGuidColor : PropUiGuidDouble;
-    QObject owner;
-    PropUiQStandardFormatter* standard = propUiCreateStandardFormatter(&owner);
-    standard->registerFormatter(PropUiGuidColor, new TaggingFormatter(nullptr));
-    standard->setPropBag(&bag);
-    QCOMPARE(standard->getText(0, intValue(4)), text);
-  }
 
   void registeringAgainReplaces()
   {

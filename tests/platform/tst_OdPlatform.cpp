@@ -127,32 +127,6 @@ private slots:
     QCOMPARE(b.type(), 0x2u);
   }
 
-  void paletteHoldsTheKnownColours_data()
-  {
-    QTest::addColumn<int>("index");
-    QTest::addColumn<uint>("rgb");
-    QTest::newRow("red") << 1 << 0xFF0000u;
-    QTest::newRow("white") << 7 << 0xFFFFFFu;
-    QTest::newRow("dark grey") << 8 << 0x808080u;
-    QTest::newRow("orange, a hue between") << 30 << 0xFF7F00u;
-    QTest::newRow("washed red") << 11 << 0xFF7F7Fu;
-    QTest::newRow("last hue, darkest washed") << 249 << 0x4C262Fu;
-    QTest::newRow("first grey") << 250 << 0x333333u;
-    QTest::newRow("last grey") << 255 << 0xFFFFFFu;
-  }
-
-  void paletteHoldsTheKnownColours()
-  {
-    QFETCH(int, index);
-    QFETCH(uint, rgb);
-    QCOMPARE(uint(OdCmEntityColor::lookUpRGB(OdUInt8(index))), rgb);
-    OdCmColor color;
-    color.setColorIndex(OdInt16(index));
-    QCOMPARE(uint((color.red() << 16) | (color.green() << 8) | color.blue()), rgb);
-    QCOMPARE(int(OdCmEntityColor::lookUpRGB(OdCmEntityColor::lookUpACI(OdUInt8(rgb >> 16), OdUInt8(rgb >> 8), OdUInt8(rgb)))),
-             int(rgb));
-  }
-
   void colourMethodsRoundTripThroughTheirNumber()
   {
     OdCmColor byLayer, byBlock(OdCmEntityColor::kByBlock), aci, truecolor;
@@ -177,22 +151,6 @@ private slots:
     QCOMPARE(untouched, aci);
     untouched.setColorIndex(300);
     QCOMPARE(untouched, aci);
-  }
-
-  void newDatabaseHoldsWhatEveryDrawingHolds()
-  {
-    OdDbDatabase db;
-    for (const wchar_t* name : {L"ByLayer", L"ByBlock", L"Continuous"})
-      QVERIFY(!db.getLinetypeId(OdString(name)).isNull());
-    QCOMPARE(db.getLinetypeId(OdString(L"bylayer")), db.getLinetypeByLayerId());
-    QCOMPARE(db.getLinetypeId(OdString(L"BYBLOCK")), db.getLinetypeByBlockId());
-    const OdDbLayerTableRecord* zero = db.openLayer(db.getLayerZeroId());
-    QVERIFY(zero);
-    QCOMPARE(toQString(zero->getName()), QStringLiteral("0"));
-    QCOMPARE(zero->linetypeObjectId(), db.getLinetypeContinuousId());
-    for (int i = 0; i < OdDbDatabase::kArrowBlockCount; ++i)
-      QVERIFY(db.openBlock(db.getBlockId(OdString(OdDbDatabase::kArrowBlockNames[i]))));
-    QVERIFY(!db.activeViewportId().isNull());
   }
 
   void namesAreUniqueAndIdsBelongToOneDatabase()
