@@ -1,3 +1,4 @@
+#include "DrawingCanvas.h"
 #include "DrawingDocument.h"
 #include "DrawingPropertyBag.h"
 #include "DrawingShape.h"
@@ -601,29 +602,36 @@ private Q_SLOTS:
     QCOMPARE(dxfSaveReport(document).losses.size(), r12 ? 1 : 0);
   }
 
-  void brokenFileIsRefused_data()
+  // Broken files, and every file that once crashed, hung or misled the DXF fuzzer
+  // (tests/fuzz/dxf-regressions), opened as a user opens a file over the drawing on screen.
+  void aFileIsRefusedOrOpensWhole_data()
   {
     QTest::addColumn<QByteArray>("contents");
+    QTest::addColumn<QString>("fuzzed"); // the fuzzer's file, which may also open
     QTest::addColumn<QString>("says");
     const QByteArray line = "  0\nSECTION\n  2\nENTITIES\n  0\nLINE\n";
-    QTest::newRow("empty") << QByteArray() << QString();
-    QTest::newRow("not a drawing") << QByteArray("hello\nworld\n") << QString();
-    QTest::newRow("binary") << QByteArray("AutoCAD Binary DXF\r\n\x1a\0\0\0", 24) << QString();
-    QTest::newRow("truncated") << line + "  8\n0\n 10\n1.0\n 20\n" << QString();
-    QTest::newRow("odd lines") << QByteArray("  0\nSECTION\n  2\n") << QString();
+    QTest::newRow("empty") << QByteArray() << QString() << QString();
+    QTest::newRow("not a drawing") << QByteArray("hello\nworld\n") << QString() << QString();
+    QTest::newRow("binary") << QByteArray("AutoCAD Binary DXF\r\n\x1a\0\0\0", 24) << QString() << QString();
+    QTest::newRow("truncated") << line + "  8\n0\n 10\n1.0\n 20\n" << QString() << QString();
+    QTest::newRow("odd lines") << QByteArray("  0\nSECTION\n  2\n") << QString() << QString();
     // dxflib reads these as something else, or not at all; the message names the line
-    QTest::newRow("code that is not") << line + "ten\n1.0\n" << QStringLiteral("line 7:");
-    QTest::newRow("number that is not") << line + " 10\nnan\n" << QStringLiteral("line 8:");
-    QTest::newRow("number beyond") << line + " 10\n1e300\n" << QStringLiteral("line 8:");
-    QTest::newRow("line beyond") << line + "  1\n" + QByteArray(2000, 'x') + "\n" << QStringLiteral("line 8:");
+    QTest::newRow("code that is not") << line + "ten\n1.0\n" << QString() << QStringLiteral("line 7:");
+    QTest::newRow("number that is not") << line + " 10\nnan\n" << QString() << QStringLiteral("line 8:");
+    QTest::newRow("number beyond") << line + " 10\n1e300\n" << QString() << QStringLiteral("line 8:");
+    QTest::newRow("line beyond") << line + "  1\n" + QByteArray(2000, 'x') + "\n" << QString() << QStringLiteral("line 8:");
+    const QDir folder(QStringLiteral(PROP_DXF_REGRESSIONS));
+    for (const QFileInfo& file : folder.entryInfoList(QDir::Files, QDir::Name))
+      QTest::newRow(qPrintable(file.fileName())) << QByteArray() << file.filePath() << QString();
   }
 
-  void brokenFileIsRefused()
+  void aFileIsRefusedOrOpensWhole()
   {
     QFETCH(QByteArray, contents);
+    QFETCH(QString, fuzzed);
     QFETCH(QString, says);
     QTemporaryDir dir;
-    const QString path = fileWith(dir, contents);
+    const QString path = fuzzed.isEmpty() ? fileWith(dir, contents) : fuzzed;
     QVERIFY(!path.isEmpty());
 
     // GIVEN an open drawing
@@ -632,13 +640,39 @@ private Q_SLOTS:
     const QStringList before = documentLines(document);
     QSignalSpy resets(&document, &DrawingDocument::documentReset);
 
-    // WHEN a broken file is opened into it THEN that fails with a message and the drawing stays
+    // WHEN the file is opened into it
     QString error;
-    QVERIFY(!readDxf(path, document, &error));
-    QVERIFY(!error.isEmpty());
-    QVERIFY2(error.contains(says), qPrintable(error));
-    QCOMPARE(documentLines(document), before);
-    QCOMPARE(resets.count(), 0);
+    if (!readDxf(path, document, &error))
+    {
+      // THEN it is refused with a message, and the drawing stays as it was
+      QVERIFY(!error.isEmpty());
+      QVERIFY2(error.contains(says), qPrintable(error));
+      QCOMPARE(documentLines(document), before);
+      QCOMPARE(resets.count(), 0);
+      return;
+    }
+
+    // OR, a fuzzer's file only, it opens, saves, and the save opens with every entity
+    QVERIFY2(!fuzzed.isEmpty(), "a broken file opened");
+    const QString saved = dir.filePath(QStringLiteral("saved.dxf"));
+    QVERIFY2(writeDxf(saved, document, &error), qPrintable(error));
+    DrawingDocument reopened;
+    QVERIFY2(readDxf(saved, reopened, &error), qPrintable(error));
+    QCOMPARE(reopened.entities().size(), document.entities().size());
+    // AND saving that again writes the same bytes, and every entity has a handle of its own
+    const QString again = dir.filePath(QStringLiteral("again.dxf"));
+    QVERIFY2(writeDxf(again, reopened, &error), qPrintable(error));
+    QCOMPARE(contentsOf(again), contentsOf(saved));
+    for (const DrawingEntity& entity : document.entities())
+      QCOMPARE(document.entity(entity.handle), &entity);
+
+    // AND a canvas draws it with everything selected
+    DrawingCanvas canvas(&document);
+    canvas.resize(160, 120);
+    canvas.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&canvas));
+    canvas.selectAll();
+    QVERIFY(!canvas.grab().isNull());
   }
 
   void entitiesShortOfPointsAreSaved()
