@@ -8,7 +8,6 @@
 #include "PropUiQTextComboCtrl.h"
 #include "RecordingBag.h"
 #include "TestValues.h"
-#include <QCompleter>
 #include <QIntValidator>
 #include <QLineEdit>
 #include <QtTest>

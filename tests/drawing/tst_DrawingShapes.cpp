@@ -3,9 +3,7 @@
 #include "DrawingShape.h"
 #include "Drawings.h"
 #include <QElapsedTimer>
-#include <QImage>
 #include <QPainter>
-#include <QtMath>
 #include <QtTest>
 #include <cmath>
 #include <limits>

@@ -13,12 +13,10 @@
 #include <QAccessible>
 #include <QApplication>
 #include <QClipboard>
-#include <QCompleter>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QStandardItemModel>
-#include <QStyleOptionComboBox>
 #include <QTimer>
 #include <QToolButton>
 #include <QVBoxLayout>
@@ -233,6 +231,35 @@ private slots:
     const QPalette palette = QApplication::palette();
     QVERIFY(HostQtStyle::contrastRatio(HostQtStyle::checkedButtonTextColor(palette),
                                        HostQtStyle::checkedButtonColor(palette)) >= HostQtStyle::kCheckedContrast);
+  }
+
+  void aNoteIsABalloonAtTheFieldThatAClickCloses()
+  {
+    TwoFields fields;
+    QVERIFY(fields.showWithFocusInFirst());
+
+    // WHEN the host is told something while the first field has the focus
+    const int answer = host_qt_ui::QHostMessageBoxOd::information(toOdString(QStringLiteral("Radius must be positive.")));
+
+    // THEN a balloon hangs below that field, and the focus stays in it
+    QCOMPARE(answer, int(host_qt_ui::QHostMessageBoxOd::Ok));
+    QPointer<host_qt_ui::QHostMessageBalloon> balloon = host_qt_ui::QHostMessageBalloon::current();
+    QVERIFY(balloon);
+    QTRY_VERIFY(balloon->isVisible());
+    QCOMPARE(balloon->field(), static_cast<QWidget*>(fields.first));
+    QCOMPARE(balloon->text(), QStringLiteral("Radius must be positive."));
+    const QRect field(fields.first->mapToGlobal(QPoint(0, 0)), fields.first->size());
+    const QRect at = balloon->frameGeometry();
+    QVERIFY(balloon->isBelowField());
+    QCOMPARE(at.top(), field.bottom() + 1);
+    QVERIFY(at.left() >= field.left() && at.left() < field.center().x());
+    QVERIFY(fields.first->hasFocus());
+    QCOMPARE(QApplication::activeWindow(), &fields.window);
+
+    // WHEN the user clicks into the field, THEN the balloon goes and the field keeps the focus
+    QTest::mouseClick(fields.first, Qt::LeftButton, Qt::NoModifier, QPoint(5, 5));
+    QTRY_VERIFY(!balloon);
+    QVERIFY(fields.first->hasFocus());
   }
 
   void aBalloonGoesWithItsFieldAndOneAtATime()
