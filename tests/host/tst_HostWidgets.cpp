@@ -192,13 +192,6 @@ private slots:
     QVERIFY(box.sizeHint().width() > box.sizeHint().height() * 2);
   }
 
-  void themes_data()
-  {
-    QTest::addColumn<int>("theme");
-    QTest::newRow("dark") << int(HostQtStyleManager::Dark);
-    QTest::newRow("light") << int(HostQtStyleManager::Light);
-  }
-
   void checkedButtonsStandApart_data()
   {
     QTest::addColumn<int>("theme");
